@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// The travel guide of one city. Its identity is the city. Lists keep the server's order.
+struct CityGuideInfo
+{
+    Q_GADGET
+    Q_PROPERTY(QString city MEMBER city CONSTANT)
+    Q_PROPERTY(QString country MEMBER country CONSTANT)
+    Q_PROPERTY(QString overview MEMBER overview CONSTANT)
+    Q_PROPERTY(QString bestTimeToVisit READ bestTimeToVisitText CONSTANT)
+    Q_PROPERTY(QStringList topAttractions MEMBER topAttractions CONSTANT)
+    Q_PROPERTY(QStringList culinaryHighlights MEMBER culinaryHighlights CONSTANT)
+    Q_PROPERTY(QStringList localTips MEMBER localTips CONSTANT)
+
+public:
+    QString city;
+    QString country;
+    QString overview;
+    std::optional<QString> bestTimeToVisit; ///< advice on the season
+    QStringList topAttractions;
+    QStringList culinaryHighlights;
+    QStringList localTips;
+
+    QString id() const { return city; }
+    /// Empty when there is no advice.
+    QString bestTimeToVisitText() const { return bestTimeToVisit.value_or(QString()); }
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QHashFunctions>
+#include <QMetaType>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+/// One bookable itinerary of a day.
+struct FlightOption
+{
+    Q_GADGET
+    Q_PROPERTY(QString id MEMBER id CONSTANT)
+    Q_PROPERTY(QString flightNumber MEMBER flightNumber CONSTANT)
+    Q_PROPERTY(QString origin MEMBER origin CONSTANT)
+    Q_PROPERTY(QString destination MEMBER destination CONSTANT)
+    Q_PROPERTY(QString departureTime MEMBER departureTime CONSTANT)
+    Q_PROPERTY(QString arrivalTime MEMBER arrivalTime CONSTANT)
+    Q_PROPERTY(QString duration MEMBER duration CONSTANT)
+    Q_PROPERTY(qint64 durationMinutes MEMBER durationMinutes CONSTANT)
+    Q_PROPERTY(bool isDirect MEMBER isDirect CONSTANT)
+    Q_PROPERTY(qint64 stopsCount MEMBER stopsCount CONSTANT)
+    Q_PROPERTY(QString aircraft MEMBER aircraft CONSTANT)
+    Q_PROPERTY(QVariant seatAvailability READ seatAvailabilityValue CONSTANT)
+    Q_PROPERTY(double price MEMBER price CONSTANT)
+    Q_PROPERTY(QString currency MEMBER currency CONSTANT)
+    Q_PROPERTY(QString cabinClass MEMBER cabinClass CONSTANT)
+    Q_PROPERTY(QString bookingURL READ bookingURLText CONSTANT)
+    Q_PROPERTY(QString formattedPrice READ formattedPrice CONSTANT)
+
+public:
+    QString id; ///< unique within one answer
+    QString flightNumber; ///< marketing flight number, e.g. "VQ1983"
+    QString origin; ///< airport code
+    QString destination; ///< airport code
+    QString departureTime; ///< local time of the airport, as displayed
+    QString arrivalTime; ///< local time of the airport, as displayed
+    QString duration; ///< as displayed
+    qint64 durationMinutes = 0;
+    bool isDirect = true;
+    qint64 stopsCount = 0;
+    QString aircraft; ///< type, as displayed
+    std::optional<qint64> seatAvailability; ///< seats left, when known
+    double price = 0; ///< total fare in units of `currency`
+    QString currency;
+    QString cabinClass; ///< as reported by the server
+    std::optional<QString> bookingURL; ///< where this offer is booked
+
+    /// The price as currency text in the user's locale, without fraction digits.
+    QString formattedPrice() const;
+    /// Null when the number of seats is not known.
+    QVariant seatAvailabilityValue() const;
+    /// Empty when there is no link.
+    QString bookingURLText() const { return bookingURL.value_or(QString()); }
+
+    friend bool operator==(const FlightOption &, const FlightOption &) = default;
+};
+
+size_t qHash(const FlightOption &flight, size_t seed = 0);

@@ -1,0 +1,67 @@
+#include "Models/MoneyText.h"
+
+#include <QLocale>
+
+#include <unicode/decimfmt.h>
+#include <unicode/numfmt.h>
+#include <unicode/unistr.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace {
+
+/// A system without a language setting ("C") gets Turkish, like every other text of the window.
+icu::Locale userLocale()
+{
+    const QLocale locale;
+    const QString name = locale.language() == QLocale::C ? QStringLiteral("tr_TR") : locale.name();
+    return icu::Locale(name.toLatin1().constData());
+}
+
+/// A null text when ICU cannot format the amount.
+QString formatted(double amount, const QString &currencyCode)
+{
+    if (currencyCode.size() != 3)
+        return {};
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::NumberFormat> format(
+        icu::NumberFormat::createCurrencyInstance(userLocale(), status));
+    if (U_FAILURE(status) || !format)
+        return {};
+    format->setCurrency(reinterpret_cast<const char16_t *>(currencyCode.utf16()), status);
+    format->setMaximumFractionDigits(0);
+    format->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
+    icu::UnicodeString text;
+    format->format(amount, text, nullptr, status);
+    if (U_FAILURE(status))
+        return {};
+    return QString::fromUtf16(text.getBuffer(), text.length());
+}
+
+} // namespace
+
+namespace MoneyText {
+
+QString currency(double amount, const QString &currencyCode)
+{
+    const QString text = formatted(amount, currencyCode);
+    return text.isEmpty() ? whole(amount) + u' ' + currencyCode : text;
+}
+
+QString whole(double amount)
+{
+    if (std::isnan(amount))
+        return QString::number(0);
+    constexpr auto least = std::numeric_limits<qint64>::min();
+    constexpr auto greatest = std::numeric_limits<qint64>::max();
+    // The greatest 64-bit integer has no exact double: its cast is the first value out of range.
+    if (amount >= static_cast<double>(greatest))
+        return QString::number(greatest);
+    if (amount <= static_cast<double>(least))
+        return QString::number(least);
+    return QString::number(static_cast<qint64>(amount));
+}
+
+} // namespace MoneyText

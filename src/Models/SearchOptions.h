@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QJsonValue>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+/// The choices a traveller makes when searching. Each case has a text raw value, which is its
+/// identity and, for all but FlightSortOption, what is sent to the server.
+namespace SearchOptions {
+Q_NAMESPACE
+
+enum class TripType { oneWay, roundTrip };
+Q_ENUM_NS(TripType)
+
+enum class CabinClass { economy, business };
+Q_ENUM_NS(CabinClass)
+
+/// Width of the fare calendar.
+enum class TimeRange { oneWeek, twoWeeks, threeWeeks, fourWeeks };
+Q_ENUM_NS(TimeRange)
+
+/// How the flight list is ordered, or (`directOnly`) reduced.
+enum class FlightSortOption { cheapest, earliest, fastest, directOnly };
+Q_ENUM_NS(FlightSortOption)
+
+/// All cases, in the order in which pickers show them.
+template<typename Option>
+const QList<Option> &allCases();
+
+QString rawValue(TripType option);
+QString rawValue(CabinClass option);
+QString rawValue(TimeRange option);
+/// Also the label of the option's chip.
+QString rawValue(FlightSortOption option);
+
+QString title(TripType option);
+QString title(CabinClass option);
+QString title(TimeRange option);
+
+/// The case with exactly this raw value, letter case and blanks included; absent for any other text.
+template<typename Option>
+std::optional<Option> fromRawValue(const QString &rawValue);
+
+/// The raw value as a JSON string.
+template<typename Option>
+QJsonValue toJson(Option option)
+{
+    return rawValue(option);
+}
+
+/// Throws DecodingError for anything but a JSON string that is one of the raw values.
+template<typename Option>
+Option fromJson(const QJsonValue &json);
+
+} // namespace SearchOptions
+
+using SearchOptions::CabinClass;
+using SearchOptions::FlightSortOption;
+using SearchOptions::TimeRange;
+using SearchOptions::TripType;
