@@ -4,7 +4,7 @@ option(VANTORA_SANITIZE "Build with the address and undefined behaviour sanitize
 add_library(vantora_settings INTERFACE)
 target_compile_definitions(vantora_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
-  QT_NO_FOREACH QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(vantora_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${VANTORA_WARNINGS_AS_ERRORS}>:-Werror>)

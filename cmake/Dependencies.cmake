@@ -37,3 +37,11 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Qu
              QuickTest HttpServer)
 vantora_require(QCoro6 qcoro-qt6-dev 0.8 COMPONENTS Core Network)
 vantora_require(ICU libicu-dev COMPONENTS i18n uc)
+
+get_target_property(qt_core_location Qt6::Core LOCATION)
+get_filename_component(qt_library_folder ${qt_core_location} DIRECTORY)
+vantora_require_file(VANTORA_QT_CATALOGUE qt6-translations-l10n
+  /usr/share/qt6/translations/qtbase_tr.qm
+  ${QT6_INSTALL_PREFIX}/translations/qtbase_tr.qm
+  ${QT6_INSTALL_PREFIX}/share/qt/translations/qtbase_tr.qm
+  ${qt_library_folder}/../translations/qtbase_tr.qm)

@@ -6,10 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLocale turkish()
-{
-    return QLocale(QLocale::Turkish, QLocale::Turkey);
-}
+QLocale turkish() { return QLocale(QLocale::Turkish, QLocale::Turkey); }
 
 QString inTurkish(const QString &day, const QString &pattern)
 {

@@ -2,10 +2,7 @@
 
 #include "Models/MoneyText.h"
 
-QString FlightOption::formattedPrice() const
-{
-    return MoneyText::currency(price, currency);
-}
+QString FlightOption::formattedPrice() const { return MoneyText::currency(price, currency); }
 
 QVariant FlightOption::seatAvailabilityValue() const
 {

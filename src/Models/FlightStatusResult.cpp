@@ -17,15 +17,9 @@ bool mentionsAny(const QString &status, std::initializer_list<QStringView> stems
 
 } // namespace
 
-bool FlightStatusResult::isDelayed() const
-{
-    return mentionsAny(status, { u"delay", u"gecik" });
-}
+bool FlightStatusResult::isDelayed() const { return mentionsAny(status, { u"delay", u"gecik" }); }
 
-bool FlightStatusResult::isLanded() const
-{
-    return mentionsAny(status, { u"land", u"indi" });
-}
+bool FlightStatusResult::isLanded() const { return mentionsAny(status, { u"land", u"indi" }); }
 
 bool FlightStatusResult::isInAir() const
 {

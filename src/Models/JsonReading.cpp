@@ -5,8 +5,7 @@
 DecodingError::DecodingError(const QString &description)
     : m_description(description)
     , m_utf8(description.toUtf8())
-{
-}
+{ }
 
 namespace JsonReading {
 

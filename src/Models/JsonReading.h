@@ -46,9 +46,10 @@ template<typename T>
 T required(const QJsonObject &object, QStringView key, std::optional<T> value)
 {
     if (!value) {
-        throw DecodingError(object.contains(key)
-                                ? QStringLiteral("\"%1\" alanının türü beklenenden farklı.").arg(key)
-                                : QStringLiteral("\"%1\" alanı eksik.").arg(key));
+        throw DecodingError(
+            object.contains(key)
+                ? QStringLiteral("\"%1\" alanının türü beklenenden farklı.").arg(key)
+                : QStringLiteral("\"%1\" alanı eksik.").arg(key));
     }
     return *std::move(value);
 }

@@ -61,8 +61,8 @@ DailyPrice DailyPrice::fromJson(const QJsonObject &json)
     else
         price.amount = amountText(json);
     price.currency = text(json, u"currency").value_or(u"TRY"_s);
-    price.isBestPrice = boolean(json, u"is_best_price")
-                            .value_or(boolean(json, u"isBestPrice").value_or(false));
+    price.isBestPrice =
+        boolean(json, u"is_best_price").value_or(boolean(json, u"isBestPrice").value_or(false));
     return price;
 }
 
@@ -98,7 +98,8 @@ PriceCalendarResult PriceCalendarResult::fromJson(const QJsonObject &json)
     result.prices = dailyPrices(json);
     const QJsonValue best = json.value("best_price"_L1);
     if (!best.isUndefined() && !best.isNull())
-        result.bestPrice = BestPrice::fromJson(required(json, u"best_price", object(json, u"best_price")));
+        result.bestPrice =
+            BestPrice::fromJson(required(json, u"best_price", object(json, u"best_price")));
     return result;
 }
 

@@ -40,7 +40,8 @@ QString title(TripType option);
 QString title(CabinClass option);
 QString title(TimeRange option);
 
-/// The case with exactly this raw value, letter case and blanks included; absent for any other text.
+/// The case with exactly this raw value, letter case and blanks included; absent for any other
+/// text.
 template<typename Option>
 std::optional<Option> fromRawValue(const QString &rawValue);
 

@@ -1,0 +1,178 @@
+#include "Services/FlightSearchTool.h"
+
+#include "Models/JsonReading.h"
+#include "Services/ServiceAddresses.h"
+#include "Services/TimeText.h"
+#include "Services/ToolCall.h"
+
+#include <QJsonArray>
+
+using namespace Qt::StringLiterals;
+using namespace JsonReading;
+
+namespace {
+
+constexpr qint64 millisecondsPerMinute = 60'000;
+constexpr qint64 defaultJourneyMilliseconds = 13'500'000; // 3 h 45 min
+constexpr double defaultPrice = 4850;
+constexpr qint64 defaultSeats = 7;
+
+struct AircraftRule
+{
+    QStringView code;
+    QStringView name;
+};
+
+// Tried in this order on the upper-cased code; the first one that occurs in it names the aircraft.
+constexpr AircraftRule aircraftRules[] = {
+    { u"789", u"Boeing 787-9 Dreamliner" },
+    { u"787", u"Boeing 787-9 Dreamliner" },
+    { u"359", u"Airbus A350-900" },
+    { u"350", u"Airbus A350-900" },
+    { u"773", u"Boeing 777-300ER" },
+    { u"777", u"Boeing 777-300ER" },
+    { u"321", u"Airbus A321neo" },
+    { u"32Q", u"Airbus A321neo" },
+    { u"320", u"Airbus A320neo" },
+    { u"738", u"Boeing 737-800" },
+    { u"73H", u"Boeing 737-800" },
+    { u"739", u"Boeing 737-900ER" },
+    { u"73J", u"Boeing 737-900ER" },
+    { u"333", u"Airbus A330" },
+    { u"332", u"Airbus A330" },
+    { u"MAX", u"Boeing 737 MAX" },
+};
+
+template<typename T>
+std::optional<T> either(std::optional<T> first, std::optional<T> second)
+{
+    return first ? std::move(first) : std::move(second);
+}
+
+QString flightNumber(const QJsonObject &firstSegment, qsizetype index)
+{
+    const QString airline =
+        either(text(firstSegment, u"airlineCode"), text(firstSegment, u"operatingAirlineCode"))
+            .value_or(u"VQ"_s);
+    const QString number =
+        text(firstSegment, u"flightNumber").value_or(QString::number(1800 + 5 * index));
+    return number.startsWith("VQ"_L1) ? number : airline + number;
+}
+
+QString durationText(qint64 milliseconds)
+{
+    const qint64 minutes = milliseconds / millisecondsPerMinute;
+    return u"%1h %2m"_s.arg(minutes / 60).arg(minutes % 60);
+}
+
+double priceOf(const QJsonObject &option)
+{
+    const double price = number(option, u"cheapestPriceAmount").value_or(0);
+    return price > 0 ? price : defaultPrice;
+}
+
+QString bookingLink(const QJsonObject &option)
+{
+    const QStringList links = texts(option, u"deeplinks").value_or(QStringList());
+    return links.isEmpty() ? ServiceAddresses::webSite() : links.first();
+}
+
+FlightOption parseOption(const QJsonObject &option, qsizetype index, const QString &origin,
+                         const QString &destination)
+{
+    const auto segments =
+        either(objects(option, u"flightSegments"), objects(option, u"flightSegmentList"))
+            .value_or(QList<QJsonObject>());
+    const QJsonObject first = segments.isEmpty() ? QJsonObject() : segments.first();
+    const QJsonObject last = segments.isEmpty() ? QJsonObject() : segments.last();
+    const qint64 journey =
+        either(integer(option, u"journeyDuration"), integer(option, u"journeyDurationInMilis"))
+            .value_or(defaultJourneyMilliseconds);
+
+    FlightOption flight;
+    flight.flightNumber = flightNumber(first, index);
+    flight.departureTime = formatTimeString(text(first, u"departureDateTime")).value_or(u"08:30"_s);
+    flight.arrivalTime = formatTimeString(text(last, u"arrivalDateTime")).value_or(u"12:15"_s);
+    flight.id =
+        u"%1-%2-%3"_s.arg(flight.flightNumber, flight.departureTime, QString::number(index));
+    flight.origin = text(first, u"departureAirportCode").value_or(origin.toUpper());
+    flight.destination = text(last, u"arrivalAirportCode").value_or(destination.toUpper());
+    flight.duration = durationText(journey);
+    flight.durationMinutes = journey / millisecondsPerMinute;
+    flight.isDirect = segments.size() < 2;
+    flight.stopsCount = std::max<qint64>(segments.size() - 1, 0);
+    flight.aircraft = FlightSearchTool::aircraftName(
+        either(text(first, u"equipment"), text(first, u"equipmentCode")).value_or(u"A321"_s));
+    flight.seatAvailability = integer(first, u"availableSeatCount").value_or(defaultSeats);
+    flight.price = priceOf(option);
+    flight.currency = text(option, u"cheapestPriceCurrency").value_or(u"TRY"_s);
+    flight.cabinClass = text(option, u"cheapestBookingPriceType").value_or(u"ECONOMY"_s);
+    flight.bookingURL = bookingLink(option);
+    return flight;
+}
+
+} // namespace
+
+namespace FlightSearchTool {
+
+QJsonObject arguments(const QString &from, const QString &to, const QString &departureDate,
+                      const std::optional<QString> &returnDate, TripType tripType, int passengers)
+{
+    const bool isRoundTrip = tripType == TripType::roundTrip;
+    const QJsonObject adults { { u"passengerType"_s, u"ADT"_s }, { u"quantity"_s, passengers } };
+    QJsonArray passengerList;
+    passengerList.append(adults);
+    QJsonObject arguments { { u"from"_s, from.toUpper() },
+                            { u"to"_s, to.toUpper() },
+                            { u"departureDate"_s, departureDate },
+                            { u"tripType"_s,
+                              returnDate || isRoundTrip ? u"round"_s : u"one_way"_s },
+                            { u"passengers"_s, passengerList } };
+    if (returnDate && isRoundTrip)
+        arguments.insert("returnDate"_L1, *returnDate);
+    return arguments;
+}
+
+QList<FlightOption> parseFlightOptions(const QJsonObject &result, const QString &origin,
+                                       const QString &destination)
+{
+    const QJsonObject availability = object(result, u"availabilityData").value_or(QJsonObject());
+    const auto informations =
+        objects(availability, u"originDestinationInformations").value_or(QList<QJsonObject>());
+    if (informations.isEmpty())
+        return {};
+    const auto options =
+        objects(informations.first(), u"originDestinationOptions").value_or(QList<QJsonObject>());
+    QList<FlightOption> flights;
+    flights.reserve(options.size());
+    for (qsizetype index = 0; index < options.size(); ++index)
+        flights.append(parseOption(options.at(index), index, origin, destination));
+    return flights;
+}
+
+QString aircraftName(const QString &equipmentCode)
+{
+    const QString code = equipmentCode.toUpper();
+    for (const AircraftRule &rule : aircraftRules) {
+        if (code.contains(rule.code))
+            return rule.name.toString();
+    }
+    return u"Vantora (%1)"_s.arg(equipmentCode);
+}
+
+} // namespace FlightSearchTool
+
+QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QString to,
+                                                             QString departureDate,
+                                                             std::optional<QString> returnDate,
+                                                             TripType tripType, int passengers)
+{
+    const QString tool = u"search_flights"_s;
+    const QJsonObject arguments =
+        FlightSearchTool::arguments(from, to, departureDate, returnDate, tripType, passengers);
+    const std::function<QList<FlightOption>(const QJsonObject &)> reader =
+        [from, to](const QJsonObject &result) {
+            return FlightSearchTool::parseFlightOptions(result, from, to);
+        };
+    co_return co_await callTool<QList<FlightOption>>(tool, arguments, reader);
+}

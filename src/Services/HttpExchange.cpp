@@ -1,0 +1,149 @@
+#include "Services/HttpExchange.h"
+
+#include "Services/McpError.h"
+#include "Services/PlatformErrorText.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSslError>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// A request body that can be read once. The network stack repeats a POST on a new connection when
+/// a kept one drops, unless the body cannot be rewound.
+class UnrepeatableBody : public QIODevice
+{
+public:
+    UnrepeatableBody(const QByteArray &bytes, QObject *parent)
+        : QIODevice(parent)
+        , m_bytes(bytes)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+    qint64 size() const override { return m_bytes.size(); }
+    bool reset() override { return false; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        const qint64 length = std::min<qint64>(maxSize, m_bytes.size() - m_read);
+        std::memcpy(data, m_bytes.constData() + m_read, static_cast<size_t>(length));
+        m_read += length;
+        return length > 0 || maxSize == 0 ? length : -1;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_read = 0;
+};
+
+/// The errors by which Qt reports the status of an answer that arrived whole.
+bool reportsStatus(QNetworkReply::NetworkError error)
+{
+    if (error == QNetworkReply::ContentReSendError)
+        return false;
+    return (error >= QNetworkReply::ContentAccessDenied
+            && error <= QNetworkReply::UnknownContentError)
+        || (error >= QNetworkReply::InternalServerError
+            && error <= QNetworkReply::UnknownServerError);
+}
+
+} // namespace
+
+HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest &request,
+                           const QByteArray &body, const HttpLimits &limits)
+    : m_limits(limits)
+{
+    m_promise.start();
+
+    auto *source = new UnrepeatableBody(body, this);
+    m_reply = manager->post(request, source);
+    m_reply->setParent(this);
+    connect(m_reply, &QNetworkReply::readyRead, this, &HttpExchange::takeBytes);
+    connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::finish);
+    connect(m_reply, &QNetworkReply::sslErrors, this, [this](const QList<QSslError> &errors) {
+        if (!errors.isEmpty())
+            m_tlsDetail = errors.first().errorString();
+    });
+
+    m_idleTimer.setSingleShot(true);
+    m_totalTimer.setSingleShot(true);
+    const auto restartIdleTimer = [this] { m_idleTimer.start(); };
+    connect(m_reply, &QNetworkReply::uploadProgress, this, restartIdleTimer);
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, restartIdleTimer);
+    connect(&m_idleTimer, &QTimer::timeout, this,
+            [this] { fail(QNetworkReply::TimeoutError, PlatformErrorText::idleTimeout()); });
+    connect(&m_totalTimer, &QTimer::timeout, this,
+            [this] { fail(QNetworkReply::TimeoutError, PlatformErrorText::totalTimeout()); });
+    m_idleTimer.start(limits.idle);
+    m_totalTimer.start(limits.total);
+}
+
+HttpExchange::~HttpExchange()
+{
+    abort(QNetworkReply::OperationCanceledError, PlatformErrorText::applicationQuits());
+}
+
+void HttpExchange::abort(int code, const QString &localizedDescription)
+{
+    fail(code, localizedDescription);
+}
+
+void HttpExchange::takeBytes()
+{
+    m_idleTimer.start();
+    m_body += m_reply->readAll();
+    if (m_body.size() > m_limits.bodyBytes)
+        fail(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
+}
+
+void HttpExchange::finish()
+{
+    if (m_hasEnded)
+        return;
+    takeBytes();
+    if (m_hasEnded)
+        return;
+
+    const QNetworkReply::NetworkError error = m_reply->error();
+    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    if (error == QNetworkReply::NoError || (reportsStatus(error) && status.isValid())) {
+        if (status.isValid())
+            succeed(status.toInt());
+        else
+            fail(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());
+        return;
+    }
+    const bool hasTlsDetail =
+        error == QNetworkReply::SslHandshakeFailedError && !m_tlsDetail.isEmpty();
+    fail(error,
+         PlatformErrorText::network(error, hasTlsDetail ? m_tlsDetail : m_reply->errorString()));
+}
+
+void HttpExchange::succeed(int status)
+{
+    m_hasEnded = true;
+    m_idleTimer.stop();
+    m_totalTimer.stop();
+    m_promise.addResult(HttpAnswer { status, m_reply->rawHeaderPairs(), m_body });
+    m_promise.finish();
+    deleteLater();
+}
+
+void HttpExchange::fail(int code, const QString &localizedDescription)
+{
+    if (m_hasEnded)
+        return;
+    m_hasEnded = true;
+    m_idleTimer.stop();
+    m_totalTimer.stop();
+    m_reply->abort();
+    m_promise.setException(McpError(McpError::Domain::Network, code, localizedDescription));
+    m_promise.finish();
+    deleteLater();
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Services/VTRMCPClient.h"
+
+/// The tool "get_airline_promotions".
+namespace PromotionsTool {
+
+QJsonObject arguments(const QString &departureAirportCode, const QString &countryCode);
+
+/// The promotions that have a title, in the server's order. A reply without a list of promotions
+/// gives the built-in ones; an empty list gives none.
+QList<PromotionItem> parsePromotions(const QJsonObject &result);
+
+} // namespace PromotionsTool

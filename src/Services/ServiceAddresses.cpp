@@ -1,0 +1,32 @@
+#include "Services/ServiceAddresses.h"
+
+#include <QHostAddress>
+
+namespace {
+
+QUrl &endpointStorage()
+{
+    static QUrl endpoint(QStringLiteral(VANTORA_MCP_ENDPOINT), QUrl::StrictMode);
+    return endpoint;
+}
+
+} // namespace
+
+namespace ServiceAddresses {
+
+QUrl mcpEndpoint() { return endpointStorage(); }
+
+void setMcpEndpoint(const QUrl &endpoint) { endpointStorage() = endpoint; }
+
+bool isAcceptableEndpoint(const QUrl &endpoint)
+{
+    if (!endpoint.isValid() || endpoint.host().isEmpty() || !endpoint.userInfo().isEmpty())
+        return false;
+    const QString host = endpoint.host();
+    const bool isLoopback = host == u"localhost" || QHostAddress(host).isLoopback();
+    return endpoint.scheme() == u"https" || (endpoint.scheme() == u"http" && isLoopback);
+}
+
+QString webSite() { return QStringLiteral(VANTORA_WEB_SITE); }
+
+} // namespace ServiceAddresses

@@ -1,0 +1,256 @@
+#include "ViewModels/FlightSearchViewModel.h"
+
+#include "Models/AirportDatabase.h"
+#include "Models/DateText.h"
+#include "Services/VTRMCPClient.h"
+
+#include <QPointer>
+#include <QTextStream>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int defaultDaysToDeparture = 14;
+constexpr int defaultDaysToReturn = 21;
+
+void writeConsoleLine(const QString &line) { QTextStream(stdout) << line << Qt::endl; }
+
+template<typename Key>
+QList<FlightOption> sortedBy(QList<FlightOption> flights, Key key)
+{
+    std::stable_sort(flights.begin(), flights.end(),
+                     [key](const FlightOption &left, const FlightOption &right) {
+                         return std::invoke(key, left) < std::invoke(key, right);
+                     });
+    return flights;
+}
+
+QList<FlightOption> arranged(const QList<FlightOption> &flights, FlightSortOption option)
+{
+    switch (option) {
+    case FlightSortOption::cheapest:
+        return sortedBy(flights, &FlightOption::price);
+    case FlightSortOption::earliest:
+        return sortedBy(flights, &FlightOption::departureTime);
+    case FlightSortOption::fastest:
+        return sortedBy(flights, &FlightOption::durationMinutes);
+    case FlightSortOption::directOnly:
+        break;
+    }
+    QList<FlightOption> direct;
+    std::copy_if(flights.begin(), flights.end(), std::back_inserter(direct),
+                 [](const FlightOption &flight) { return flight.isDirect; });
+    return direct;
+}
+
+} // namespace
+
+FlightSearchViewModel::FlightSearchViewModel(QObject *parent, const QDateTime &now)
+    : ObservableObject(parent)
+    , m_departureDate(now.addDays(defaultDaysToDeparture))
+    , m_returnDate(now.addDays(defaultDaysToReturn))
+    , m_selectedDate(formatDate(m_departureDate))
+{ }
+
+void FlightSearchViewModel::setOriginCode(const QString &code)
+{
+    publish(m_originCode, code, &FlightSearchViewModel::originCodeChanged);
+}
+
+void FlightSearchViewModel::setDestinationCode(const QString &code)
+{
+    publish(m_destinationCode, code, &FlightSearchViewModel::destinationCodeChanged);
+}
+
+void FlightSearchViewModel::setTripType(TripType tripType)
+{
+    publish(m_tripType, tripType, &FlightSearchViewModel::tripTypeChanged);
+}
+
+void FlightSearchViewModel::setDepartureDate(const QDateTime &date)
+{
+    publish(m_departureDate, date, &FlightSearchViewModel::departureDateChanged);
+}
+
+void FlightSearchViewModel::setReturnDate(const QDateTime &date)
+{
+    publish(m_returnDate, date, &FlightSearchViewModel::returnDateChanged);
+}
+
+void FlightSearchViewModel::setCabinClass(CabinClass cabinClass)
+{
+    publish(m_cabinClass, cabinClass, &FlightSearchViewModel::cabinClassChanged);
+}
+
+void FlightSearchViewModel::setTimeRange(TimeRange timeRange)
+{
+    publish(m_timeRange, timeRange, &FlightSearchViewModel::timeRangeChanged);
+}
+
+void FlightSearchViewModel::setPassengers(int passengers)
+{
+    publish(m_passengers, passengers, &FlightSearchViewModel::passengersChanged);
+}
+
+void FlightSearchViewModel::setErrorMessage(const std::optional<QString> &message)
+{
+    publish(m_errorMessage, message, &FlightSearchViewModel::errorMessageChanged);
+}
+
+void FlightSearchViewModel::setLoading(bool isLoading)
+{
+    publish(m_isLoading, isLoading, &FlightSearchViewModel::isLoadingChanged);
+}
+
+void FlightSearchViewModel::setSearchingFlightsOnly(bool isSearching)
+{
+    publish(m_isSearchingFlightsOnly, isSearching,
+            &FlightSearchViewModel::isSearchingFlightsOnlyChanged);
+}
+
+void FlightSearchViewModel::setSelectedDate(const QString &date)
+{
+    publish(m_selectedDate, date, &FlightSearchViewModel::selectedDateChanged);
+}
+
+Airport FlightSearchViewModel::originAirport() const
+{
+    return AirportDatabase::airport(m_originCode);
+}
+
+Airport FlightSearchViewModel::destinationAirport() const
+{
+    return AirportDatabase::airport(m_destinationCode);
+}
+
+double FlightSearchViewModel::highestPrice() const
+{
+    const QList<DailyPrice> &days = calendarPrices();
+    const auto highest = std::max_element(
+        days.begin(), days.end(),
+        [](const DailyPrice &left, const DailyPrice &right) { return left.amount < right.amount; });
+    return highest == days.end() ? 1.0 : highest->amount;
+}
+
+void FlightSearchViewModel::swapAirports()
+{
+    const QString origin = m_originCode;
+    setOriginCode(m_destinationCode);
+    setDestinationCode(origin);
+}
+
+QCoro::Task<> FlightSearchViewModel::searchAll()
+{
+    if (m_originCode.isEmpty() || m_destinationCode.isEmpty()) {
+        setErrorMessage(u"Lütfen kalkış ve varış havalimanlarını seçin."_s);
+        co_return;
+    }
+    const QString searchDay = formatDate(m_departureDate);
+    setSelectedDate(searchDay);
+    setLoading(true);
+    setErrorMessage(std::nullopt);
+    publish(m_hasSearched, true, &FlightSearchViewModel::hasSearchedChanged);
+
+    const QPointer<FlightSearchViewModel> self(this);
+    const QCoro::Task<> calendar = loadCalendar(searchDay);
+    const QCoro::Task<> flights = loadFlights(searchDay);
+    co_await calendar;
+    co_await flights;
+    if (self)
+        setLoading(false);
+}
+
+QCoro::Task<> FlightSearchViewModel::loadCalendar(QString searchDay)
+{
+    const QPointer<FlightSearchViewModel> self(this);
+    try {
+        const PriceCalendar calendar = co_await VTRMCPClient::shared().fetchPriceCalendar(
+            m_originCode, m_destinationCode, searchDay, m_tripType, m_timeRange, m_cabinClass);
+        if (!self)
+            co_return;
+        Q_EMIT objectWillChange();
+        m_calendarPrices.setRecords(calendar.prices);
+        Q_EMIT calendarPricesChanged();
+        Q_EMIT objectWillChange();
+        m_bestPrice = calendar.bestPrice;
+        Q_EMIT bestPriceChanged();
+        publish(m_currency, calendar.currency, &FlightSearchViewModel::currencyChanged);
+    } catch (const McpError &error) {
+        writeConsoleLine(u"Price calendar fetch error: "_s + error.localizedDescription());
+    }
+}
+
+QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
+{
+    const QPointer<FlightSearchViewModel> self(this);
+    try {
+        const std::optional<QString> returnDate = returnDay();
+        const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
+            m_originCode, m_destinationCode, searchDay, returnDate, m_tripType, m_passengers);
+        if (self)
+            setFlights(flights);
+    } catch (const McpError &error) {
+        writeConsoleLine(u"Flights search error: "_s + error.localizedDescription());
+        if (self) {
+            setErrorMessage(u"Uçuş bilgileri alınırken hata oluştu: "_s
+                            + error.localizedDescription());
+        }
+    }
+}
+
+QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
+{
+    setSelectedDate(date);
+    if (const auto parsed = parseDate(date))
+        setDepartureDate(*parsed);
+    setSearchingFlightsOnly(true);
+    setErrorMessage(std::nullopt);
+
+    const QPointer<FlightSearchViewModel> self(this);
+    try {
+        const std::optional<QString> returnDate = returnDay();
+        const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
+            m_originCode, m_destinationCode, date, returnDate, m_tripType, m_passengers);
+        if (self)
+            setFlights(flights);
+    } catch (const McpError &error) {
+        if (self) {
+            setErrorMessage(u"Seçilen tarih (%1) için uçuşlar yüklenemedi: "_s.arg(date)
+                            + error.localizedDescription());
+        }
+    }
+    if (self)
+        setSearchingFlightsOnly(false);
+}
+
+void FlightSearchViewModel::applyFilter(FlightSortOption option)
+{
+    publish(m_activeFilter, option, &FlightSearchViewModel::activeFilterChanged);
+    Q_EMIT objectWillChange();
+    m_filteredFlights.setRecords(arranged(m_flights, option));
+    Q_EMIT filteredFlightsChanged();
+}
+
+std::optional<QString> FlightSearchViewModel::returnDay() const
+{
+    return isRoundTrip() ? std::optional(formatDate(m_returnDate)) : std::nullopt;
+}
+
+void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights)
+{
+    publish(m_flights, flights, &FlightSearchViewModel::flightsChanged);
+    applyFilter(m_activeFilter);
+}
+
+QString FlightSearchViewModel::formatDate(const QDateTime &date) const
+{
+    return DateText::day(date);
+}
+
+std::optional<QDateTime> FlightSearchViewModel::parseDate(const QString &text) const
+{
+    return DateText::parseDay(text);
+}
