@@ -6,7 +6,7 @@ target_compile_definitions(vantora_settings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
   QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(vantora_settings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${VANTORA_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(VANTORA_SANITIZE)

@@ -45,3 +45,19 @@ vantora_require_file(VANTORA_QT_CATALOGUE qt6-translations-l10n
   ${QT6_INSTALL_PREFIX}/translations/qtbase_tr.qm
   ${QT6_INSTALL_PREFIX}/share/qt/translations/qtbase_tr.qm
   ${qt_library_folder}/../translations/qtbase_tr.qm)
+
+set(VANTORA_FONT_ROOT /usr/share/fonts CACHE PATH "Folder below which the embedded fonts are found")
+set(VANTORA_FONT_FILES)
+foreach(weight Regular Medium SemiBold Bold ExtraBold Black)
+  vantora_require_file(font fonts-inter
+    ${VANTORA_FONT_ROOT}/opentype/inter/Inter-${weight}.otf ${VANTORA_FONT_ROOT}/Inter-${weight}.otf)
+  list(APPEND VANTORA_FONT_FILES ${font})
+endforeach()
+vantora_require_file(font fonts-jetbrains-mono
+  ${VANTORA_FONT_ROOT}/truetype/jetbrains-mono/JetBrainsMono-ExtraBold.ttf
+  ${VANTORA_FONT_ROOT}/JetBrainsMono-ExtraBold.ttf)
+list(APPEND VANTORA_FONT_FILES ${font})
+vantora_require_file(font fonts-material-design-icons-iconfont
+  ${VANTORA_FONT_ROOT}/truetype/material-design-icons-iconfont/MaterialIcons-Regular.ttf
+  ${VANTORA_FONT_ROOT}/MaterialIcons-Regular.ttf)
+list(APPEND VANTORA_FONT_FILES ${font})

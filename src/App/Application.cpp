@@ -1,0 +1,57 @@
+#include "App/Application.h"
+
+#include "Services/PlatformErrorText.h"
+
+#include <QDirIterator>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QNetworkProxyFactory>
+#include <QQuickStyle>
+#include <QtQml/QQmlExtensionPlugin>
+
+Q_IMPORT_QML_PLUGIN(VantoraPlugin)
+
+using namespace Qt::StringLiterals;
+
+void prepareApplication()
+{
+    QGuiApplication::setApplicationName(u"vantora"_s);
+    QGuiApplication::setApplicationDisplayName(u"Vantora"_s);
+    QGuiApplication::setDesktopFileName(u"vantora"_s);
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
+    PlatformErrorText::installTurkishCatalogue();
+
+    QDirIterator fonts(u":/fonts"_s);
+    while (fonts.hasNext()) {
+        const QString font = fonts.next();
+        if (QFontDatabase::addApplicationFont(font) < 0)
+            qWarning("The embedded font %s cannot be read.", qPrintable(font));
+    }
+    QFont font(u"Inter"_s);
+    font.setPixelSize(13);
+    QGuiApplication::setFont(font);
+    QQuickStyle::setStyle(u"Basic"_s);
+}
+
+bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
+{
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    engine.setInitialProperties({ { u"title"_s, title } });
+    engine.load(QUrl(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s));
+    if (engine.rootObjects().isEmpty()) {
+        qCritical("The window could not be loaded.");
+        return false;
+    }
+    return true;
+}
+
+int runApplication(int &argc, char **argv, const QString &title)
+{
+    QGuiApplication application(argc, argv);
+    prepareApplication();
+    QQmlApplicationEngine engine;
+    if (!loadMainWindow(engine, title))
+        return 1;
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,30 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantora
+
+/// What every button of the window is: pressed by pointer, Space, Return and assistive technology,
+/// with a focus ring. `text` is its accessible name; the look is the caller's.
+T.AbstractButton {
+    id: button
+
+    property real cornerRadius: VTRTheme.controlRadius
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    opacity: enabled ? 1 : 0.55
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: button.click()
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
+
+    FocusRing {
+        control: button
+        cornerRadius: button.cornerRadius
+        visible: button.visualFocus
+        z: 1
+    }
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QQuickItem>
+
+/// A rectangle with continuous corners: filled with a colour or a diagonal gradient, outlined
+/// inside its edge, and casting a soft shadow outside its bounds. It draws a few textured triangles
+/// on every scene graph, the software one included, and no offscreen layer.
+class RoundedSurface : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(qreal radius MEMBER m_radius NOTIFY lookChanged)
+    Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged)
+    /// When set, the fill runs from `color` at the top left to this colour at the bottom right.
+    Q_PROPERTY(QColor gradientEnd MEMBER m_gradientEnd NOTIFY lookChanged)
+    Q_PROPERTY(QColor borderColor MEMBER m_borderColor NOTIFY lookChanged)
+    Q_PROPERTY(qreal borderWidth MEMBER m_borderWidth NOTIFY lookChanged)
+    Q_PROPERTY(QColor shadowColor MEMBER m_shadowColor NOTIFY lookChanged)
+    /// Twice the standard deviation of the shadow's blur.
+    Q_PROPERTY(qreal shadowRadius MEMBER m_shadowRadius NOTIFY lookChanged)
+    Q_PROPERTY(qreal shadowOffset MEMBER m_shadowOffset NOTIFY lookChanged)
+
+public:
+    explicit RoundedSurface(QQuickItem *parent = nullptr);
+
+Q_SIGNALS:
+    void lookChanged();
+
+protected:
+    QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
+
+private:
+    /// How far the shadow reaches beyond the bounds.
+    qreal shadowMargin() const;
+    /// The surface at this size with its shadow around it.
+    QImage paint(const QSizeF &size, qreal devicePixelRatio) const;
+    QImage paintShadow(const QSizeF &size, qreal devicePixelRatio) const;
+    QString imageKey(const QSizeF &size, qreal devicePixelRatio) const;
+
+    qreal m_radius = 0;
+    QColor m_color = Qt::transparent;
+    QColor m_gradientEnd;
+    QColor m_borderColor = Qt::transparent;
+    qreal m_borderWidth = 0;
+    QColor m_shadowColor = Qt::transparent;
+    qreal m_shadowRadius = 0;
+    qreal m_shadowOffset = 0;
+    QString m_drawnKey;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QStringList>
+
+/// The choices of the search form as pickers show them. An entry's place in its list is the value
+/// of its enumeration case.
+class SearchChoices : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(QStringList tripTypes READ tripTypes CONSTANT)
+    Q_PROPERTY(QStringList cabinClasses READ cabinClasses CONSTANT)
+    Q_PROPERTY(QStringList timeRanges READ timeRanges CONSTANT)
+    Q_PROPERTY(QStringList sortOptions READ sortOptions CONSTANT)
+
+public:
+    using QObject::QObject;
+
+    QStringList tripTypes() const;
+    QStringList cabinClasses() const;
+    QStringList timeRanges() const;
+    QStringList sortOptions() const;
+};
