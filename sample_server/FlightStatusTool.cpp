@@ -1,0 +1,184 @@
+#include "sample_server/FlightStatusTool.h"
+
+#include "sample_server/FlightNetwork.h"
+#include "sample_server/ItineraryPlanner.h"
+#include "sample_server/StableRandom.h"
+#include "sample_server/ToolArguments.h"
+
+#include <QRegularExpression>
+
+namespace Sample {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Phase { BeforeDeparture, InAir, Landed };
+
+constexpr int alwaysPunctual = 1983;
+constexpr int alwaysDelayed = 1907;
+constexpr int inAirToday = 1;
+constexpr int inAirAndDelayedToday = 2;
+constexpr int minutesDelayIsKnownAhead = 6 * 60;
+
+struct FlightState
+{
+    Phase phase = Phase::BeforeDeparture;
+    int delayMinutes = 0; ///< as far as it is known yet
+};
+
+JsonRpc::Error refusal(const QString &message)
+{
+    return { JsonRpc::InvalidParams, message };
+}
+
+/// The number behind the airline's prefix; blanks around it and small letters are forgiven.
+int parsedNumber(const QString &typed)
+{
+    static const QRegularExpression shape(uR"(^VQ ?([0-9]{1,4})\z)"_s);
+    const QRegularExpressionMatch match = shape.match(typed.trimmed().toUpper());
+    if (!match.hasMatch())
+        throw refusal(u"\"%1\" geçerli bir uçuş numarası değil. Numara VQ ile başlamalı ve ardından "
+                      "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(typed.trimmed()));
+    return match.captured(1).toInt();
+}
+
+ScheduledFlight flightOf(int number, QDate date, QDate today)
+{
+    if (std::abs(today.daysTo(date)) > ItineraryPlanner::daysOnSale)
+        throw refusal(u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da sonraki "
+                      "günler sorgulanabilir."_s.arg(turkishDate(date)).arg(
+                          ItineraryPlanner::daysOnSale));
+    FlightNetwork::Lookup outcome {};
+    if (const auto flight = FlightNetwork::shared().flight(number, date, &outcome))
+        return *flight;
+    throw refusal(outcome == FlightNetwork::Lookup::UnknownNumber
+                      ? u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number)
+                      : u"VQ%1 sefer sayılı uçuş %2 günü yapılmıyor."_s.arg(number).arg(
+                            turkishDate(date)));
+}
+
+int delayOf(const ScheduledFlight &flight)
+{
+    StableRandom random = stableRandom(u"delay", quint64(flight.number), flight.date());
+    const int minutes = 15 + 5 * random.below(18);
+    switch (flight.number) {
+    case alwaysPunctual:
+    case inAirToday:
+        return 0;
+    case alwaysDelayed:
+    case inAirAndDelayedToday:
+        return minutes;
+    default:
+        return random.oneIn(4) ? minutes : 0;
+    }
+}
+
+FlightState stateOf(const ScheduledFlight &flight, const QDateTime &now)
+{
+    const qint64 minute = now.toSecsSinceEpoch() / 60;
+    FlightState state { Phase::BeforeDeparture, delayOf(flight) };
+    if (minute >= flight.arrivalMinute + state.delayMinutes)
+        state.phase = Phase::Landed;
+    else if (minute >= flight.departureMinute + state.delayMinutes)
+        state.phase = Phase::InAir;
+    else if (minute < flight.departureMinute - minutesDelayIsKnownAhead
+             && flight.number != alwaysDelayed)
+        state.delayMinutes = 0;
+
+    if (flight.date() == now.date()) {
+        if (flight.number == alwaysPunctual || flight.number == alwaysDelayed)
+            state.phase = Phase::BeforeDeparture;
+        if (flight.number == inAirToday || flight.number == inAirAndDelayedToday)
+            state = { Phase::InAir, delayOf(flight) };
+    }
+    return state;
+}
+
+/// The state in words. Clients look for the stems "delay" and "gecik", "land" and "indi", "air",
+/// "flight" and "hava" in them, so no text may hold one that it does not mean.
+QString statusText(const ScheduledFlight &flight, FlightState state)
+{
+    const bool turkish = stableRandom(u"language", quint64(flight.number), flight.date()).oneIn(2);
+    const QString delay = QString::number(state.delayMinutes);
+    const bool delayed = state.delayMinutes > 0;
+    switch (state.phase) {
+    case Phase::InAir:
+        if (delayed)
+            return turkish ? u"Havada, Gecikmeli (%1 dk)"_s.arg(delay)
+                           : u"In Flight, Delayed (%1 min)"_s.arg(delay);
+        return turkish ? u"Havada"_s : u"In Flight"_s;
+    case Phase::Landed:
+        if (flight.number == alwaysDelayed)
+            return turkish ? u"İndi, Gecikmeli (%1 dk)"_s.arg(delay)
+                           : u"Landed, Delayed (%1 min)"_s.arg(delay);
+        return turkish ? u"İndi"_s : u"Landed"_s;
+    case Phase::BeforeDeparture:
+        break;
+    }
+    if (delayed)
+        return turkish ? u"Gecikmeli (%1 dk)"_s.arg(delay) : u"Delayed (%1 min)"_s.arg(delay);
+    return turkish ? u"Zamanında"_s : u"On Time"_s;
+}
+
+QString clockText(const QDateTime &moment)
+{
+    return moment.toString(u"HH:mm");
+}
+
+/// What is expected while it lies ahead and has happened once it lies behind.
+void insertTimes(QJsonObject &data, const ScheduledFlight &flight, FlightState state)
+{
+    data.insert(u"scheduledDeparture"_s, clockText(flight.departure));
+    data.insert(u"scheduledArrival"_s, clockText(flight.arrival));
+    const qint64 delaySeconds = state.delayMinutes * 60;
+    const QString departure = clockText(flight.departure.addSecs(delaySeconds));
+    const QString arrival = clockText(flight.arrival.addSecs(delaySeconds));
+    const bool departed = state.phase != Phase::BeforeDeparture;
+    const bool landed = state.phase == Phase::Landed;
+    if (departed || state.delayMinutes > 0) {
+        data.insert(departed ? u"actualDeparture"_s : u"estimatedDeparture"_s, departure);
+        data.insert(landed ? u"actualArrival"_s : u"estimatedArrival"_s, arrival);
+    }
+}
+
+/// Gate, terminal and belt, of which now and then one is not known.
+void insertPlaces(QJsonObject &data, const ScheduledFlight &flight, FlightState state)
+{
+    StableRandom random = stableRandom(u"places", quint64(flight.number), flight.date());
+    const QString terminal = QString::number(1 + random.below(3));
+    const QString gate
+        = QChar(u'A' + random.below(7)) + QString::number(1 + random.below(24));
+    const QString belt = QString::number(1 + random.below(18));
+    const bool fixed = flight.number == alwaysPunctual;
+    if (fixed || !random.oneIn(6))
+        data.insert(u"terminal"_s, terminal);
+    if (fixed || !random.oneIn(5))
+        data.insert(u"gate"_s, gate);
+    // A belt is assigned to flights on their way.
+    if (fixed || (state.phase != Phase::BeforeDeparture && !random.oneIn(5)))
+        data.insert(u"baggage"_s, belt);
+}
+
+} // namespace
+
+QJsonObject flightStatus(const QJsonObject &arguments, const ToolContext &context)
+{
+    const int number = parsedNumber(arguments.value("flightNumber"_L1).toString());
+    const QDate asked = dateArgument(arguments, "flightDate"_L1);
+    const QDate date = asked.isValid() ? asked : context.today();
+    const ScheduledFlight flight = flightOf(number, date, context.today());
+    const FlightState state = stateOf(flight, context.now);
+
+    QJsonObject data { { u"flightNumber"_s, flight.flightNumber() },
+                       { u"flightDate"_s, date.toString(Qt::ISODate) },
+                       { u"status"_s, statusText(flight, state) },
+                       { u"origin"_s, flight.origin->code },
+                       { u"destination"_s, flight.destination->code },
+                       { u"aircraft"_s, flight.aircraft->name } };
+    insertTimes(data, flight, state);
+    insertPlaces(data, flight, state);
+    return { { u"flightData"_s, data } };
+}
+
+} // namespace Sample
