@@ -13,7 +13,7 @@
 namespace {
 
 /// A request body that can be read once. The network stack repeats a POST on a new connection when
-/// a kept one drops, unless the body cannot be rewound.
+/// one drops before the answer, unless the body cannot be rewound.
 class UnrepeatableBody : public QIODevice
 {
 public:
@@ -25,7 +25,10 @@ public:
     }
 
     qint64 size() const override { return m_bytes.size(); }
-    bool reset() override { return false; }
+    /// Qt also rewinds the body of an answered request when the status is 307 or 308, and drops the
+    /// answer if it cannot. It may then: nothing is left to read either way.
+    bool reset() override { return m_isAnswered; }
+    void setAnswered() { m_isAnswered = true; }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override
@@ -40,14 +43,17 @@ protected:
 private:
     QByteArray m_bytes;
     qint64 m_read = 0;
+    bool m_isAnswered = false;
 };
 
-/// The errors by which Qt reports the status of an answer that arrived whole.
-bool reportsStatus(QNetworkReply::NetworkError error)
+/// Whether Qt reports `status`, of an answer that arrived whole, by this error.
+bool reportsStatus(QNetworkReply::NetworkError error, int status)
 {
-    if (error == QNetworkReply::ContentReSendError)
+    if (status < 400 || error == QNetworkReply::ContentReSendError)
         return false;
-    return (error >= QNetworkReply::ContentAccessDenied
+    return error == QNetworkReply::ProtocolInvalidOperationError // 400
+        || error == QNetworkReply::ProxyAuthenticationRequiredError // 407
+        || (error >= QNetworkReply::ContentAccessDenied
             && error <= QNetworkReply::UnknownContentError)
         || (error >= QNetworkReply::InternalServerError
             && error <= QNetworkReply::UnknownServerError);
@@ -68,7 +74,7 @@ HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest
     connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::finish);
     connect(m_reply, &QNetworkReply::sslErrors, this, [this](const QList<QSslError> &errors) {
         if (!errors.isEmpty())
-            m_tlsDetail = errors.first().errorString();
+            m_certificateError = errors.first().errorString();
     });
 
     m_idleTimer.setSingleShot(true);
@@ -76,6 +82,7 @@ HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest
     const auto restartIdleTimer = [this] { m_idleTimer.start(); };
     connect(m_reply, &QNetworkReply::uploadProgress, this, restartIdleTimer);
     connect(m_reply, &QNetworkReply::metaDataChanged, this, restartIdleTimer);
+    connect(m_reply, &QNetworkReply::metaDataChanged, source, &UnrepeatableBody::setAnswered);
     connect(&m_idleTimer, &QTimer::timeout, this,
             [this] { fail(QNetworkReply::TimeoutError, PlatformErrorText::idleTimeout()); });
     connect(&m_totalTimer, &QTimer::timeout, this,
@@ -111,18 +118,15 @@ void HttpExchange::finish()
         return;
 
     const QNetworkReply::NetworkError error = m_reply->error();
-    const QVariant status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    if (error == QNetworkReply::NoError || (reportsStatus(error) && status.isValid())) {
-        if (status.isValid())
-            succeed(status.toInt());
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (error == QNetworkReply::NoError || reportsStatus(error, status)) {
+        if (status != 0)
+            succeed(status);
         else
             fail(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());
         return;
     }
-    const bool hasTlsDetail =
-        error == QNetworkReply::SslHandshakeFailedError && !m_tlsDetail.isEmpty();
-    fail(error,
-         PlatformErrorText::network(error, hasTlsDetail ? m_tlsDetail : m_reply->errorString()));
+    fail(error, PlatformErrorText::network(error, m_certificateError));
 }
 
 void HttpExchange::succeed(int status)

@@ -58,6 +58,6 @@ private:
     QTimer m_idleTimer;
     QTimer m_totalTimer;
     QByteArray m_body;
-    QString m_tlsDetail;
+    QString m_certificateError;
     bool m_hasEnded = false;
 };

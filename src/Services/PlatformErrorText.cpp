@@ -7,6 +7,17 @@ using namespace Qt::StringLiterals;
 
 namespace PlatformErrorText {
 
+namespace {
+
+QString tls(const QString &certificateError)
+{
+    if (certificateError.isEmpty())
+        return u"Sunucuyla güvenli bağlantı kurulamadı."_s;
+    return u"Sunucuyla güvenli bağlantı kurulamadı: "_s + certificateError;
+}
+
+} // namespace
+
 void installTurkishCatalogue()
 {
     auto *catalogue = new QTranslator(QCoreApplication::instance());
@@ -16,20 +27,21 @@ void installTurkishCatalogue()
         qWarning("The embedded Turkish catalogue cannot be read.");
 }
 
-QString network(QNetworkReply::NetworkError error, const QString &detail)
+QString network(QNetworkReply::NetworkError error, const QString &certificateError)
 {
     switch (error) {
     case QNetworkReply::ConnectionRefusedError:
         return u"Sunucuya bağlanılamadı: bağlantı reddedildi. Lütfen daha sonra yeniden deneyin."_s;
     case QNetworkReply::RemoteHostClosedError:
     case QNetworkReply::ContentReSendError:
-        return u"Sunucu bağlantıyı yanıt vermeden kapattı. Lütfen yeniden deneyin."_s;
+        // Qt reports a missing, a cut and an unreadable answer alike.
+        return u"Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı. Lütfen yeniden deneyin."_s;
     case QNetworkReply::HostNotFoundError:
         return u"Sunucu bulunamadı. İnternet bağlantınızı denetleyin."_s;
     case QNetworkReply::TimeoutError:
         return idleTimeout();
     case QNetworkReply::SslHandshakeFailedError:
-        return tls(detail);
+        return tls(certificateError);
     case QNetworkReply::OperationCanceledError:
         return u"İstek iptal edildi."_s;
     case QNetworkReply::TemporaryNetworkFailureError:
@@ -46,17 +58,12 @@ QString network(QNetworkReply::NetworkError error, const QString &detail)
     case QNetworkReply::ProtocolFailure:
     case QNetworkReply::ProtocolUnknownError:
     case QNetworkReply::ProtocolInvalidOperationError:
+    case QNetworkReply::UnknownContentError:
+    case QNetworkReply::UnknownServerError:
         return badServerResponse();
     default:
-        return u"Ağ hatası: "_s + detail;
+        return u"İstek tamamlanamadı. Lütfen yeniden deneyin."_s;
     }
-}
-
-QString tls(const QString &detail)
-{
-    if (detail.isEmpty())
-        return u"Sunucuyla güvenli bağlantı kurulamadı."_s;
-    return u"Sunucuyla güvenli bağlantı kurulamadı: "_s + detail;
 }
 
 QString idleTimeout()

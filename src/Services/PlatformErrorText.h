@@ -11,10 +11,10 @@ namespace PlatformErrorText {
 /// once, after the application object is made.
 void installTurkishCatalogue();
 
-/// `detail` is Qt's own text, shown where the error has no text here.
-QString network(QNetworkReply::NetworkError error, const QString &detail);
-/// `detail` names what is wrong with the certificate or the handshake; it may be empty.
-QString tls(const QString &detail);
+/// `certificateError` is Qt's text for what is wrong with the server's certificate; it may be
+/// empty. Qt's text for the network error itself is never shown: much of it comes untranslated from
+/// the system and from OpenSSL.
+QString network(QNetworkReply::NetworkError error, const QString &certificateError);
 QString idleTimeout();
 QString totalTimeout();
 QString tooLarge();

@@ -5,6 +5,7 @@
 
 #include <QCoroFuture>
 
+#include <QScopeGuard>
 #include <QtConcurrentRun>
 
 // The body of VTRMCPClient::callTool with a reader, for the sources of the tool operations alone.
@@ -13,11 +14,13 @@ template<typename Record>
 QCoro::Task<Record> VTRMCPClient::callTool(QString name, QJsonObject arguments,
                                            std::function<Record(const QJsonObject &)> reader)
 {
+    ++m_callsUnderWay;
+    const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
     const QByteArray body = co_await exchangeToolCall(name, arguments);
     if (body.size() <= largestBodyParsedOnMainThread)
         co_return reader(readToolResult(body));
 
     const QFuture<Record> parsed =
-        QtConcurrent::run([body, reader] { return reader(readToolResult(body)); });
+        QtConcurrent::run(&m_readerPool, [body, reader] { return reader(readToolResult(body)); });
     co_return co_await parsed;
 }

@@ -10,7 +10,6 @@
 #include <QHostAddress>
 #include <QJsonDocument>
 #include <QNetworkProxy>
-#include <QScopeGuard>
 #include <QStringDecoder>
 
 using namespace Qt::StringLiterals;
@@ -58,7 +57,8 @@ QString sessionIdOf(const HttpAnswer &answer)
 /// Empty when the bytes are no UTF-8.
 QString utf8Text(const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    // Without state a cut character at the end is an error too.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(bytes);
     return decoder.hasError() ? QString() : text;
 }
@@ -110,8 +110,10 @@ void VTRMCPClient::shutDown()
                         PlatformErrorText::applicationQuits());
     // Awaiting tasks are resumed by posted events, and no event loop follows. The number of rounds
     // is that of the awaits inside one another, with room to spare.
-    for (int round = 0; m_callsUnderWay > 0 && round < 32; ++round)
+    for (int round = 0; m_callsUnderWay > 0 && round < 32; ++round) {
+        m_readerPool.waitForDone();
         QCoreApplication::sendPostedEvents();
+    }
 }
 
 QNetworkRequest VTRMCPClient::makeRequest() const
@@ -121,6 +123,8 @@ QNetworkRequest VTRMCPClient::makeRequest() const
     request.setRawHeader("Accept", "application/json, text/event-stream");
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
+    // HttpExchange has a limit of its own; Qt's would refuse a list that compresses well.
+    request.setDecompressedSafetyCheckThreshold(-1);
     // HttpExchange's promise to send a body only once holds for HTTP/1.1.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     return request;
@@ -181,8 +185,6 @@ QCoro::Task<QString> VTRMCPClient::initialize()
 
 QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject arguments)
 {
-    ++m_callsUnderWay;
-    const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
     while (true) {
         const QString sessionId = co_await getSessionId();
         QNetworkRequest request = makeRequest();

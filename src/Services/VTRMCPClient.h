@@ -15,6 +15,7 @@
 #include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QObject>
+#include <QThreadPool>
 #include <QUrl>
 
 #include <functional>
@@ -84,7 +85,8 @@ private:
     VTRMCPClient(const QUrl &endpoint, const HttpLimits &limits);
     static std::unique_ptr<VTRMCPClient> &instance();
 
-    /// Ends every exchange and starts no other; tasks under way fail before this returns.
+    /// Ends every exchange and starts no other. Tasks under way end before this returns: with an
+    /// error, or with their result when its body was being read already.
     void shutDown();
     QNetworkRequest makeRequest() const;
     QFuture<HttpAnswer> post(const QNetworkRequest &request, const QByteArray &body);
@@ -100,6 +102,7 @@ private:
     QUrl m_endpoint;
     HttpLimits m_limits;
     QNetworkAccessManager m_manager;
+    QThreadPool m_readerPool; ///< where large bodies are read
     std::optional<QString> m_sessionId;
     qint64 m_requestId = 1; ///< of the next tool call; "initialize" always has 1
     std::optional<QFuture<QString>> m_initTask;

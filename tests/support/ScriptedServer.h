@@ -1,0 +1,124 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+
+using HeaderList = QList<std::pair<QByteArray, QByteArray>>;
+
+/// A request exactly as it arrived.
+struct ReceivedRequest
+{
+    QByteArray method;
+    QByteArray path;
+    HeaderList headers; ///< in the order received, names as received
+    QByteArray body;
+    int connection = 0; ///< 1 for the first connection the server accepted
+
+    /// All values of the header joined by "; ", so that a repeated header shows.
+    QByteArray header(const QByteArray &name) const;
+    QJsonObject json() const;
+    QString rpcMethod() const;
+    /// The tool and arguments of a tool call.
+    QString tool() const;
+    QJsonObject arguments() const;
+};
+
+/// What the server does about one request.
+struct ScriptedAnswer
+{
+    enum class Framing { contentLength, chunked, untilClose };
+    enum class Ending { keepAlive, close, reset };
+
+    int status = 200;
+    HeaderList headers;
+    QByteArray body;
+    Framing framing = Framing::contentLength;
+    /// After the answer, or instead of it when nothing of it is sent.
+    Ending ending = Ending::keepAlive;
+    /// Only so many bytes of the whole answer are sent; 0 sends nothing at all.
+    qsizetype cutAfter = -1;
+    /// When set, sent in place of an HTTP answer.
+    QByteArray raw;
+    /// The body is sent in pieces of this size, one each `pieceInterval`.
+    qsizetype pieceSize = 0;
+    int pieceInterval = 0;
+    /// Kept back until ScriptedServer::release().
+    bool isHeld = false;
+
+    static ScriptedAnswer text(const QByteArray &body, int status = 200);
+    static ScriptedAnswer json(const QJsonObject &body, int status = 200);
+    /// The JSON-RPC answer whose "structuredContent" is `content`.
+    static ScriptedAnswer content(const QJsonObject &content = {});
+    /// The answer to "initialize" that opens this session.
+    static ScriptedAnswer session(const QByteArray &id, int status = 200);
+    static ScriptedAnswer closedWithoutAnswer();
+    static ScriptedAnswer silence();
+
+    ScriptedAnswer held() const;
+    ScriptedAnswer withHeader(const QByteArray &name, const QByteArray &value) const;
+};
+
+/// A raw HTTP/1.1 server on the loopback interface that records what it receives and answers by
+/// script. It knows nothing of the client's code and shares none with it.
+class ScriptedServer : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Transport { plain, tls };
+
+    explicit ScriptedServer(Transport transport = Transport::plain);
+
+    QUrl endpoint(const QString &path = QStringLiteral("/mcp")) const;
+
+    /// Answers "initialize"; as it comes it opens "session-1", "session-2" and so on.
+    std::function<ScriptedAnswer(const ReceivedRequest &)> onInitialize;
+    /// Answers every tool call; as it comes with an empty result.
+    std::function<ScriptedAnswer(const ReceivedRequest &)> onToolCall;
+    /// Answers the next tool calls in turn, before `onToolCall` is asked.
+    void enqueue(const QList<ScriptedAnswer> &answers) { m_queue += answers; }
+
+    const QList<ReceivedRequest> &requests() const { return m_requests; }
+    QList<ReceivedRequest> initializations() const { return withMethod(u"initialize"); }
+    QList<ReceivedRequest> toolCalls() const { return withMethod(u"tools/call"); }
+    int openConnections() const;
+
+    int heldCount() const { return static_cast<int>(m_held.size()); }
+    /// Sends the held answer at this position, counted from the oldest one.
+    void release(int position = 0);
+
+    /// Stops listening and drops every connection.
+    void close();
+
+private:
+    struct Connection
+    {
+        QPointer<QTcpSocket> socket;
+        QByteArray received;
+        int number = 0;
+    };
+
+    void accept();
+    void read(const std::shared_ptr<Connection> &connection);
+    bool takeRequest(Connection &connection);
+    ScriptedAnswer answerTo(const ReceivedRequest &request);
+    void send(const QPointer<QTcpSocket> &socket, const ScriptedAnswer &answer);
+    QList<ReceivedRequest> withMethod(QStringView method) const;
+
+    std::unique_ptr<QTcpServer> m_server;
+    Transport m_transport;
+    QList<std::shared_ptr<Connection>> m_connections;
+    QList<ReceivedRequest> m_requests;
+    QList<ScriptedAnswer> m_queue;
+    QList<std::pair<QPointer<QTcpSocket>, ScriptedAnswer>> m_held;
+};
