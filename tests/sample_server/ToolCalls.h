@@ -1,0 +1,97 @@
+#pragma once
+
+#include "sample_server/ToolRegistry.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTimeZone>
+
+/// Calls tools without a network, at a fixed time.
+namespace ToolCalls {
+
+using namespace Qt::StringLiterals;
+
+inline QDateTime moment(const QString &isoText)
+{
+    QDateTime moment = QDateTime::fromString(isoText, Qt::ISODate);
+    moment.setTimeZone(QTimeZone("Europe/Istanbul"));
+    return moment;
+}
+
+/// A Saturday at noon.
+inline QDateTime fixedNow()
+{
+    return moment(u"2026-11-21T12:00:00"_s);
+}
+
+inline QDate fixedToday()
+{
+    return fixedNow().date();
+}
+
+inline QString dayText(int daysAhead)
+{
+    return fixedToday().addDays(daysAhead).toString(Qt::ISODate);
+}
+
+inline const Sample::ToolRegistry &registry()
+{
+    static const Sample::ToolRegistry tools;
+    return tools;
+}
+
+inline QJsonObject call(const QString &tool, const QJsonObject &arguments,
+                        const QDateTime &now = fixedNow())
+{
+    return registry().call(tool, arguments, { now, u"https://www.example.test"_s });
+}
+
+/// The message of the refusal, or an empty text when the call succeeds.
+inline QString refusal(const QString &tool, const QJsonObject &arguments)
+{
+    try {
+        call(tool, arguments);
+        return {};
+    } catch (const Sample::JsonRpc::Error &error) {
+        return error.message;
+    }
+}
+
+inline QJsonObject parsed(const QByteArray &json)
+{
+    return QJsonDocument::fromJson(json).object();
+}
+
+inline QJsonObject calendarArguments(const QString &from, const QString &to, const QString &date,
+                                     const QString &range = u"2_WEEKS"_s,
+                                     const QString &cabin = u"ECONOMY"_s)
+{
+    return { { u"originAirportCode"_s, from }, { u"destinationAirportCode"_s, to },
+             { u"departureDate"_s, date },     { u"tripType"_s, u"ONE_WAY"_s },
+             { u"timeRange"_s, range },        { u"cabinClass"_s, cabin },
+             { u"isReturnFlight"_s, false },   { u"stayDuration"_s, 14 } };
+}
+
+inline QJsonObject searchArguments(const QString &from, const QString &to, const QString &date,
+                                   int passengers = 1)
+{
+    const QJsonObject adults { { u"passengerType"_s, u"ADT"_s }, { u"quantity"_s, passengers } };
+    return { { u"from"_s, from },
+             { u"to"_s, to },
+             { u"departureDate"_s, date },
+             { u"tripType"_s, u"one_way"_s },
+             { u"passengers"_s, QJsonArray { adults } } };
+}
+
+inline QJsonArray optionsOf(const QJsonObject &reply)
+{
+    return reply["availabilityData"_L1]["originDestinationInformations"_L1][0]
+                ["originDestinationOptions"_L1].toArray();
+}
+
+inline QJsonArray options(const QString &from, const QString &to, const QString &date)
+{
+    return optionsOf(call(u"search_flights"_s, searchArguments(from, to, date)));
+}
+
+} // namespace ToolCalls
