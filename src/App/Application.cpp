@@ -46,9 +46,8 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     return true;
 }
 
-int runApplication(int &argc, char **argv, const QString &title)
+int runApplication(const QString &title)
 {
-    QGuiApplication application(argc, argv);
     prepareApplication();
     QQmlApplicationEngine engine;
     if (!loadMainWindow(engine, title))

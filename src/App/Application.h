@@ -11,6 +11,5 @@ void prepareApplication();
 /// not load.
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title);
 
-/// The whole program: makes the application object, shows the window, and runs until it closes.
-/// Returns the exit status.
-int runApplication(int &argc, char **argv, const QString &title);
+/// Shows the window and runs until it closes. Returns the exit status.
+int runApplication(const QString &title);

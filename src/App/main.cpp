@@ -1,3 +1,9 @@
 #include "App/Application.h"
 
-int main(int argc, char *argv[]) { return runApplication(argc, argv, {}); }
+#include <QGuiApplication>
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    return runApplication(QStringLiteral("Vantora"));
+}

@@ -1,39 +1,69 @@
 import QtQuick
 import Vantora
 
-/// The content of the window.
+/// The content of the window: the search form, the fare chart and the flights, on one page.
 FocusScope {
     id: mainView
 
     readonly property FlightSearchViewModel viewModel: FlightSearchViewModel {}
+    property bool showFlightStatusSheet: false
+    property bool showCityGuideSheet: false
+
+    // A wider window gives its content room up to here, and then margins.
+    readonly property real widestContent: 1440
 
     Component.onCompleted: viewModel.startSearchAll()
 
-    Column {
-        anchors.centerIn: parent
-        spacing: 8
+    ScrollPage {
+        id: scrollPage
 
-        Symbol { name: "airplane.circle"; size: 44 }
-        Symbol { name: "map.circle.fill"; size: 22; color: VTRTheme.vtrRed }
-        GradientText {
-            text: "En Ucuz Uçuşları"
-            font.family: VTRTheme.fontFamily
-            font.pixelSize: 26
-            font.weight: Font.ExtraBold
-            startColor: VTRTheme.redGradientStart
-            endColor: VTRTheme.redGradientEnd
-        }
-        VTRCard {
-            width: 300
-            PlainText { text: mainView.viewModel.selectedDate; font.weight: Font.Black }
-        }
-        RoundedSurface {
-            width: 200; height: 44; radius: 10
-            color: VTRTheme.redGradientStart
-            gradientEnd: VTRTheme.redGradientEnd
-            shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
-            shadowRadius: 8
-            shadowOffset: 3
+        anchors.fill: parent
+        contentHeight: content.height + 20 + 40
+
+        Column {
+            id: content
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 20
+            width: Math.min(scrollPage.width - 2 * 28, mainView.widestContent)
+            spacing: 20
+
+            HeaderBar {
+                width: parent.width
+                onFlightStatusRequested: mainView.showFlightStatusSheet = true
+                onCityGuideRequested: mainView.showCityGuideSheet = true
+            }
+
+            IntroView {
+                width: parent.width
+            }
+
+            Loader {
+                width: parent.width
+                active: mainView.viewModel.hasErrorMessage
+                visible: active
+                sourceComponent: ErrorBanner {
+                    text: mainView.viewModel.errorMessage
+                }
+            }
+
+            CalendarSlot {
+                width: parent.width
+                viewModel: mainView.viewModel
+            }
+
+            Loader {
+                id: results
+
+                width: parent.width
+                active: mainView.viewModel.hasSearched
+                visible: active
+                sourceComponent: FlightResultsSection {
+                    viewModel: mainView.viewModel
+                    page: scrollPage
+                    topInPage: content.y + results.y
+                }
+            }
         }
     }
 }

@@ -1,10 +1,12 @@
 import QtQuick
-import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 import Vantora
 
 /// The application's one window.
-ApplicationWindow {
+T.ApplicationWindow {
     id: window
+
+    readonly property FlightSearchViewModel viewModel: mainView.viewModel
 
     title: "Vantora"
     width: 1280
@@ -15,6 +17,9 @@ ApplicationWindow {
     color: VTRTheme.background
 
     MainView {
+        id: mainView
+
         anchors.fill: parent
+        focus: true
     }
 }

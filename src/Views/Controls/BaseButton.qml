@@ -8,6 +8,8 @@ T.AbstractButton {
     id: button
 
     property real cornerRadius: VTRTheme.controlRadius
+    /// The focus ring is shown. A list of buttons that is one tab stop decides by itself.
+    property bool showsFocus: visualFocus
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
@@ -24,7 +26,7 @@ T.AbstractButton {
     FocusRing {
         control: button
         cornerRadius: button.cornerRadius
-        visible: button.visualFocus
+        visible: button.showsFocus
         z: 1
     }
 }

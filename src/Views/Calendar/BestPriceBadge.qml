@@ -1,0 +1,41 @@
+import QtQuick
+import Vantora
+
+/// The green badge that names the cheapest day.
+Item {
+    id: badge
+
+    required property string text
+
+    implicitWidth: row.implicitWidth + 24
+    implicitHeight: row.implicitHeight + 12
+
+    RoundedSurface {
+        anchors.fill: parent
+        radius: 20
+        color: VTRTheme.bestGreen
+        shadowColor: VTRTheme.withOpacity(VTRTheme.bestGreen, 0.4)
+        shadowRadius: 6
+        shadowOffset: 2
+    }
+
+    Row {
+        id: row
+
+        anchors.centerIn: parent
+        spacing: 6
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "sparkles"
+            size: 12
+        }
+
+        PlainText {
+            anchors.verticalCenter: parent.verticalCenter
+            text: badge.text
+            font.pixelSize: 12
+            font.weight: Font.Bold
+        }
+    }
+}

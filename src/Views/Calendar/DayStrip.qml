@@ -1,0 +1,37 @@
+import QtQuick
+import Vantora
+
+/// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
+/// Its delegate is a button of the width `dayWidth` that takes `focus` while it is current.
+ListView {
+    id: strip
+
+    required property FlightSearchViewModel viewModel
+    /// The least width of a day. Where there is room, days grow up to `widestDay` to fill the row.
+    required property real narrowestDay
+    property real widestDay: 2 * narrowestDay
+    readonly property real share: (width - (count - 1) * spacing) / Math.max(count, 1)
+    readonly property real dayWidth: Math.floor(Math.max(narrowestDay, Math.min(share, widestDay)))
+    /// The focus ring is shown: the keyboard was the last to move.
+    readonly property bool showsFocus: activeFocus && !pointerMovedLast
+    property bool pointerMovedLast: false
+
+    model: viewModel.calendarPrices
+    orientation: ListView.Horizontal
+    boundsBehavior: Flickable.StopAtBounds
+    interactive: contentWidth > width
+    clip: interactive
+    activeFocusOnTab: count > 0
+    highlightMoveDuration: 0
+    Accessible.role: Accessible.List
+
+    onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
+    Keys.onPressed: event => {
+        pointerMovedLast = false;
+        if (event.key === Qt.Key_Home)
+            currentIndex = 0;
+        else if (event.key === Qt.Key_End)
+            currentIndex = count - 1;
+        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+    }
+}

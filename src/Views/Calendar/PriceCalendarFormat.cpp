@@ -1,0 +1,57 @@
+#include "Views/Calendar/PriceCalendarFormat.h"
+
+#include "Models/DateText.h"
+#include "Models/MoneyText.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double highestBar = 100;
+constexpr double lowestShare = 0.18; // a bar is never lower, so that it can be hit
+constexpr double barWithoutScale = 20;
+
+} // namespace
+
+QString PriceCalendarFormat::formatDateShort(const QString &date) const
+{
+    return DateText::shortDate(date);
+}
+
+QString PriceCalendarFormat::formatDayOfWeek(const QString &date, bool full) const
+{
+    return full ? DateText::weekday(date) : DateText::shortWeekday(date);
+}
+
+QString PriceCalendarFormat::wholeAmount(double amount) const
+{
+    return MoneyText::whole(amount);
+}
+
+double PriceCalendarFormat::barHeight(double amount, double maxPrice) const
+{
+    if (!(maxPrice > 0))
+        return barWithoutScale;
+    return std::max(amount / maxPrice, lowestShare) * highestBar;
+}
+
+QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
+                                           const QString &calendarCurrency) const
+{
+    const QString price = MoneyText::currency(best.amount, best.currency.value_or(calendarCurrency));
+    return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
+}
+
+QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &currency) const
+{
+    QStringList parts;
+    const QString day = formatDateShort(price.date);
+    if (!day.isEmpty())
+        parts.append(day + u' ' + formatDayOfWeek(price.date, true));
+    parts.append(wholeAmount(price.amount) + u' ' + currency);
+    if (price.isBestPrice)
+        parts.append(u"en uygun gün"_s);
+    return parts.join(u", "_s);
+}

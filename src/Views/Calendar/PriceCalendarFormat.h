@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Models/PriceCalendar.h"
+
+#include <QObject>
+#include <QQmlEngine>
+
+/// The texts and measures of the fare chart.
+class PriceCalendarFormat : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    /// "5 Ara"; empty when `date` is not a "yyyy-MM-dd" date.
+    Q_INVOKABLE QString formatDateShort(const QString &date) const;
+    /// "Cmt", or "Cumartesi" when `full`; empty when `date` is not a "yyyy-MM-dd" date.
+    Q_INVOKABLE QString formatDayOfWeek(const QString &date, bool full) const;
+    /// The amount without its fraction, which is cut off and not rounded.
+    Q_INVOKABLE QString wholeAmount(double amount) const;
+    /// How high a day's bar stands, in pixels, when the dearest day costs `maxPrice`.
+    Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
+    /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.
+    Q_INVOKABLE QString bestPriceText(const BestPrice &best, const QString &calendarCurrency) const;
+    /// What a screen reader says of a day: "5 Ara Cumartesi, 4850 TRY, en uygun gün".
+    Q_INVOKABLE QString spokenDay(const DailyPrice &price, const QString &currency) const;
+};

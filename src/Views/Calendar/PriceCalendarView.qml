@@ -1,0 +1,121 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantora
+
+/// The fares of the searched days, as bars and as tiles. Choosing a day loads its flights.
+Item {
+    id: calendar
+
+    required property FlightSearchViewModel viewModel
+
+    implicitHeight: content.implicitHeight + 2 * VTRTheme.padding
+
+    CardBackground {
+        anchors.fill: parent
+    }
+
+    ColumnLayout {
+        id: content
+
+        anchors.fill: parent
+        anchors.margins: VTRTheme.padding
+        spacing: 16
+
+        RowLayout {
+            spacing: VTRTheme.spacing
+
+            Column {
+                Layout.fillWidth: true
+                spacing: 4
+
+                PlainText {
+                    width: parent.width
+                    elide: Text.ElideRight
+                    text: "Esnek Tarihler Fiyat Grafiği"
+                    font.pixelSize: 18
+                    font.weight: Font.Bold
+                    Accessible.role: Accessible.Heading
+                }
+
+                PlainText {
+                    width: parent.width
+                    elide: Text.ElideRight
+                    text: "Farklı günlerdeki en düşük bilet fiyatlarını karşılaştırın ve en uygun güne uçun."
+                    color: VTRTheme.textMuted
+                }
+            }
+
+            BestPriceBadge {
+                visible: calendar.viewModel.hasBestPrice
+                text: PriceCalendarFormat.bestPriceText(calendar.viewModel.bestPrice, calendar.viewModel.currency)
+            }
+        }
+
+        DayStrip {
+            id: bars
+
+            Layout.fillWidth: true
+            Layout.preferredHeight: 24 + 166 + 8
+            viewModel: calendar.viewModel
+            narrowestDay: 46
+            spacing: 12
+            header: Item { width: 4 }
+            footer: Item { width: 4 }
+            Accessible.name: "Fiyat grafiği"
+
+            delegate: CalendarBarColumn {
+                required property int index
+
+                y: 24
+                width: bars.dayWidth
+                isBest: price.isBestPrice
+                currency: calendar.viewModel.currency
+                maxPrice: calendar.viewModel.highestPrice
+                isSelected: price.date === calendar.viewModel.selectedDate
+                focus: ListView.isCurrentItem
+                showsFocus: bars.showsFocus && ListView.isCurrentItem
+                onPressed: {
+                    bars.pointerMovedLast = true;
+                    bars.currentIndex = index;
+                }
+                onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+            }
+        }
+
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            color: VTRTheme.cardBorder
+        }
+
+        DayStrip {
+            id: tiles
+
+            Layout.fillWidth: true
+            Layout.preferredHeight: 62 + 4
+            viewModel: calendar.viewModel
+            narrowestDay: 84
+            widestDay: 140
+            spacing: 10
+            header: Item { width: 2 }
+            footer: Item { width: 2 }
+            Accessible.name: "Günler"
+
+            delegate: CalendarTileView {
+                required property int index
+
+                width: tiles.dayWidth
+                isBest: price.isBestPrice
+                currency: calendar.viewModel.currency
+                isSelected: price.date === calendar.viewModel.selectedDate
+                focus: ListView.isCurrentItem
+                showsFocus: tiles.showsFocus && ListView.isCurrentItem
+                onPressed: {
+                    tiles.pointerMovedLast = true;
+                    tiles.currentIndex = index;
+                }
+                onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+            }
+        }
+    }
+}

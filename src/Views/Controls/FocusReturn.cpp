@@ -1,0 +1,18 @@
+#include "Views/Controls/FocusReturn.h"
+
+#include <QQuickWindow>
+
+void FocusReturn::remember(QQuickItem *item)
+{
+    const QQuickWindow *window = item ? item->window() : nullptr;
+    m_item = window ? window->activeFocusItem() : nullptr;
+    const bool showsRing = m_item && m_item->property("visualFocus").toBool();
+    m_reason = showsRing ? Qt::TabFocusReason : Qt::OtherFocusReason;
+}
+
+void FocusReturn::restore()
+{
+    if (m_item)
+        m_item->forceActiveFocus(m_reason);
+    m_item.clear();
+}

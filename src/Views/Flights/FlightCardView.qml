@@ -1,0 +1,153 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantora
+
+/// One flight offer: who flies when, what it costs, and where it is booked.
+Item {
+    id: card
+
+    required property flightOption flight
+    /// The keyboard is on this card.
+    property bool showsFocus: false
+    readonly property bool isHovered: hover.hovered
+    readonly property string lowSeatWarning: FlightCardFormat.lowSeatWarning(flight)
+
+    /// Opens the offer's booking page in the browser.
+    function book() {
+        ExternalLinks.openBooking(card.flight);
+    }
+
+    implicitHeight: 104
+    Accessible.role: Accessible.Button
+    Accessible.name: FlightCardFormat.spokenFlight(flight)
+    Accessible.description: "VTR'de Satın Al"
+    Accessible.focusable: true
+    Accessible.onPressAction: card.book()
+
+    HoverHandler {
+        id: hover
+    }
+
+    RoundedSurface {
+        anchors.fill: parent
+        radius: VTRTheme.cardRadius
+        color: card.isHovered ? VTRTheme.cardBgLight : VTRTheme.cardBg
+        borderWidth: 1
+        borderColor: card.isHovered ? VTRTheme.withOpacity(VTRTheme.vtrRed, 0.5) : VTRTheme.cardBorder
+        shadowColor: Qt.rgba(0, 0, 0, 0.25)
+        shadowRadius: 6
+        shadowOffset: 3
+    }
+
+    FocusRing {
+        control: card
+        cornerRadius: VTRTheme.cardRadius
+        visible: card.showsFocus
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 18
+        anchors.rightMargin: 18
+        anchors.topMargin: 16
+        anchors.bottomMargin: 16
+        spacing: 20
+
+        FlightIdentity {
+            Layout.preferredWidth: 190
+            flightNumber: card.flight.flightNumber
+            aircraft: card.flight.aircraft
+        }
+
+        Item { Layout.fillWidth: true }
+
+        FlightTimes {
+            flight: card.flight
+        }
+
+        Item { Layout.fillWidth: true }
+
+        Column {
+            Layout.preferredWidth: 112
+            spacing: VTRTheme.spacing
+
+            Row {
+                spacing: 10
+
+                SymbolLabel {
+                    symbol: "fork.knife"
+                    text: "İkram"
+                }
+
+                SymbolLabel {
+                    symbol: "suitcase"
+                    text: "23 kg"
+                }
+            }
+
+            Tag {
+                visible: card.lowSeatWarning.length > 0
+                text: card.lowSeatWarning
+                color: VTRTheme.gold
+                fillOpacity: 0.15
+                weight: Font.Bold
+            }
+        }
+
+        Column {
+            Layout.preferredWidth: 150
+            spacing: VTRTheme.spacing
+
+            PlainText {
+                width: parent.width
+                horizontalAlignment: Text.AlignRight
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 13
+                elide: Text.ElideRight
+                text: card.flight.formattedPrice
+                font.pixelSize: 22
+                font.weight: Font.ExtraBold
+            }
+
+            BaseButton {
+                id: bookButton
+
+                anchors.right: parent.right
+                focusPolicy: Qt.NoFocus
+                // The card itself is what assistive technology presses.
+                Accessible.ignored: true
+                text: "VTR'de Satın Al"
+                topPadding: 8
+                bottomPadding: 8
+                leftPadding: 14
+                rightPadding: 14
+                onClicked: card.book()
+
+                background: RoundedSurface {
+                    radius: VTRTheme.controlRadius
+                    color: bookButton.hovered && !bookButton.pressed ? Qt.lighter(VTRTheme.redGradientStart, 1.12) : VTRTheme.redGradientStart
+                    gradientEnd: VTRTheme.redGradientEnd
+                    shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
+                    shadowRadius: 6
+                    shadowOffset: 2
+                }
+
+                contentItem: Row {
+                    spacing: 6
+
+                    PlainText {
+                        text: bookButton.text
+                        font.pixelSize: 12
+                        font.weight: Font.Bold
+                    }
+
+                    Symbol {
+                        anchors.verticalCenter: parent.verticalCenter
+                        name: "arrow.up.right"
+                        size: 10
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,69 @@
+import QtQuick
+import Vantora
+
+/// The airline's mark with the flight number and the aircraft.
+Row {
+    id: identity
+
+    required property string flightNumber
+    required property string aircraft
+
+    spacing: 12
+
+    RoundedSurface {
+        id: mark
+
+        anchors.verticalCenter: parent.verticalCenter
+        width: 44
+        height: 44
+        radius: 22
+        color: VTRTheme.redGradientStart
+        gradientEnd: VTRTheme.redGradientEnd
+        shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
+        shadowRadius: 6
+        shadowOffset: 2
+
+        Symbol {
+            anchors.centerIn: parent
+            rotation: -45
+            name: "airplane"
+            size: 20
+        }
+    }
+
+    Column {
+        anchors.verticalCenter: parent.verticalCenter
+        width: identity.width - mark.width - identity.spacing
+        spacing: 4
+
+        Row {
+            width: parent.width
+            spacing: 6
+
+            PlainText {
+                width: Math.min(implicitWidth, parent.width - carrier.width - parent.spacing)
+                elide: Text.ElideRight
+                text: identity.flightNumber
+                font.pixelSize: 16
+                font.weight: Font.Bold
+            }
+
+            Tag {
+                id: carrier
+
+                anchors.verticalCenter: parent.verticalCenter
+                text: "VTR"
+                color: VTRTheme.vtrRed
+                weight: Font.ExtraBold
+            }
+        }
+
+        PlainText {
+            width: parent.width
+            elide: Text.ElideRight
+            text: identity.aircraft
+            font.pixelSize: 11
+            color: VTRTheme.textMuted
+        }
+    }
+}
