@@ -12,7 +12,11 @@ void FocusReturn::remember(QQuickItem *item)
 
 void FocusReturn::restore()
 {
-    if (m_item)
-        m_item->forceActiveFocus(m_reason);
+    if (!m_item)
+        return;
+    m_item->forceActiveFocus(m_reason);
+    // The window may have given the focus back already, for a reason that shows no ring.
+    if (m_item->metaObject()->indexOfProperty("focusReason") >= 0)
+        m_item->setProperty("focusReason", m_reason);
     m_item.clear();
 }

@@ -46,6 +46,9 @@ T.Dialog {
         focus: true
         active: sheet.visible
         sourceComponent: sheet.content
+        // With Qt 6.4 a dialog itself is unknown to assistive technology.
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
     }
 
     T.Overlay.modal: Rectangle {
