@@ -38,13 +38,10 @@ FocusScope {
                 width: parent.width
             }
 
-            Loader {
+            ErrorBanner {
                 width: parent.width
-                active: mainView.viewModel.hasErrorMessage
-                visible: active
-                sourceComponent: ErrorBanner {
-                    text: mainView.viewModel.errorMessage
-                }
+                visible: mainView.viewModel.hasErrorMessage
+                text: mainView.viewModel.errorMessage
             }
 
             CalendarSlot {
@@ -52,17 +49,12 @@ FocusScope {
                 viewModel: mainView.viewModel
             }
 
-            Loader {
-                id: results
-
+            FlightResultsSection {
                 width: parent.width
-                active: mainView.viewModel.hasSearched
-                visible: active
-                sourceComponent: FlightResultsSection {
-                    viewModel: mainView.viewModel
-                    page: scrollPage
-                    topInPage: content.y + results.y
-                }
+                visible: mainView.viewModel.hasSearched
+                viewModel: mainView.viewModel
+                page: scrollPage
+                topInPage: content.y + y
             }
         }
     }

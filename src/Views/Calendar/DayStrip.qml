@@ -10,7 +10,7 @@ ListView {
     /// The least width of a day. Where there is room, days grow up to `widestDay` to fill the row.
     required property real narrowestDay
     property real widestDay: 2 * narrowestDay
-    readonly property real share: (width - (count - 1) * spacing) / Math.max(count, 1)
+    readonly property real share: (width - leftMargin - rightMargin - (count - 1) * spacing) / Math.max(count, 1)
     readonly property real dayWidth: Math.floor(Math.max(narrowestDay, Math.min(share, widestDay)))
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
@@ -19,7 +19,7 @@ ListView {
     model: viewModel.calendarPrices
     orientation: ListView.Horizontal
     boundsBehavior: Flickable.StopAtBounds
-    interactive: contentWidth > width
+    interactive: contentWidth + leftMargin + rightMargin > width
     clip: interactive
     activeFocusOnTab: count > 0
     highlightMoveDuration: 0

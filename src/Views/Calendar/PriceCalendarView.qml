@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Vantora
@@ -59,8 +61,8 @@ Item {
             viewModel: calendar.viewModel
             narrowestDay: 46
             spacing: 12
-            header: Item { width: 4 }
-            footer: Item { width: 4 }
+            leftMargin: 4
+            rightMargin: 4
             Accessible.name: "Fiyat grafiği"
 
             delegate: CalendarBarColumn {
@@ -97,8 +99,8 @@ Item {
             narrowestDay: 84
             widestDay: 140
             spacing: 10
-            header: Item { width: 2 }
-            footer: Item { width: 2 }
+            leftMargin: 2
+            rightMargin: 2
             Accessible.name: "Günler"
 
             delegate: CalendarTileView {

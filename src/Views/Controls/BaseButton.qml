@@ -19,9 +19,15 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: button.click()
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Accessible.onPressAction: button.press()
+    Keys.onReturnPressed: button.press()
+    Keys.onEnterPressed: button.press()
+
+    /// Acts as a click does; a disabled button does not.
+    function press() {
+        if (enabled)
+            clicked();
+    }
 
     FocusRing {
         control: button

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 
@@ -11,12 +13,14 @@ Item {
     implicitWidth: size
     implicitHeight: size
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: qsTr("Yükleniyor")
+    Accessible.name: "Yükleniyor"
 
     Repeater {
         model: 8
 
         Rectangle {
+            id: spoke
+
             required property int index
 
             x: spinner.width / 2 - width / 2
@@ -25,12 +29,12 @@ Item {
             height: spinner.size * 0.3
             radius: width / 2
             color: spinner.color
-            opacity: 0.2 + 0.8 * index / 7
+            opacity: 0.2 + 0.8 * spoke.index / 7
             antialiasing: true
             transform: Rotation {
-                origin.x: width / 2
+                origin.x: spoke.width / 2
                 origin.y: spinner.size / 2
-                angle: index * 45
+                angle: spoke.index * 45
             }
         }
     }

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 
@@ -8,7 +10,7 @@ Item {
     id: area
 
     required property FlightSearchViewModel viewModel
-    required property Flickable page
+    required property ScrollPage page
     /// Where this item begins in the page's content.
     required property real topInPage
 
@@ -40,6 +42,8 @@ Item {
         onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
 
         delegate: FlightCardView {
+            id: card
+
             required property int index
 
             width: list.width
@@ -50,7 +54,7 @@ Item {
             TapHandler {
                 onPressedChanged: {
                     list.pointerMovedLast = true;
-                    list.currentIndex = index;
+                    list.currentIndex = card.index;
                 }
             }
         }

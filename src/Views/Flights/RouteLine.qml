@@ -12,6 +12,8 @@ Row {
     }
 
     component Stretch: Rectangle {
+        id: stretch
+
         required property color from
         required property color to
 
@@ -21,8 +23,8 @@ Row {
         gradient: Gradient {
             orientation: Gradient.Horizontal
 
-            GradientStop { position: 0; color: from }
-            GradientStop { position: 1; color: to }
+            GradientStop { position: 0; color: stretch.from }
+            GradientStop { position: 1; color: stretch.to }
         }
     }
 

@@ -18,7 +18,7 @@ int Motion::swapDuration() const
     return static_cast<int>(std::lround(1000 * swapSpring().settlingTime()));
 }
 
-QList<qreal> Motion::swapCurve() const { return swapSpring().bezierSpline(); }
+QVariantList Motion::swapCurve() const { return swapSpring().bezierSpline(); }
 
 Spring::Spring(double response, double dampingFraction)
     : m_frequency(2 * std::numbers::pi / response)
@@ -44,18 +44,18 @@ double Spring::velocity(double seconds) const
 
 double Spring::settlingTime() const { return std::log(1000) / (m_damping * m_frequency); }
 
-QList<qreal> Spring::bezierSpline() const
+QVariantList Spring::bezierSpline() const
 {
     constexpr int pieces = 12;
     const double duration = settlingTime();
-    QList<qreal> spline;
+    QVariantList spline;
     for (int piece = 0; piece < pieces; ++piece) {
         const double start = double(piece) / pieces;
         const double end = double(piece + 1) / pieces;
         const double third = (end - start) / 3;
         const double startSlope = velocity(start * duration) * duration;
         const double endSlope = velocity(end * duration) * duration;
-        const double endPosition = piece + 1 == pieces ? 1 : position(end * duration);
+        const double endPosition = piece + 1 == pieces ? 1.0 : position(end * duration);
         spline << start + third << position(start * duration) + third * startSlope //
                << end - third << endPosition - third * endSlope //
                << end << endPosition;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QList>
+#include <QVariantList>
 #include <QObject>
 #include <QQmlEngine>
 
@@ -13,7 +13,7 @@ class Motion : public QObject
     QML_SINGLETON
     /// The airports changing places.
     Q_PROPERTY(int swapDuration READ swapDuration CONSTANT)
-    Q_PROPERTY(QList<qreal> swapCurve READ swapCurve CONSTANT)
+    Q_PROPERTY(QVariantList swapCurve READ swapCurve CONSTANT)
     /// A new calendar or new flights coming in.
     Q_PROPERTY(int resultsDuration READ resultsDuration CONSTANT)
     /// Cards changing places when they are sorted or filtered.
@@ -22,18 +22,18 @@ class Motion : public QObject
     Q_PROPERTY(int sheetDuration READ sheetDuration CONSTANT)
     /// A control answering the pointer.
     Q_PROPERTY(int hoverDuration READ hoverDuration CONSTANT)
-    Q_PROPERTY(QList<qreal> easeInOut READ easeInOut CONSTANT)
+    Q_PROPERTY(QVariantList easeInOut READ easeInOut CONSTANT)
 
 public:
     using QObject::QObject;
 
     int swapDuration() const;
-    QList<qreal> swapCurve() const;
+    QVariantList swapCurve() const;
     int resultsDuration() const { return 300; }
     int resortDuration() const { return 200; }
     int sheetDuration() const { return 180; }
     int hoverDuration() const { return 120; }
-    QList<qreal> easeInOut() const { return { 0.42, 0, 0.58, 1, 1, 1 }; }
+    QVariantList easeInOut() const { return { 0.42, 0.0, 0.58, 1.0, 1.0, 1.0 }; }
 };
 
 /// A spring from 0 to 1 that starts at rest.
@@ -48,7 +48,7 @@ public:
     /// When the spring has come within a thousandth of its end for good, in seconds.
     double settlingTime() const;
     /// The spring as cubic Bézier pieces over its settling time, both axes scaled to 1.
-    QList<qreal> bezierSpline() const;
+    QVariantList bezierSpline() const;
 
 private:
     double m_frequency; ///< radians per second
