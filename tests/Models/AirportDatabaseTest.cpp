@@ -1,5 +1,4 @@
 #include "Models/AirportDatabase.h"
-#include "Models/JsonReading.h"
 
 #include <QSet>
 #include <QTest>
@@ -15,7 +14,6 @@ private Q_SLOTS:
     void search_data();
     void search();
     void lookup();
-    void json();
 };
 
 void AirportDatabaseTest::theTableIsWellFormed()
@@ -85,18 +83,6 @@ void AirportDatabaseTest::lookup()
     QCOMPARE(AirportDatabase::airport(u"IST "_s).city, u"IST "_s);
     QCOMPARE(AirportDatabase::airport(QString()).name, u" Airport"_s);
     QCOMPARE(AirportDatabase::allAirports().size(), 121);
-}
-
-void AirportDatabaseTest::json()
-{
-    for (const Airport &airport : AirportDatabase::allAirports())
-        QCOMPARE(Airport::fromJson(airport.toJson()), airport);
-    QJsonObject json = AirportDatabase::allAirports().first().toJson();
-    QCOMPARE(json.keys().size(), 5);
-    json.insert("hub"_L1, u"true"_s);
-    QVERIFY_THROWS_EXCEPTION(DecodingError, Airport::fromJson(json));
-    json.remove("hub"_L1);
-    QVERIFY_THROWS_EXCEPTION(DecodingError, Airport::fromJson(json));
 }
 
 QTEST_GUILESS_MAIN(AirportDatabaseTest)

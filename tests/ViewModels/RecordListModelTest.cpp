@@ -33,7 +33,6 @@ private Q_SLOTS:
     void changes();
     void aViewThatFollowsTheSignalsEndsUpRight();
     void longListsAreReplacedAtOnce();
-    void rolesAndBounds();
 };
 
 void RecordListModelTest::changes_data()
@@ -130,17 +129,6 @@ void RecordListModelTest::longListsAreReplacedAtOnce()
     model.setRecords(list);
     QCOMPARE(resets.size(), 3);
     QCOMPARE(moves.size(), 299);
-}
-
-void RecordListModelTest::rolesAndBounds()
-{
-    FlightListModel model("flight");
-    model.setRecords(flights(u"ab"_s));
-    const int role = model.roleNames().key("flight");
-    QCOMPARE(model.data(model.index(1), role).value<FlightOption>().id, u"b"_s);
-    QVERIFY(!model.data(model.index(1), Qt::DisplayRole).isValid());
-    QVERIFY(!model.data(QModelIndex(), role).isValid());
-    QCOMPARE(model.rowCount(model.index(0)), 0);
 }
 
 QTEST_GUILESS_MAIN(RecordListModelTest)

@@ -17,8 +17,13 @@
 struct VTRMCPClientTestAccess
 {
     /// Makes a fresh client the shared one; the former is destroyed first.
-    static VTRMCPClient &replaceShared(const QUrl &endpoint, const HttpLimits &limits = {});
-    static void destroyShared();
+    static VTRMCPClient &replaceShared(const QUrl &endpoint, const HttpLimits &limits = {})
+    {
+        destroyShared();
+        VTRMCPClient::instance().reset(new VTRMCPClient(endpoint, limits));
+        return VTRMCPClient::shared();
+    }
+    static void destroyShared() { VTRMCPClient::instance().reset(); }
     /// What the end of the application does.
     static void shutDown() { VTRMCPClient::shared().shutDown(); }
 

@@ -44,7 +44,7 @@ QByteArray headOf(const ScriptedAnswer &answer)
         head += name + ": " + value + "\r\n";
     if (answer.framing == ScriptedAnswer::Framing::contentLength)
         head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
-    else if (answer.framing == ScriptedAnswer::Framing::chunked)
+    else
         head += "Transfer-Encoding: chunked\r\n";
     return head + "\r\n";
 }
@@ -192,13 +192,13 @@ ScriptedServer::ScriptedServer(Transport transport)
         qFatal("No port on the loopback interface: %s", qPrintable(m_server->errorString()));
 }
 
-QUrl ScriptedServer::endpoint(const QString &path) const
+QUrl ScriptedServer::endpoint() const
 {
     QUrl url;
     url.setScheme(m_transport == Transport::tls ? u"https"_s : u"http"_s);
     url.setHost(u"127.0.0.1"_s);
     url.setPort(m_server->serverPort());
-    url.setPath(path);
+    url.setPath(u"/mcp"_s);
     return url;
 }
 

@@ -36,7 +36,7 @@ struct ReceivedRequest
 /// What the server does about one request.
 struct ScriptedAnswer
 {
-    enum class Framing { contentLength, chunked, untilClose };
+    enum class Framing { contentLength, chunked };
     enum class Ending { keepAlive, close, reset };
 
     int status = 200;
@@ -79,7 +79,7 @@ public:
 
     explicit ScriptedServer(Transport transport = Transport::plain);
 
-    QUrl endpoint(const QString &path = QStringLiteral("/mcp")) const;
+    QUrl endpoint() const;
 
     /// Answers "initialize"; as it comes it opens "session-1", "session-2" and so on.
     std::function<ScriptedAnswer(const ReceivedRequest &)> onInitialize;
