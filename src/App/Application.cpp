@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 void prepareApplication()
 {
     QGuiApplication::setApplicationName(u"vantora"_s);
-    QGuiApplication::setApplicationDisplayName(u"Vantora"_s);
     QGuiApplication::setDesktopFileName(u"vantora"_s);
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     PlatformErrorText::installTurkishCatalogue();

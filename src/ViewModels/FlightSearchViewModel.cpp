@@ -135,6 +135,15 @@ double FlightSearchViewModel::highestPrice() const
     return highest == days.end() ? 1.0 : highest->amount;
 }
 
+int FlightSearchViewModel::selectedDayIndex() const
+{
+    const QList<DailyPrice> &days = calendarPrices();
+    const auto selected = std::find_if(days.begin(), days.end(), [this](const DailyPrice &day) {
+        return day.date == m_selectedDate;
+    });
+    return selected == days.end() ? -1 : static_cast<int>(selected - days.begin());
+}
+
 void FlightSearchViewModel::swapAirports()
 {
     const QString origin = m_originCode;

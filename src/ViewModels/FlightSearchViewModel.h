@@ -56,6 +56,7 @@ class FlightSearchViewModel : public ObservableObject
     Q_PROPERTY(Airport destinationAirport READ destinationAirport NOTIFY destinationCodeChanged)
     Q_PROPERTY(bool isRoundTrip READ isRoundTrip NOTIFY tripTypeChanged)
     Q_PROPERTY(double highestPrice READ highestPrice NOTIFY calendarPricesChanged)
+    Q_PROPERTY(int selectedDayIndex READ selectedDayIndex NOTIFY selectedDayIndexChanged)
 
 public:
     /// `now` is the moment from which the default dates are counted.
@@ -107,6 +108,8 @@ public:
     bool isRoundTrip() const { return m_tripType == TripType::roundTrip; }
     /// The dearest day of the calendar; 1 when it is empty.
     double highestPrice() const;
+    /// Where the selected day stands in the calendar; -1 when it is not one of its days.
+    int selectedDayIndex() const;
 
     // The shapes in which QML reads the state above.
     CountedListModel *calendarPricesModel() { return &m_calendarPrices; }
@@ -154,6 +157,7 @@ Q_SIGNALS:
     void isSearchingFlightsOnlyChanged();
     void errorMessageChanged();
     void hasSearchedChanged();
+    void selectedDayIndexChanged();
 
 private:
     QCoro::Task<> loadCalendar(QString searchDay);

@@ -16,6 +16,8 @@ T.ApplicationWindow {
     visible: true
     color: VTRTheme.background
 
+    menuBar: AppMenuBar {}
+
     MainView {
         id: mainView
 

@@ -50,6 +50,74 @@ bool showDirectOnly(Stage &stage)
                           [](const FlightOption &flight) { return flight.isDirect; });
 }
 
+/// The item is there, and the sheet that holds it has ended its opening motion.
+bool isShown(const Stage &stage, const QString &objectName)
+{
+    QQuickItem *item = stage.item(objectName);
+    for (const QQuickItem *ancestor = item; ancestor; ancestor = ancestor->parentItem()) {
+        if (ancestor->opacity() < 1)
+            return false;
+    }
+    return item;
+}
+
+bool openSheet(Stage &stage, const QString &button, const QString &panel)
+{
+    return stage.press(button) && stage.waitUntil([&] { return isShown(stage, panel); });
+}
+
+bool showStatusEmpty(Stage &stage)
+{
+    return openSheet(stage, u"flightStatusButton"_s, u"statusEmptyPanel"_s);
+}
+
+/// Types over the number that the sheet proposes.
+bool askForStatus(Stage &stage, const QString &number, const QString &panel)
+{
+    if (!showStatusEmpty(stage))
+        return false;
+    stage.type(number);
+    stage.pressKey(Qt::Key_Return);
+    return stage.waitUntil([&] { return isShown(stage, panel); });
+}
+
+bool showStatus(Stage &stage)
+{
+    return showStatusEmpty(stage) && stage.press(u"statusQueryButton"_s)
+           && stage.waitUntil([&] { return isShown(stage, u"statusResultCard"_s); });
+}
+
+bool showStatusDelayed(Stage &stage)
+{
+    return askForStatus(stage, u"vq1907"_s, u"statusResultCard"_s);
+}
+
+bool showStatusError(Stage &stage)
+{
+    return askForStatus(stage, u"VQ404"_s, u"statusErrorPanel"_s);
+}
+
+bool showCityGuide(Stage &stage)
+{
+    return openSheet(stage, u"cityGuideButton"_s, u"cityGuidePage"_s);
+}
+
+bool showPromotions(Stage &stage)
+{
+    if (!showCityGuide(stage))
+        return false;
+    // The keyboard is on the tabs.
+    stage.pressKey(Qt::Key_Right);
+    return stage.waitUntil([&] { return isShown(stage, u"promotionsPage"_s); });
+}
+
+/// An airport that no server knows: without a guide the sheet goes on loading.
+bool showCityGuideLoading(Stage &stage)
+{
+    stage.viewModel()->setDestinationCode(u"LUX"_s);
+    return openSheet(stage, u"cityGuideButton"_s, u"guideLoadingPanel"_s);
+}
+
 } // namespace
 
 const QList<Scene> &allScenes()
@@ -61,6 +129,13 @@ const QList<Scene> &allScenes()
         { u"error"_s, u"a failed search, over the results of the one before"_s, showError },
         { u"empty"_s, u"a day without flights"_s, showEmpty },
         { u"direct-only"_s, u"the direct flights alone"_s, showDirectOnly },
+        { u"flight-status"_s, u"the status of a punctual flight"_s, showStatus },
+        { u"flight-status-delayed"_s, u"the status of a delayed flight"_s, showStatusDelayed },
+        { u"flight-status-empty"_s, u"the status sheet before a question"_s, showStatusEmpty },
+        { u"flight-status-error"_s, u"a flight number that does not exist"_s, showStatusError },
+        { u"city-guide"_s, u"the guide of the destination"_s, showCityGuide },
+        { u"promotions"_s, u"the airline's promotions"_s, showPromotions },
+        { u"city-guide-loading"_s, u"a guide that does not come"_s, showCityGuideLoading, true },
     };
     return scenes;
 }

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QTimer>
 
@@ -31,6 +32,8 @@ Stage::Stage(QQuickWindow *window, std::chrono::milliseconds timeout)
     , m_viewModel(window->property("viewModel").value<FlightSearchViewModel *>())
     , m_timeout(timeout.count())
 {
+    // A pointer that happens to rest over the window would show its hover states.
+    QCursor::setPos(0, 0);
     m_clock.start();
     m_lastFrame.start();
     QObject::connect(

@@ -15,6 +15,15 @@ ListView {
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
+    readonly property int selectedIndex: viewModel.selectedDayIndex
+
+    /// Puts the keyboard on the selected day and brings it into view.
+    function showSelection() {
+        if (selectedIndex < 0 || selectedIndex >= count)
+            return;
+        currentIndex = selectedIndex;
+        positionViewAtIndex(selectedIndex, ListView.Contain);
+    }
 
     model: viewModel.calendarPrices
     orientation: ListView.Horizontal
@@ -22,9 +31,12 @@ ListView {
     interactive: contentWidth + leftMargin + rightMargin > width
     clip: interactive
     activeFocusOnTab: count > 0
+    keyNavigationEnabled: true
     highlightMoveDuration: 0
     Accessible.role: Accessible.List
 
+    onSelectedIndexChanged: Qt.callLater(showSelection)
+    onWidthChanged: Qt.callLater(showSelection)
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {
         pointerMovedLast = false;

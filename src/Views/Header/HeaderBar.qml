@@ -44,12 +44,14 @@ RowLayout {
     }
 
     HeaderButton {
+        objectName: "flightStatusButton"
         symbol: "clock.arrow.circlepath"
         text: "Uçuş Durumu"
         onClicked: header.flightStatusRequested()
     }
 
     HeaderButton {
+        objectName: "cityGuideButton"
         symbol: "map"
         text: "Şehir Rehberi"
         onClicked: header.cityGuideRequested()

@@ -1,0 +1,50 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Vantora
+
+/// The menu bar of the window: the help menu with the airline's two addresses.
+T.MenuBar {
+    id: menuBar
+
+    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    leftPadding: 20
+    topPadding: 4
+
+    background: Rectangle {
+        color: VTRTheme.background
+    }
+
+    contentItem: Row {
+        Repeater {
+            model: menuBar.contentModel
+        }
+    }
+
+    delegate: T.MenuBarItem {
+        id: barItem
+
+        implicitWidth: implicitContentWidth + leftPadding + rightPadding
+        implicitHeight: implicitContentHeight + topPadding + bottomPadding
+        leftPadding: 8
+        rightPadding: 8
+        topPadding: 4
+        bottomPadding: 4
+        Accessible.name: label.plainText
+
+        background: Rectangle {
+            radius: 6
+            color: barItem.highlighted || barItem.hovered ? VTRTheme.cardBgLight : "transparent"
+        }
+
+        contentItem: MnemonicText {
+            id: label
+
+            text: barItem.text
+        }
+    }
+
+    HelpMenu {}
+}
