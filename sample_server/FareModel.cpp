@@ -69,8 +69,8 @@ double stopFactor(const Itinerary &itinerary)
 {
     constexpr std::array besideDirect { 1.0, 0.91, 0.86 };
     constexpr std::array withoutDirect { 1.0, 1.0, 0.95 };
-    const bool hasDirect = FlightNetwork::shared().isServed(itinerary.origin(),
-                                                            itinerary.destination());
+    const bool hasDirect =
+        FlightNetwork::shared().isServed(itinerary.origin(), itinerary.destination());
     return (hasDirect ? besideDirect : withoutDirect).at(size_t(itinerary.stops()));
 }
 

@@ -56,15 +56,9 @@ const QList<TransferAirport> &regionalTransferAirports()
     return airports;
 }
 
-int roundedToFive(double minutes)
-{
-    return int(std::lround(minutes / 5)) * 5;
-}
+int roundedToFive(double minutes) { return int(std::lround(minutes / 5)) * 5; }
 
-int blockMinutes(double km)
-{
-    return roundedToFive(30 + km / 840 * 60);
-}
+int blockMinutes(double km) { return roundedToFive(30 + km / 840 * 60); }
 
 int slotsFor(const AirportSite &base, const AirportSite &outstation, double km, bool forTransfers)
 {
@@ -94,10 +88,7 @@ QDateTime toLocal(qint64 utcMinute, const QTimeZone &zone)
 
 } // namespace
 
-QString ScheduledFlight::flightNumber() const
-{
-    return u"VQ"_s + QString::number(number);
-}
+QString ScheduledFlight::flightNumber() const { return u"VQ"_s + QString::number(number); }
 
 const FlightNetwork &FlightNetwork::shared()
 {
@@ -128,10 +119,10 @@ void FlightNetwork::addHubServices()
         for (const AirportSite &site : airportSites()) {
             const double km = distanceKm(*base, site);
             const bool transfers = m_transferAirports.contains(&site);
-            const bool served = mainHub
-                ? km <= longestSectorKm
-                : km <= secondHubReachKm && (transfers || site.domestic || site.demand >= 4
-                                             || stableRandom(u"second hub", site.code).oneIn(2));
+            const bool served = mainHub ? km <= longestSectorKm
+                                        : km <= secondHubReachKm
+                    && (transfers || site.domestic || site.demand >= 4
+                        || stableRandom(u"second hub", site.code).oneIn(2));
             if (!site.hub && km >= shortestSectorKm && served)
                 add(*base, site, false);
         }
@@ -196,11 +187,11 @@ int FlightNetwork::allocateNumbers(const Service &service)
         start = 2101;
 
     const auto isTaken = [this](int number) {
-        const bool fixed = std::any_of(
-            std::begin(fixedNumbers), std::end(fixedNumbers), [number](const FixedNumbers &block) {
-                return number >= block.firstNumber
-                    && number < block.firstNumber + blockOfFixedNumbers;
-            });
+        const bool fixed = std::any_of(std::begin(fixedNumbers), std::end(fixedNumbers),
+                                       [number](const FixedNumbers &block) {
+                                           return number >= block.firstNumber
+                                               && number < block.firstNumber + blockOfFixedNumbers;
+                                       });
         return fixed || number == unassignedNumber || m_serviceOfNumber.contains(number);
     };
     for (int free = 0; free < count; ++free) {
@@ -236,8 +227,8 @@ bool FlightNetwork::operates(const Service &service, int slot, QDate date) const
     if (service.onlyForTransfers || service.demand >= 3)
         return true;
     const int daysOfWeek = service.demand == 2 ? 5 : 3;
-    StableRandom random
-        = stableRandom(u"weekdays", service.base->code, service.outstation->code, quint64(slot));
+    StableRandom random =
+        stableRandom(u"weekdays", service.base->code, service.outstation->code, quint64(slot));
     const int shift = random.below(7);
     // Days are spread over the week: every second day first, then those between.
     const int position = (((date.dayOfWeek() + shift) % 7) * 4) % 7;
@@ -254,9 +245,9 @@ ScheduledFlight FlightNetwork::makeFlight(const Service &service, bool outbound,
 
     StableRandom ofFlight = stableRandom(u"flight", quint64(flight.number));
     const double slotLength = double(lastDepartureMinute - firstDepartureMinute) / service.slots;
-    const int minute = std::clamp(roundedToFive(firstDepartureMinute
-                                                + slotLength * (slot + ofFlight.between(0.1, 0.9))),
-                                  firstDepartureMinute, lastDepartureMinute);
+    const int minute = std::clamp(
+        roundedToFive(firstDepartureMinute + slotLength * (slot + ofFlight.between(0.1, 0.9))),
+        firstDepartureMinute, lastDepartureMinute);
     flight.departure = QDateTime(date, QTime(minute / 60, minute % 60), Qt::UTC);
     flight.departureMinute = toUtcMinute(flight.departure, flight.origin->timeZone);
     flight.arrivalMinute = flight.departureMinute + blockMinutes(service.km);
@@ -264,8 +255,8 @@ ScheduledFlight FlightNetwork::makeFlight(const Service &service, bool outbound,
 
     const quint64 usualAircraft = ofFlight.next();
     StableRandom ofDay = stableRandom(u"aircraft", quint64(flight.number), date);
-    flight.aircraft = &aircraftFor(service.km, service.demand,
-                                   ofDay.oneIn(8) ? ofDay.next() : usualAircraft);
+    flight.aircraft =
+        &aircraftFor(service.km, service.demand, ofDay.oneIn(8) ? ofDay.next() : usualAircraft);
     return flight;
 }
 

@@ -46,7 +46,8 @@ public:
 
     /// The flights of a local day in order of departure; none when the two are not connected or on
     /// a weekday on which a thin route rests.
-    QList<ScheduledFlight> flights(const AirportSite &from, const AirportSite &to, QDate date) const;
+    QList<ScheduledFlight> flights(const AirportSite &from, const AirportSite &to,
+                                   QDate date) const;
 
     enum class Lookup { Found, UnknownNumber, NotThatDay };
     /// The flight of this number that departs on the local day `date`. `*outcome` tells why there

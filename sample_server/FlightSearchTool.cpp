@@ -15,10 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString localTime(const QDateTime &moment)
-{
-    return moment.toString(u"yyyy-MM-ddTHH:mm:ss");
-}
+QString localTime(const QDateTime &moment) { return moment.toString(u"yyyy-MM-ddTHH:mm:ss"); }
 
 int seatsLeft(const ScheduledFlight &flight)
 {
@@ -59,14 +56,14 @@ QJsonObject optionObject(const Itinerary &itinerary, int passengers, const ToolC
     QJsonArray segments;
     for (const ScheduledFlight &segment : itinerary.segments)
         segments.append(segmentObject(segment));
-    return { { u"flightSegments"_s, segments },
-             { u"journeyDuration"_s, itinerary.durationMinutes() * millisecondsOfMinute },
-             { u"cheapestPriceAmount"_s,
-               fare(itinerary, Cabin::Economy, context.today()) * passengers },
-             { u"cheapestPriceCurrency"_s, u"TRY"_s },
-             { u"cheapestBookingPriceType"_s, u"ECONOMY"_s },
-             { u"deeplinks"_s,
-               QJsonArray { bookingLink(itinerary, passengers, context.webSite) } } };
+    return {
+        { u"flightSegments"_s, segments },
+        { u"journeyDuration"_s, itinerary.durationMinutes() * millisecondsOfMinute },
+        { u"cheapestPriceAmount"_s, fare(itinerary, Cabin::Economy, context.today()) * passengers },
+        { u"cheapestPriceCurrency"_s, u"TRY"_s },
+        { u"cheapestBookingPriceType"_s, u"ECONOMY"_s },
+        { u"deeplinks"_s, QJsonArray { bookingLink(itinerary, passengers, context.webSite) } }
+    };
 }
 
 QJsonObject informationObject(const AirportSite &origin, const AirportSite &destination, QDate date,
@@ -95,14 +92,13 @@ QJsonObject searchFlights(const QJsonObject &arguments, const ToolContext &conte
         throw JsonRpc::Error { JsonRpc::InvalidParams,
                                u"\"returnDate\": dönüş günü (%1) gidiş gününden (%2) önce "
                                "olamaz."_s.arg(turkishDate(wayBack), turkishDate(departure)) };
-    const int passengers
-        = arguments.value("passengers"_L1).toArray().first()["quantity"_L1].toInt();
+    const int passengers =
+        arguments.value("passengers"_L1).toArray().first()["quantity"_L1].toInt();
 
     QJsonArray informations { informationObject(origin, destination, departure, passengers,
                                                 context) };
     if (wayBack.isValid() && arguments.value("tripType"_L1).toString() == "round"_L1)
-        informations.append(
-            informationObject(destination, origin, wayBack, passengers, context));
+        informations.append(informationObject(destination, origin, wayBack, passengers, context));
     return { { u"availabilityData"_s,
                QJsonObject { { u"originDestinationInformations"_s, informations } } } };
 }

@@ -27,10 +27,7 @@ struct FlightState
     int delayMinutes = 0; ///< as far as it is known yet
 };
 
-JsonRpc::Error refusal(const QString &message)
-{
-    return { JsonRpc::InvalidParams, message };
-}
+JsonRpc::Error refusal(const QString &message) { return { JsonRpc::InvalidParams, message }; }
 
 /// The number behind the airline's prefix; blanks around it and small letters are forgiven.
 int parsedNumber(const QString &typed)
@@ -38,8 +35,9 @@ int parsedNumber(const QString &typed)
     static const QRegularExpression shape(uR"(^VQ ?([0-9]{1,4})\z)"_s);
     const QRegularExpressionMatch match = shape.match(typed.trimmed().toUpper());
     if (!match.hasMatch())
-        throw refusal(u"\"%1\" geçerli bir uçuş numarası değil. Numara VQ ile başlamalı ve ardından "
-                      "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(typed.trimmed()));
+        throw refusal(
+            u"\"%1\" geçerli bir uçuş numarası değil. Numara VQ ile başlamalı ve ardından "
+            "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(typed.trimmed()));
     return match.captured(1).toInt();
 }
 
@@ -47,15 +45,15 @@ ScheduledFlight flightOf(int number, QDate date, QDate today)
 {
     if (std::abs(today.daysTo(date)) > ItineraryPlanner::daysOnSale)
         throw refusal(u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da sonraki "
-                      "günler sorgulanabilir."_s.arg(turkishDate(date)).arg(
-                          ItineraryPlanner::daysOnSale));
+                      "günler sorgulanabilir."_s.arg(turkishDate(date))
+                          .arg(ItineraryPlanner::daysOnSale));
     FlightNetwork::Lookup outcome {};
     if (const auto flight = FlightNetwork::shared().flight(number, date, &outcome))
         return *flight;
-    throw refusal(outcome == FlightNetwork::Lookup::UnknownNumber
-                      ? u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number)
-                      : u"VQ%1 sefer sayılı uçuş %2 günü yapılmıyor."_s.arg(number).arg(
-                            turkishDate(date)));
+    throw refusal(
+        outcome == FlightNetwork::Lookup::UnknownNumber
+            ? u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number)
+            : u"VQ%1 sefer sayılı uçuş %2 günü yapılmıyor."_s.arg(number).arg(turkishDate(date)));
 }
 
 int delayOf(const ScheduledFlight &flight)
@@ -121,17 +119,14 @@ QString statusText(const ScheduledFlight &flight, FlightState state)
     return turkish ? u"Zamanında"_s : u"On Time"_s;
 }
 
-QString clockText(const QDateTime &moment)
-{
-    return moment.toString(u"HH:mm");
-}
+QString clockText(const QDateTime &moment) { return moment.toString(u"HH:mm"); }
 
 /// What is expected while it lies ahead and has happened once it lies behind.
 void insertTimes(QJsonObject &data, const ScheduledFlight &flight, FlightState state)
 {
     data.insert(u"scheduledDeparture"_s, clockText(flight.departure));
     data.insert(u"scheduledArrival"_s, clockText(flight.arrival));
-    const qint64 delaySeconds = state.delayMinutes * 60;
+    const qint64 delaySeconds = qint64(state.delayMinutes) * 60;
     const QString departure = clockText(flight.departure.addSecs(delaySeconds));
     const QString arrival = clockText(flight.arrival.addSecs(delaySeconds));
     const bool departed = state.phase != Phase::BeforeDeparture;
@@ -147,8 +142,7 @@ void insertPlaces(QJsonObject &data, const ScheduledFlight &flight, FlightState 
 {
     StableRandom random = stableRandom(u"places", quint64(flight.number), flight.date());
     const QString terminal = QString::number(1 + random.below(3));
-    const QString gate
-        = QChar(u'A' + random.below(7)) + QString::number(1 + random.below(24));
+    const QString gate = QChar(u'A' + random.below(7)) + QString::number(1 + random.below(24));
     const QString belt = QString::number(1 + random.below(18));
     const bool fixed = flight.number == alwaysPunctual;
     if (fixed || !random.oneIn(6))

@@ -35,11 +35,10 @@ void keepShortest(QList<Itinerary> &itineraries, int count)
     QList<Itinerary> kept;
     for (const Itinerary &itinerary : std::as_const(itineraries)) {
         const ScheduledFlight &last = itinerary.segments.last();
-        const bool known
-            = std::any_of(kept.cbegin(), kept.cend(), [&last](const Itinerary &other) {
-                  return other.segments.last().number == last.number
-                      && other.segments.last().departureMinute == last.departureMinute;
-              });
+        const bool known = std::any_of(kept.cbegin(), kept.cend(), [&last](const Itinerary &other) {
+            return other.segments.last().number == last.number
+                && other.segments.last().departureMinute == last.departureMinute;
+        });
         if (!known && kept.size() < count)
             kept.append(itinerary);
     }
@@ -138,8 +137,7 @@ QList<Itinerary> ItineraryPlanner::itinerariesAlong(const Path &path, QDate date
     for (const ScheduledFlight &first : flights(*path.at(0), *path.at(1), date)) {
         Itinerary itinerary { { first } };
         for (int i = 2; i < path.size(); ++i) {
-            const ScheduledFlight *next
-                = connectingFlight(itinerary.segments.last(), *path.at(i));
+            const ScheduledFlight *next = connectingFlight(itinerary.segments.last(), *path.at(i));
             if (!next)
                 break;
             itinerary.segments.append(*next);

@@ -27,8 +27,7 @@ private:
     bool isSensible(const Path &path) const;
     const QList<ScheduledFlight> &flights(const AirportSite &from, const AirportSite &to,
                                           QDate date);
-    const ScheduledFlight *connectingFlight(const ScheduledFlight &arriving,
-                                            const AirportSite &to);
+    const ScheduledFlight *connectingFlight(const ScheduledFlight &arriving, const AirportSite &to);
     QList<Itinerary> itinerariesAlong(const Path &path, QDate date);
 
     const FlightNetwork &m_network = FlightNetwork::shared();

@@ -20,9 +20,9 @@ constexpr int longestQuotedValue = 40;
 QString typeText(const QString &type)
 {
     static const QHash<QString, QString> texts {
-        { u"object"_s, u"bir nesne"_s },   { u"array"_s, u"bir liste"_s },
-        { u"string"_s, u"bir metin"_s },   { u"integer"_s, u"bir tam sayı"_s },
-        { u"number"_s, u"bir sayı"_s },    { u"boolean"_s, u"true ya da false"_s },
+        { u"object"_s, u"bir nesne"_s }, { u"array"_s, u"bir liste"_s },
+        { u"string"_s, u"bir metin"_s }, { u"integer"_s, u"bir tam sayı"_s },
+        { u"number"_s, u"bir sayı"_s },  { u"boolean"_s, u"true ya da false"_s },
     };
     return texts.value(type, type);
 }
@@ -51,10 +51,7 @@ QString quoted(const QJsonValue &value)
     return text.size() <= longestQuotedValue ? text : text.left(longestQuotedValue) + u"…"_s;
 }
 
-QString named(const QString &path)
-{
-    return path.isEmpty() ? u"İstek"_s : u"\"%1\""_s.arg(path);
-}
+QString named(const QString &path) { return path.isEmpty() ? u"İstek"_s : u"\"%1\""_s.arg(path); }
 
 QString memberPath(const QString &path, const QString &key)
 {
@@ -86,22 +83,22 @@ Violation textViolation(const QJsonObject &schema, const QJsonValue &value, cons
     if (shortest.isDouble() && text.size() < shortest.toInteger()) {
         if (text.isEmpty())
             return named(path) + u" boş olamaz."_s;
-        return complaint(path, value, u"çok kısa; en az %1 karakter olmalı."_s.arg(
-                                          shortest.toInteger()));
+        return complaint(path, value,
+                         u"çok kısa; en az %1 karakter olmalı."_s.arg(shortest.toInteger()));
     }
     const QJsonValue longest = schema.value("maxLength"_L1);
     if (longest.isDouble() && text.size() > longest.toInteger())
-        return complaint(path, value, u"çok uzun; en çok %1 karakter olmalı."_s.arg(
-                                          longest.toInteger()));
+        return complaint(path, value,
+                         u"çok uzun; en çok %1 karakter olmalı."_s.arg(longest.toInteger()));
     const QJsonValue pattern = schema.value("pattern"_L1);
     if (pattern.isString()) {
         if (!QRegularExpression(endingStrictly(pattern.toString())).match(text).hasMatch())
-            return complaint(path, value,
-                             u"beklenen biçimde değil%1."_s.arg(exampleText(schema)));
+            return complaint(path, value, u"beklenen biçimde değil%1."_s.arg(exampleText(schema)));
     }
     if (schema.value("format"_L1).toString() == "date"_L1 && !parseDate(text).isValid())
-        return complaint(path, value, u"geçerli bir tarih değil; yyyy-aa-gg biçiminde, takvimde "
-                                      "var olan bir gün olmalı."_s);
+        return complaint(path, value,
+                         u"geçerli bir tarih değil; yyyy-aa-gg biçiminde, takvimde "
+                         "var olan bir gün olmalı."_s);
     return std::nullopt;
 }
 
@@ -128,8 +125,8 @@ Violation arrayViolation(const QJsonObject &schema, const QJsonArray &array, con
         return named(path) + u" en çok %1 öge içermeli."_s.arg(most.toInteger());
     const QJsonValue items = schema.value("items"_L1);
     for (qsizetype i = 0; items.isObject() && i < array.size(); ++i) {
-        if (const Violation found = valueViolation(items.toObject(), array.at(i),
-                                                   path + u"[%1]"_s.arg(i)))
+        if (Violation found =
+                valueViolation(items.toObject(), array.at(i), path + u"[%1]"_s.arg(i)))
             return found;
     }
     return std::nullopt;
@@ -149,8 +146,8 @@ Violation objectViolation(const QJsonObject &schema, const QJsonObject &object, 
             return named(memberPath(path, member.key())) + u" bilinmeyen bir alan."_s;
         if (!property.isObject())
             continue;
-        if (const Violation found = valueViolation(property.toObject(), member.value(),
-                                                   memberPath(path, member.key())))
+        if (Violation found =
+                valueViolation(property.toObject(), member.value(), memberPath(path, member.key())))
             return found;
     }
     return std::nullopt;
@@ -163,7 +160,8 @@ Violation enumViolation(const QJsonArray &allowed, const QJsonValue &value, cons
     QStringList names;
     for (const QJsonValue choice : allowed)
         names.append(choice.isString() ? choice.toString() : quoted(choice));
-    return complaint(path, value, names.size() == 1
+    return complaint(path, value,
+                     names.size() == 1
                          ? u"geçerli değil; %1 olmalı."_s.arg(names.first())
                          : u"geçerli değil; şunlardan biri olmalı: %1."_s.arg(names.join(u", ")));
 }
@@ -173,7 +171,7 @@ Violation valueViolation(const QJsonObject &schema, const QJsonValue &value, con
     const QString type = schema.value("type"_L1).toString();
     if (!type.isEmpty() && !hasType(value, type))
         return named(path) + u' ' + typeText(type) + u" olmalı."_s;
-    if (const Violation found = enumViolation(schema.value("enum"_L1).toArray(), value, path))
+    if (Violation found = enumViolation(schema.value("enum"_L1).toArray(), value, path))
         return found;
     if (value.isString())
         return textViolation(schema, value, path);
@@ -196,11 +194,11 @@ std::optional<QString> violation(const QJsonObject &schema, const QJsonValue &va
 QStringList uncheckedKeywords(const QJsonObject &schema)
 {
     static const QStringList known {
-        u"type"_s,      u"properties"_s, u"required"_s,  u"additionalProperties"_s,
-        u"items"_s,     u"minItems"_s,   u"maxItems"_s,  u"enum"_s,
-        u"pattern"_s,   u"minLength"_s,  u"maxLength"_s, u"minimum"_s,
-        u"maximum"_s,   u"format"_s,     u"title"_s,     u"description"_s,
-        u"examples"_s,  u"default"_s,
+        u"type"_s,     u"properties"_s, u"required"_s,  u"additionalProperties"_s,
+        u"items"_s,    u"minItems"_s,   u"maxItems"_s,  u"enum"_s,
+        u"pattern"_s,  u"minLength"_s,  u"maxLength"_s, u"minimum"_s,
+        u"maximum"_s,  u"format"_s,     u"title"_s,     u"description"_s,
+        u"examples"_s, u"default"_s,
     };
     QStringList unchecked;
     for (auto member = schema.begin(); member != schema.end(); ++member) {

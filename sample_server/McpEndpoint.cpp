@@ -93,8 +93,8 @@ HttpAnswer McpEndpoint::openSession(const QJsonObject &request, SessionStore::Mo
     const QJsonValue id = JsonRpc::idOf(request);
     try {
         const QString version = m_protocol->negotiatedVersion(request);
-        HttpAnswer answer = jsonAnswer(
-            QJsonDocument(JsonRpc::result(id, m_protocol->initializeResult(version))));
+        HttpAnswer answer =
+            jsonAnswer(QJsonDocument(JsonRpc::result(id, m_protocol->initializeResult(version))));
         answer.headers.emplaceBack(sessionHeader, m_sessions.open(version, now));
         return answer;
     } catch (const JsonRpc::Error &error) {
@@ -127,8 +127,8 @@ std::variant<HttpAnswer, McpEndpoint::Job> McpEndpoint::receiveBatch(const QJson
     if (!McpProtocol::allowsBatches(version) || messages.isEmpty()
         || messages.size() > longestBatch)
         return malformed();
-    const bool expectsAnswer = std::any_of(
-        messages.cbegin(), messages.cend(), [](const QJsonValue &message) {
+    const bool expectsAnswer =
+        std::any_of(messages.cbegin(), messages.cend(), [](const QJsonValue &message) {
             const JsonRpc::Kind kind = JsonRpc::kindOf(message);
             return kind == JsonRpc::Kind::Request || kind == JsonRpc::Kind::Invalid;
         });
@@ -144,10 +144,10 @@ std::variant<HttpAnswer, McpEndpoint::Job> McpEndpoint::receiveBatch(const QJson
             if (kind == JsonRpc::Kind::Request)
                 answers.append(protocol->answer(message.toObject(), context));
             else if (kind == JsonRpc::Kind::Invalid)
-                answers.append(JsonRpc::error(
-                    JsonRpc::idOf(message),
-                    { JsonRpc::InvalidRequest,
-                      u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s }));
+                answers.append(
+                    JsonRpc::error(JsonRpc::idOf(message),
+                                   { JsonRpc::InvalidRequest,
+                                     u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s }));
         }
         return jsonAnswer(QJsonDocument(answers));
     };

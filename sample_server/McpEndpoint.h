@@ -32,8 +32,7 @@ public:
 
 private:
     HttpAnswer openSession(const QJsonObject &request, SessionStore::Moment now);
-    std::variant<HttpAnswer, Job> receiveOne(const QJsonValue &message,
-                                             const ToolContext &context);
+    std::variant<HttpAnswer, Job> receiveOne(const QJsonValue &message, const ToolContext &context);
     std::variant<HttpAnswer, Job> receiveBatch(const QJsonArray &messages, const QString &version,
                                                const ToolContext &context);
     void observe(const QJsonValue &message) const;

@@ -25,10 +25,7 @@ QJsonObject paramsOf(const QJsonObject &request)
     return params.toObject();
 }
 
-QJsonObject typed(const QString &type)
-{
-    return { { u"type"_s, type } };
-}
+QJsonObject typed(const QString &type) { return { { u"type"_s, type } }; }
 
 } // namespace
 
@@ -39,10 +36,7 @@ const QStringList &McpProtocol::versions()
     return versions;
 }
 
-bool McpProtocol::allowsBatches(const QString &version)
-{
-    return version == "2025-03-26"_L1;
-}
+bool McpProtocol::allowsBatches(const QString &version) { return version == "2025-03-26"_L1; }
 
 QString McpProtocol::negotiatedVersion(const QJsonObject &request) const
 {
@@ -131,8 +125,7 @@ QJsonObject McpProtocol::toolResult(const QJsonObject &params, const ToolContext
                                                 params.value("arguments"_L1).toObject(), context);
     const QJsonObject text {
         { u"type"_s, u"text"_s },
-        { u"text"_s,
-          QString::fromUtf8(QJsonDocument(structured).toJson(QJsonDocument::Compact)) },
+        { u"text"_s, QString::fromUtf8(QJsonDocument(structured).toJson(QJsonDocument::Compact)) },
     };
     return { { u"content"_s, QJsonArray { text } },
              { u"structuredContent"_s, structured },

@@ -55,13 +55,13 @@ QJsonObject findPriceCalendar(const QJsonObject &arguments, const ToolContext &c
 
     // "isReturnFlight" asks for the way back, flown after the stay.
     const bool wayBack = arguments.value("isReturnFlight"_L1).toBool();
-    const QDate centre
-        = wayBack ? departure.addDays(arguments.value("stayDuration"_L1).toInt()) : departure;
+    const QDate centre =
+        wayBack ? departure.addDays(arguments.value("stayDuration"_L1).toInt()) : departure;
     ItineraryPlanner planner(wayBack ? destination : origin, wayBack ? origin : destination,
                              context.today());
-    const QList<DayFare> fares
-        = dayFares(planner, firstDay(centre, days, context.today()), days,
-                   business ? Cabin::Business : Cabin::Economy, context.today());
+    const QList<DayFare> fares =
+        dayFares(planner, firstDay(centre, days, context.today()), days,
+                 business ? Cabin::Business : Cabin::Economy, context.today());
     const auto best = std::min_element(
         fares.cbegin(), fares.cend(),
         [](const DayFare &left, const DayFare &right) { return left.amount < right.amount; });

@@ -54,8 +54,8 @@ QJsonObject promotionObject(const QJsonObject &source, const AirportSite &depart
 
 QJsonObject airlinePromotions(const QJsonObject &arguments, const ToolContext &context)
 {
-    static const QJsonArray source
-        = readResource(u"promotions.json"_s).value("promotions"_L1).toArray();
+    static const QJsonArray source =
+        readResource(u"promotions.json"_s).value("promotions"_L1).toArray();
     const AirportSite &departure = airportArgument(arguments, "departureAirportCode"_L1);
     const QString countryCode = arguments.value("countryCode"_L1).toString();
 

@@ -4,11 +4,11 @@
 
 #ifdef Q_OS_UNIX
 
-#  include <QCoreApplication>
-#  include <QSocketNotifier>
+#include <QCoreApplication>
+#include <QSocketNotifier>
 
-#  include <csignal>
-#  include <unistd.h>
+#include <csignal>
+#include <unistd.h>
 
 namespace {
 
@@ -39,8 +39,6 @@ void Sample::quitOnSignals()
 
 #else
 
-void Sample::quitOnSignals()
-{
-}
+void Sample::quitOnSignals() { }
 
 #endif

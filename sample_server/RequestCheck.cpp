@@ -49,8 +49,8 @@ HttpAnswer invalidRequest(Status status, const QString &message)
 
 HttpAnswer errorAnswer(Status status, int code, const QString &message, const QJsonValue &id)
 {
-    const QJsonObject error
-        = JsonRpc::error(id, { static_cast<JsonRpc::ErrorCode>(code), message });
+    const QJsonObject error =
+        JsonRpc::error(id, { static_cast<JsonRpc::ErrorCode>(code), message });
     return { status, QJsonDocument(error).toJson(QJsonDocument::Compact), {} };
 }
 
@@ -69,8 +69,8 @@ std::optional<HttpAnswer> refusal(const QHttpServerRequest &request)
         return invalidRequest(Status::Forbidden,
                               u"Bu kaynaktan (Origin) gelen istekler kabul edilmiyor."_s);
     if (request.method() != Method::Post && request.method() != Method::Delete) {
-        HttpAnswer answer = invalidRequest(
-            Status::MethodNotAllowed, u"Bu adreste yalnızca POST ve DELETE kullanılabilir."_s);
+        HttpAnswer answer = invalidRequest(Status::MethodNotAllowed,
+                                           u"Bu adreste yalnızca POST ve DELETE kullanılabilir."_s);
         answer.headers.emplaceBack("Allow", "POST, DELETE");
         return answer;
     }

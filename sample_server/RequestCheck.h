@@ -10,7 +10,7 @@
 namespace Sample::RequestCheck {
 
 /// Larger bodies are refused.
-constexpr qsizetype largestBody = 1024 * 1024;
+constexpr qsizetype largestBody = 1 << 20;
 
 /// The answer to a request that is refused for its origin, method or headers; absent when it may
 /// be served.

@@ -48,7 +48,7 @@ struct SampleServer::Private
     // A child, so that it changes threads together with the server.
     QHttpServer *http;
     McpEndpoint endpoint;
-    ToolContext context { {}, u"https://www.vantora-air.example"_s };
+    ToolContext context { {}, QStringLiteral(VANTORA_WEB_SITE) };
     Clock clock = [] { return QDateTime::currentDateTime(); };
     std::chrono::milliseconds delay { 0 };
     std::chrono::milliseconds jitter { 0 };
@@ -118,15 +118,14 @@ std::chrono::milliseconds SampleServer::Private::answerDelay(quint64 key) const
 {
     if (jitter.count() <= 0)
         return delay;
-    return delay + std::chrono::milliseconds(stableRandom(u"jitter", key).below(
-                       int(jitter.count()) + 1));
+    return delay
+        + std::chrono::milliseconds(stableRandom(u"jitter", key).below(int(jitter.count()) + 1));
 }
 
 SampleServer::SampleServer(QObject *parent)
     : QObject(parent)
     , d(std::make_unique<Private>(this))
-{
-}
+{ }
 
 SampleServer::~SampleServer()
 {
@@ -148,23 +147,16 @@ std::optional<quint16> SampleServer::listen(quint16 port)
     return chosen;
 }
 
-QString SampleServer::errorString() const
-{
-    return d->errorString;
-}
+QString SampleServer::errorString() const { return d->errorString; }
 
-void SampleServer::setClock(const Clock &clock)
-{
-    d->clock = clock;
-}
+void SampleServer::setClock(const Clock &clock) { d->clock = clock; }
 
 void SampleServer::setWebSite(const QString &webSite)
 {
     d->context.webSite = webSite.endsWith(u'/') ? webSite.chopped(1) : webSite;
 }
 
-void SampleServer::setAnswerDelay(std::chrono::milliseconds delay,
-                                  std::chrono::milliseconds jitter)
+void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::milliseconds jitter)
 {
     d->delay = delay;
     d->jitter = jitter;

@@ -34,7 +34,8 @@ public:
 
     /// The time by which days are past and flights are in the air; the system's when not set.
     void setClock(const Clock &clock);
-    /// Base of the booking links: an http or https address; a trailing slash is ignored.
+    /// Base of the booking links: an http or https address; a trailing slash is ignored. The web
+    /// site that the build is configured for when not set.
     void setWebSite(const QString &webSite);
     /// Holds back every answer for `delay` and a pseudo-random time up to `jitter`, without
     /// blocking other requests. With jitter, answers overtake one another.

@@ -11,17 +11,15 @@ QByteArray SessionStore::open(const QString &protocolVersion, Moment now)
 {
     dropIdle(now);
     while (!m_sessions.isEmpty() && m_sessions.size() >= m_maximumCount) {
-        const auto oldest
-            = std::min_element(m_sessions.cbegin(), m_sessions.cend(),
-                               [](const Session &left, const Session &right) {
-                                   return left.lastUse < right.lastUse;
-                               });
+        const auto oldest = std::min_element(
+            m_sessions.cbegin(), m_sessions.cend(),
+            [](const Session &left, const Session &right) { return left.lastUse < right.lastUse; });
         m_sessions.erase(oldest);
     }
     std::array<quint32, 4> random {};
     QRandomGenerator::system()->fillRange(random.data(), qsizetype(random.size()));
-    const QByteArray id
-        = QByteArray(reinterpret_cast<const char *>(random.data()), sizeof(random)).toHex();
+    QByteArray id =
+        QByteArray(reinterpret_cast<const char *>(random.data()), sizeof(random)).toHex();
     m_sessions.insert(id, { protocolVersion, now });
     return id;
 }
@@ -50,9 +48,8 @@ int SessionStore::count(Moment now)
 
 void SessionStore::dropIdle(Moment now)
 {
-    m_sessions.removeIf([this, now](const auto &entry) {
-        return now - entry.value().lastUse >= m_idleTimeout;
-    });
+    m_sessions.removeIf(
+        [this, now](const auto &entry) { return now - entry.value().lastUse >= m_idleTimeout; });
 }
 
 } // namespace Sample

@@ -15,8 +15,8 @@ const AirportSite &airportArgument(const QJsonObject &arguments, QLatin1StringVi
     const AirportSite *site = airportSite(code);
     if (!site)
         throw JsonRpc::Error { JsonRpc::InvalidParams,
-                               u"\"%1\": \"%2\" bilinen bir havalimanı kodu değil."_s.arg(
-                                   key, code) };
+                               u"\"%1\": \"%2\" bilinen bir havalimanı kodu değil."_s.arg(key,
+                                                                                          code) };
     return *site;
 }
 

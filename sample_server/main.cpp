@@ -70,8 +70,10 @@ Options parse(const QStringList &arguments)
         bool isNumber = false;
         const int value = arguments.at(i).toInt(&isNumber);
         if (!isNumber || value < 0 || value > largest) {
-            options.complaint = u"%1 için 0 ile %2 arasında bir sayı gerekir, \"%3\" verildi."_s
-                                    .arg(name).arg(largest).arg(arguments.at(i));
+            options.complaint =
+                u"%1 için 0 ile %2 arasında bir sayı gerekir, \"%3\" verildi."_s.arg(name)
+                    .arg(largest)
+                    .arg(arguments.at(i));
             return options;
         }
         if (isPort)
@@ -111,8 +113,10 @@ int main(int argc, char *argv[])
         QObject::connect(&server, &SampleServer::toolCalled, &server, &logCall);
     const std::optional<quint16> port = server.listen(options.port);
     if (!port) {
-        print(stderr, u"127.0.0.1:%1 dinlenemiyor: kapı kullanımda olabilir ya da izin yok (%2)."_s
-                          .arg(options.port).arg(server.errorString()));
+        print(stderr,
+              u"127.0.0.1:%1 dinlenemiyor: kapı kullanımda olabilir ya da izin yok (%2)."_s
+                  .arg(options.port)
+                  .arg(server.errorString()));
         return exitFailure;
     }
     print(stdout, u"listening %1"_s.arg(*port));

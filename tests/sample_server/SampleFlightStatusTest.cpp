@@ -44,9 +44,10 @@ Flags flagsOf(const QJsonObject &data)
 
 QJsonObject statusOf(const QString &number, const QString &date, const QDateTime &now = fixedNow())
 {
-    return call(u"flight-status"_s,
-                { { u"flightNumber"_s, number }, { u"flightDate"_s, date } }, now)
-        .value("flightData"_L1).toObject();
+    return call(u"flight-status"_s, { { u"flightNumber"_s, number }, { u"flightDate"_s, date } },
+                now)
+        .value("flightData"_L1)
+        .toObject();
 }
 
 /// Whether any departure or arrival differs from the schedule.
@@ -117,7 +118,7 @@ void SampleFlightStatusTest::followsTheClock()
         int stage = 0; // before, in the air, landed
         bool delayed = false;
         for (int minute = -24 * 60; minute < 48 * 60; minute += 10) {
-            const QJsonObject data = statusOf(number, date, midnight.addSecs(minute * 60));
+            const QJsonObject data = statusOf(number, date, midnight.addSecs(60LL * minute));
             const Flags flags = flagsOf(data);
             QVERIFY(!(flags.landed && flags.inAir));
             const int now = flags.landed ? 2 : flags.inAir ? 1 : 0;
@@ -147,8 +148,8 @@ void SampleFlightStatusTest::agreesWithSearch()
                 for (const QJsonValue segment : option["flightSegments"_L1].toArray()) {
                     const QString departure = segment["departureDateTime"_L1].toString();
                     const QString arrival = segment["arrivalDateTime"_L1].toString();
-                    const QJsonObject data
-                        = statusOf(segment["flightNumber"_L1].toString(), departure.left(10));
+                    const QJsonObject data =
+                        statusOf(segment["flightNumber"_L1].toString(), departure.left(10));
                     QCOMPARE(data["origin"_L1], segment["departureAirportCode"_L1]);
                     QCOMPARE(data["destination"_L1], segment["arrivalAirportCode"_L1]);
                     QCOMPARE(data["scheduledDeparture"_L1].toString(), departure.mid(11, 5));
@@ -175,9 +176,9 @@ void SampleFlightStatusTest::everyStateAndGapOccurs()
                 QVERIFY(data["estimatedDeparture"_L1] != data["scheduledDeparture"_L1]);
         }
     }
-    for (const auto &text : { u"Zamanında"_s, u"On Time"_s, u"Gecikmeli (N dk)"_s,
-                              u"Delayed (N min)"_s, u"Havada"_s, u"In Flight"_s, u"İndi"_s,
-                              u"Landed"_s })
+    for (const auto &text :
+         { u"Zamanında"_s, u"On Time"_s, u"Gecikmeli (N dk)"_s, u"Delayed (N min)"_s, u"Havada"_s,
+           u"In Flight"_s, u"İndi"_s, u"Landed"_s })
         texts.remove(text);
     texts.remove(u"Havada, Gecikmeli (N dk)"_s);
     texts.remove(u"In Flight, Delayed (N min)"_s);

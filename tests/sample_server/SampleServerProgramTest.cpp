@@ -39,8 +39,8 @@ void SampleServerProgramTest::badArgumentsAreRefused_data()
                                << number.arg(u"--port", u"65535", u"http");
     QTest::newRow("port large") << QStringList { u"--port"_s, u"65536"_s } << 2
                                 << number.arg(u"--port", u"65535", u"65536");
-    QTest::newRow("delay negative") << QStringList { u"--delay"_s, u"-1"_s } << 2
-                                    << number.arg(u"--delay", u"60000", u"-1");
+    QTest::newRow("delay negative")
+        << QStringList { u"--delay"_s, u"-1"_s } << 2 << number.arg(u"--delay", u"60000", u"-1");
     QTest::newRow("help") << QStringList { u"--help"_s } << 0 << u"Kullanım:"_s;
 }
 
@@ -53,8 +53,8 @@ void SampleServerProgramTest::badArgumentsAreRefused()
     process.start(program, arguments);
     QVERIFY(process.waitForFinished(20'000));
     QCOMPARE(process.exitCode(), status);
-    const QByteArray text = status == 0 ? process.readAllStandardOutput()
-                                        : process.readAllStandardError();
+    const QByteArray text =
+        status == 0 ? process.readAllStandardOutput() : process.readAllStandardError();
     QVERIFY2(QString::fromUtf8(text).contains(said), text.constData());
 }
 

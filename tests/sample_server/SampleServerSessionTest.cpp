@@ -39,7 +39,8 @@ QByteArray callBody(int id, const QString &tool, const QJsonObject &arguments)
     return QJsonDocument(QJsonObject { { u"jsonrpc"_s, u"2.0"_s },
                                        { u"id"_s, id },
                                        { u"method"_s, u"tools/call"_s },
-                                       { u"params"_s, params } }).toJson(QJsonDocument::Compact);
+                                       { u"params"_s, params } })
+        .toJson(QJsonDocument::Compact);
 }
 
 struct ExpectedCall
@@ -52,7 +53,7 @@ struct ExpectedCall
 ExpectedCall callOf(int number)
 {
     static const QStringList codes { u"LHR"_s, u"JFK"_s, u"AYT"_s, u"SYD"_s, u"VAN"_s };
-    const QString code = codes.at(number % codes.size());
+    const QString &code = codes.at(number % codes.size());
     switch (number % 3) {
     case 0:
         return { u"find_flight_price_calendar"_s,
@@ -132,7 +133,8 @@ void SampleServerSessionTest::manyParallelCallsOnTwoSessions()
     }
     QTRY_VERIFY_WITH_TIMEOUT(
         std::all_of(replies.cbegin(), replies.cend(),
-                    [](const QNetworkReply *reply) { return reply->isFinished(); }), 60'000);
+                    [](const QNetworkReply *reply) { return reply->isFinished(); }),
+        60'000);
     for (int i = 0; i < replies.size(); ++i) {
         const TestClient::Answer answer = TestClient::read(replies.at(i));
         QCOMPARE(answer.status, 200);
@@ -154,11 +156,12 @@ void SampleServerSessionTest::answersOvertakeOneAnother()
     client.onServer([](SampleServer &server) { server.setAnswerDelay(50ms, 400ms); });
     QList<int> finished;
     for (int id = 0; id < 6; ++id) {
-        QNetworkReply *reply = client.send(
-            "POST", TestClient::sessionHeaders(session),
-            R"({"jsonrpc":"2.0","method":"ping","id":)" + QByteArray::number(id) + '}');
-        connect(reply, &QNetworkReply::finished, reply,
-                [&finished, reply] { finished.append(TestClient::read(reply).json()["id"_L1].toInt()); });
+        QNetworkReply *reply =
+            client.send("POST", TestClient::sessionHeaders(session),
+                        R"({"jsonrpc":"2.0","method":"ping","id":)" + QByteArray::number(id) + '}');
+        connect(reply, &QNetworkReply::finished, reply, [&finished, reply] {
+            finished.append(TestClient::read(reply).json()["id"_L1].toInt());
+        });
     }
     QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 6, 10'000);
     QVERIFY(!std::is_sorted(finished.cbegin(), finished.cend()));
@@ -170,8 +173,8 @@ void SampleServerSessionTest::impatientClientsDoNoHarm()
     TestClient client;
     const QByteArray session = client.openSession();
     client.onServer([](SampleServer &server) { server.setAnswerDelay(60ms); });
-    const QByteArray body = callBody(1, u"search_flights"_s,
-                                     searchArguments(u"IST"_s, u"LHR"_s, dayText(1)));
+    const QByteArray body =
+        callBody(1, u"search_flights"_s, searchArguments(u"IST"_s, u"LHR"_s, dayText(1)));
     for (int i = 0; i < 20; ++i) {
         QNetworkReply *reply = client.send("POST", TestClient::sessionHeaders(session), body);
         QTest::qWait(i * 5); // some give up before their answer is due, some after

@@ -40,6 +40,7 @@ Q_DECLARE_METATYPE(TestClient::Headers)
 namespace {
 
 constexpr auto ping = R"({"jsonrpc":"2.0","id":5,"method":"ping"})";
+constexpr qsizetype largestBody = 1'048'576;
 
 } // namespace
 
@@ -85,15 +86,15 @@ void SampleServerTransportTest::httpConformity_data()
     row("type: json only in a parameter", "POST",
         { { "Content-Type", "text/plain; x=application/json" } }, ping, 415);
     row("accept: any", "POST", { { "Accept", "*/*" } }, ping, 200);
-    row("accept: list", "POST", { { "Accept", "text/event-stream, application/json;q=0.5" } },
-        ping, 200);
+    row("accept: list", "POST", { { "Accept", "text/event-stream, application/json;q=0.5" } }, ping,
+        200);
     row("accept: only a stream", "POST", { { "Accept", "text/event-stream" } }, ping, 406);
     row("accept: excluded", "POST", { { "Accept", "application/json; q=0, text/html" } }, ping,
         406);
     row("body at the limit", "POST", {},
-        QByteArray(ping) + QByteArray(1024 * 1024 - qsizetype(qstrlen(ping)), ' '), 200);
+        QByteArray(ping) + QByteArray(largestBody - qsizetype(qstrlen(ping)), ' '), 200);
     row("body over the limit", "POST", {},
-        QByteArray(ping) + QByteArray(1024 * 1024 + 1 - qsizetype(qstrlen(ping)), ' '), 413);
+        QByteArray(ping) + QByteArray(largestBody + 1 - qsizetype(qstrlen(ping)), ' '), 413);
     row("session missing", "POST", { { "mcp-session-id", "" } }, ping, 400);
     row("session unknown", "POST", { { "mcp-session-id", "feedbeef" } }, ping, 404);
     row("session unknown, notification", "POST", { { "mcp-session-id", "feedbeef" } },
@@ -101,8 +102,7 @@ void SampleServerTransportTest::httpConformity_data()
     row("delete without session", "DELETE", { { "mcp-session-id", "" } }, "", 400);
     row("delete unknown session", "DELETE", { { "mcp-session-id", "feedbeef" } }, "", 404);
     row("version header, known", "POST", { { "MCP-Protocol-Version", "2025-06-18" } }, ping, 200);
-    row("version header, unknown", "POST", { { "MCP-Protocol-Version", "1999-01-01" } }, ping,
-        400);
+    row("version header, unknown", "POST", { { "MCP-Protocol-Version", "1999-01-01" } }, ping, 400);
 }
 
 void SampleServerTransportTest::httpConformity()
@@ -152,8 +152,8 @@ void SampleServerTransportTest::messages_data()
     row("result and error", R"({"jsonrpc":"2.0","id":1,"result":{},"error":{}})", 400, -32600);
     row("notification", R"({"jsonrpc":"2.0","method":"notifications/initialized"})", 202, 0);
     row("unknown notification", R"({"jsonrpc":"2.0","method":"notifications/x"})", 202, 0);
-    row("call without id", R"({"jsonrpc":"2.0","method":"tools/call","params":{"name":"x"}})",
-        202, 0);
+    row("call without id", R"({"jsonrpc":"2.0","method":"tools/call","params":{"name":"x"}})", 202,
+        0);
     row("response", R"({"jsonrpc":"2.0","id":9,"result":{}})", 202, 0);
     row("error response", R"({"jsonrpc":"2.0","id":9,"error":{"code":1,"message":"x"}})", 202, 0);
     row("unknown method", R"({"jsonrpc":"2.0","id":1,"method":"resources/list"})", 200, -32601);
@@ -168,13 +168,15 @@ void SampleServerTransportTest::messages_data()
         200, -32602);
     row("arguments array",
         R"({"jsonrpc":"2.0","id":1,"method":"tools/call",
-            "params":{"name":"get_city_guide","arguments":["IST"]}})", 200, -32602);
-    row("no arguments",
-        R"({"jsonrpc":"2.0","id":1,"method":"tools/call","params":{"name":"get_city_guide"}})",
+            "params":{"name":"get_city_guide","arguments":["IST"]}})",
         200, -32602);
+    row("no arguments",
+        R"({"jsonrpc":"2.0","id":1,"method":"tools/call","params":{"name":"get_city_guide"}})", 200,
+        -32602);
     row("initialize without version",
         R"({"jsonrpc":"2.0","id":1,"method":"initialize",
-            "params":{"capabilities":{},"clientInfo":{"name":"x","version":"1"}}})", 200, -32602);
+            "params":{"capabilities":{},"clientInfo":{"name":"x","version":"1"}}})",
+        200, -32602);
     row("initialize without params", R"({"jsonrpc":"2.0","id":1,"method":"initialize"})", 200,
         -32602);
 }
@@ -206,9 +208,8 @@ void SampleServerTransportTest::versions()
 {
     QFETCH(QByteArray, asked);
     QFETCH(QString, offered);
-    const TestClient::Answer answer
-        = m_client.exchange("POST", { { "Content-Type", "application/json" } },
-                            TestClient::initializeBody(asked));
+    const TestClient::Answer answer = m_client.exchange(
+        "POST", { { "Content-Type", "application/json" } }, TestClient::initializeBody(asked));
     QCOMPARE(answer.status, 200);
     const QJsonObject result = answer.json().value("result"_L1).toObject();
     QCOMPARE(result.value("protocolVersion"_L1).toString(), offered);
@@ -217,8 +218,8 @@ void SampleServerTransportTest::versions()
     QCOMPARE(answer.session.size(), 32);
 
     // No initialized-notification has been sent, and the session is served all the same.
-    const TestClient::Answer list = m_client.post(
-        answer.session, R"({"jsonrpc":"2.0","id":2,"method":"tools/list"})");
+    const TestClient::Answer list =
+        m_client.post(answer.session, R"({"jsonrpc":"2.0","id":2,"method":"tools/list"})");
     QCOMPARE(list.json()["result"_L1]["tools"_L1].toArray().size(), 5);
 }
 
@@ -272,8 +273,9 @@ void SampleServerTransportTest::headerNamesIgnoreCaseAndBlanks()
     const QByteArray body = ping;
     // The body arrives in two pieces.
     socket.write("POST /mcp HTTP/1.1\r\nHost: x\r\nCONTENT-TYPE:application/json\r\n"
-                 "MCP-SESSION-ID:   " + m_session + "  \r\ncontent-length: "
-                 + QByteArray::number(body.size()) + "\r\n\r\n" + body.left(10));
+                 "MCP-SESSION-ID:   "
+                 + m_session + "  \r\ncontent-length: " + QByteArray::number(body.size())
+                 + "\r\n\r\n" + body.left(10));
     QVERIFY(socket.waitForBytesWritten(5000));
     QVERIFY(!socket.waitForReadyRead(50));
     socket.write(body.mid(10));

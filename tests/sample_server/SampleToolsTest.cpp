@@ -196,10 +196,11 @@ void SampleToolsTest::promotionsOfEveryAirport()
     QSet<QString> present;
     QSet<QString> absent;
     for (const AirportSite &site : airportSites()) {
-        const QJsonArray promotions
-            = call(u"get_airline_promotions"_s, { { u"departureAirportCode"_s, site.code },
-                                                  { u"countryCode"_s, u"TR"_s } })
-                  .value("promotions"_L1).toArray();
+        const QJsonArray promotions =
+            call(u"get_airline_promotions"_s,
+                 { { u"departureAirportCode"_s, site.code }, { u"countryCode"_s, u"TR"_s } })
+                .value("promotions"_L1)
+                .toArray();
         QVERIFY(promotions.size() >= 4 && promotions.size() <= 6);
         QSet<QString> titles;
         for (const QJsonValue promotion : promotions) {

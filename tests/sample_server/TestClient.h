@@ -83,8 +83,8 @@ public:
                     const QString &path = QStringLiteral("/mcp"))
     {
         QNetworkReply *reply = send(method, headers, body, path);
-        [[maybe_unused]] const bool finished
-            = QTest::qWaitFor([reply] { return reply->isFinished(); }, 30'000);
+        [[maybe_unused]] const bool finished =
+            QTest::qWaitFor([reply] { return reply->isFinished(); }, 30'000);
         return read(reply);
     }
 
@@ -103,15 +103,14 @@ public:
     static QByteArray initializeBody(const QByteArray &version)
     {
         return R"({"jsonrpc":"2.0","id":1,"method":"initialize","params":{"protocolVersion":")"
-            + version
-            + R"(","capabilities":{},"clientInfo":{"name":"test","version":"1"}}})";
+            + version + R"(","capabilities":{},"clientInfo":{"name":"test","version":"1"}}})";
     }
 
     /// The identifier of a new session.
     QByteArray openSession(const QByteArray &version = "2024-11-05")
     {
-        return exchange("POST", { { "Content-Type", "application/json" } },
-                        initializeBody(version)).session;
+        return exchange("POST", { { "Content-Type", "application/json" } }, initializeBody(version))
+            .session;
     }
 
 private:

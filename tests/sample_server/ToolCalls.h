@@ -19,15 +19,9 @@ inline QDateTime moment(const QString &isoText)
 }
 
 /// A Saturday at noon.
-inline QDateTime fixedNow()
-{
-    return moment(u"2026-11-21T12:00:00"_s);
-}
+inline QDateTime fixedNow() { return moment(u"2026-11-21T12:00:00"_s); }
 
-inline QDate fixedToday()
-{
-    return fixedNow().date();
-}
+inline QDate fixedToday() { return fixedNow().date(); }
 
 inline QString dayText(int daysAhead)
 {
@@ -57,10 +51,7 @@ inline QString refusal(const QString &tool, const QJsonObject &arguments)
     }
 }
 
-inline QJsonObject parsed(const QByteArray &json)
-{
-    return QJsonDocument::fromJson(json).object();
-}
+inline QJsonObject parsed(const QByteArray &json) { return QJsonDocument::fromJson(json).object(); }
 
 inline QJsonObject calendarArguments(const QString &from, const QString &to, const QString &date,
                                      const QString &range = u"2_WEEKS"_s,
@@ -86,7 +77,8 @@ inline QJsonObject searchArguments(const QString &from, const QString &to, const
 inline QJsonArray optionsOf(const QJsonObject &reply)
 {
     return reply["availabilityData"_L1]["originDestinationInformations"_L1][0]
-                ["originDestinationOptions"_L1].toArray();
+                ["originDestinationOptions"_L1]
+                    .toArray();
 }
 
 inline QJsonArray options(const QString &from, const QString &to, const QString &date)
