@@ -1,0 +1,82 @@
+#include "Views/Controls/DateEditing.h"
+
+#include "Models/DateText.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QDateTime onDate(const QDateTime &moment, const QDate &date)
+{
+    const QDateTime moved(date, moment.time());
+    return moved.isValid() && moved.date() == date ? moved : date.startOfDay();
+}
+
+} // namespace
+
+QDateTime DateEditing::addDays(const QDateTime &moment, int days) const
+{
+    return onDate(moment, moment.date().addDays(days));
+}
+
+QDateTime DateEditing::addMonths(const QDateTime &moment, int months) const
+{
+    return onDate(moment, moment.date().addMonths(months));
+}
+
+QDateTime DateEditing::onDay(const QDateTime &moment, int year, int month, int day) const
+{
+    return onDate(moment, QDate(year, month + 1, day));
+}
+
+QDateTime DateEditing::firstOfMonth(const QDateTime &moment) const
+{
+    return addDays(moment, 1 - moment.date().day());
+}
+
+QDateTime DateEditing::lastOfMonth(const QDateTime &moment) const
+{
+    return addDays(moment, moment.date().daysInMonth() - moment.date().day());
+}
+
+int DateEditing::year(const QDateTime &moment) const { return moment.date().year(); }
+int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
+int DateEditing::day(const QDateTime &moment) const { return moment.date().day(); }
+
+QString DateEditing::fullText(const QDateTime &moment) const
+{
+    return DateText::fullDate(moment.date());
+}
+
+QString DateEditing::fittingText(const QDateTime &moment, const QFont &font, qreal width) const
+{
+    const QFontMetricsF metrics(font);
+    for (const QString &text :
+         { DateText::fullDate(moment.date()), DateText::mediumDate(moment.date()) }) {
+        if (std::ceil(metrics.horizontalAdvance(text)) <= width)
+            return text;
+    }
+    return DateText::shortDate(DateText::day(moment));
+}
+
+qreal DateEditing::widestFullText(const QFont &font) const
+{
+    const QFontMetricsF metrics(font);
+    qreal widest = 0;
+    // The 20th to the 26th of each month: seven weekdays, each with two digits.
+    for (int month = 1; month <= 12; ++month) {
+        for (int day = 20; day <= 26; ++day) {
+            const QString text = DateText::fullDate(QDate(2026, month, day));
+            widest = std::max(widest, metrics.horizontalAdvance(text));
+        }
+    }
+    return std::ceil(widest) + 2;
+}
+
+QString DateEditing::monthText(const QDateTime &moment) const
+{
+    return DateText::monthAndYear(moment.date());
+}

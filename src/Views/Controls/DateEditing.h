@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDateTime>
+#include <QFont>
+#include <QObject>
+#include <QQmlEngine>
+
+/// The arithmetic and the texts of the date field. Days are counted here and not in the views: a
+/// script's dates are instants, and an instant shifted by 24 hours is not always the next day.
+///
+/// Every result keeps the time of day of the moment it is made from. Where that time does not exist
+/// on the new day, because clocks are put forward, the day counts and the time moves to one that
+/// exists.
+class DateEditing : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE QDateTime addDays(const QDateTime &moment, int days) const;
+    /// The same day of another month, or its last day when the month is shorter.
+    Q_INVOKABLE QDateTime addMonths(const QDateTime &moment, int months) const;
+    /// `month` counts from 0, as the calendar controls do.
+    Q_INVOKABLE QDateTime onDay(const QDateTime &moment, int year, int month, int day) const;
+    Q_INVOKABLE QDateTime firstOfMonth(const QDateTime &moment) const;
+    Q_INVOKABLE QDateTime lastOfMonth(const QDateTime &moment) const;
+
+    Q_INVOKABLE int year(const QDateTime &moment) const;
+    /// Counts from 0.
+    Q_INVOKABLE int month(const QDateTime &moment) const;
+    Q_INVOKABLE int day(const QDateTime &moment) const;
+
+    /// "5 Aralık 2026 Cumartesi".
+    Q_INVOKABLE QString fullText(const QDateTime &moment) const;
+    /// The longest of "5 Aralık 2026 Cumartesi", "5 Ara 2026 Cmt" and "5 Ara" that fits `width`.
+    Q_INVOKABLE QString fittingText(const QDateTime &moment, const QFont &font, qreal width) const;
+    /// Room for the full text of any day.
+    Q_INVOKABLE qreal widestFullText(const QFont &font) const;
+    /// "Aralık 2026".
+    Q_INVOKABLE QString monthText(const QDateTime &moment) const;
+};
