@@ -13,10 +13,13 @@ FocusScope {
     readonly property real widestContent: 1440
 
     Component.onCompleted: viewModel.startSearchAll()
+    onShowFlightStatusSheetChanged: flightStatusLoader.active = true
+    onShowCityGuideSheetChanged: cityGuideLoader.active = true
 
     ScrollPage {
         id: scrollPage
 
+        objectName: "page"
         anchors.fill: parent
         contentHeight: content.height + 20 + 40
 
@@ -56,6 +59,30 @@ FocusScope {
                 page: scrollPage
                 topInPage: content.y + y
             }
+        }
+    }
+
+    // A sheet's shell is made for its first opening, its content for each.
+    Loader {
+        id: flightStatusLoader
+
+        active: false
+        sourceComponent: FlightStatusSheet {
+            objectName: "flightStatusSheet"
+            visible: mainView.showFlightStatusSheet
+            onClosed: mainView.showFlightStatusSheet = false
+        }
+    }
+
+    Loader {
+        id: cityGuideLoader
+
+        active: false
+        sourceComponent: CityGuideSheet {
+            objectName: "cityGuideSheet"
+            destinationCode: mainView.viewModel.destinationCode
+            visible: mainView.showCityGuideSheet
+            onClosed: mainView.showCityGuideSheet = false
         }
     }
 }

@@ -10,13 +10,10 @@ bool hasResults(const Stage &stage)
 {
     const FlightSearchViewModel *viewModel = stage.viewModel();
     return !viewModel->hasErrorMessage() && !viewModel->calendarPrices().isEmpty()
-           && !viewModel->filteredFlights().isEmpty();
+        && !viewModel->filteredFlights().isEmpty();
 }
 
-bool showSearch(Stage &stage)
-{
-    return hasResults(stage);
-}
+bool showSearch(Stage &stage) { return hasResults(stage); }
 
 bool showLoading(Stage &stage)
 {
@@ -38,7 +35,7 @@ bool showEmpty(Stage &stage)
     const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
     stage.viewModel()->startSelectCalendarDate(stage.viewModel()->formatDate(yesterday));
     return stage.waitForSearch() && !stage.viewModel()->hasErrorMessage()
-           && stage.viewModel()->filteredFlights().isEmpty();
+        && stage.viewModel()->filteredFlights().isEmpty();
 }
 
 bool showDirectOnly(Stage &stage)
@@ -46,8 +43,8 @@ bool showDirectOnly(Stage &stage)
     stage.viewModel()->applyFilter(FlightSortOption::directOnly);
     const auto &flights = stage.viewModel()->filteredFlights();
     return hasResults(stage)
-           && std::all_of(flights.begin(), flights.end(),
-                          [](const FlightOption &flight) { return flight.isDirect; });
+        && std::all_of(flights.begin(), flights.end(),
+                       [](const FlightOption &flight) { return flight.isDirect; });
 }
 
 /// The item is there, and the sheet that holds it has ended its opening motion.
@@ -84,7 +81,7 @@ bool askForStatus(Stage &stage, const QString &number, const QString &panel)
 bool showStatus(Stage &stage)
 {
     return showStatusEmpty(stage) && stage.press(u"statusQueryButton"_s)
-           && stage.waitUntil([&] { return isShown(stage, u"statusResultCard"_s); });
+        && stage.waitUntil([&] { return isShown(stage, u"statusResultCard"_s); });
 }
 
 bool showStatusDelayed(Stage &stage)
@@ -123,7 +120,8 @@ bool showCityGuideLoading(Stage &stage)
 const QList<Scene> &allScenes()
 {
     static const QList<Scene> scenes {
-        { u"search"_s, u"the results of the search that the window starts by itself"_s, showSearch },
+        { u"search"_s, u"the results of the search that the window starts by itself"_s,
+          showSearch },
         { u"loading"_s, u"a search under way, over the results of the one before"_s, showLoading,
           true },
         { u"error"_s, u"a failed search, over the results of the one before"_s, showError },

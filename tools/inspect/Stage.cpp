@@ -64,7 +64,7 @@ bool Stage::waitForSearch()
 {
     return waitUntil([this] {
         return m_viewModel->hasSearched() && !m_viewModel->isLoading()
-               && !m_viewModel->isSearchingFlightsOnly();
+            && !m_viewModel->isSearchingFlightsOnly();
     });
 }
 

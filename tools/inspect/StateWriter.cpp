@@ -12,10 +12,7 @@ QJsonValue orNull(const std::optional<T> &value)
     return value ? QJsonValue(*value) : QJsonValue(QJsonValue::Null);
 }
 
-QJsonObject toJson(const Airport &airport)
-{
-    return airport.toJson();
-}
+QJsonObject toJson(const Airport &airport) { return airport.toJson(); }
 
 QJsonObject toJson(const DailyPrice &price)
 {

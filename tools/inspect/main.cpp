@@ -144,9 +144,8 @@ int show(const Options &options)
 
     Stage stage(window, std::chrono::seconds(options.timeoutSeconds));
     const bool isThere = stage.waitUntil([window] { return window->isExposed(); })
-                         && stage.waitForSearch() && searchBetween(stage, options)
-                         && stage.waitUntilStill() && scene.play(stage)
-                         && (scene.isRestless || stage.waitUntilStill());
+        && stage.waitForSearch() && searchBetween(stage, options) && stage.waitUntilStill()
+        && scene.play(stage) && (scene.isRestless || stage.waitUntilStill());
     const QImage picture = stage.picture();
     if (!isThere) {
         const QString reason = stage.viewModel()->errorMessageText();

@@ -1,0 +1,132 @@
+#pragma once
+
+#include "App/Application.h"
+#include "ViewModels/FlightSearchViewModel.h"
+#include "support/ClientTesting.h"
+#include "support/ScriptedServer.h"
+
+#include <QJsonArray>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+/// Collects what QML complains of; a window that complains is broken.
+class WarningCatcher
+{
+public:
+    WarningCatcher()
+    {
+        warnings().clear();
+        m_previous = qInstallMessageHandler(
+            [](QtMsgType type, const QMessageLogContext &, const QString &text) {
+                if (type != QtDebugMsg && type != QtInfoMsg)
+                    warnings().append(text);
+            });
+    }
+    ~WarningCatcher() { qInstallMessageHandler(m_previous); }
+
+    static QStringList &warnings()
+    {
+        static QStringList list;
+        return list;
+    }
+
+private:
+    QtMessageHandler m_previous;
+};
+
+/// The real window against a scripted server, as it stands after its first search.
+class TestWindow
+{
+public:
+    explicit TestWindow(ScriptedServer &server)
+    {
+        VTRMCPClientTestAccess::replaceShared(server.endpoint());
+        if (!loadMainWindow(m_engine, QStringLiteral("Test")))
+            return;
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+        m_viewModel = m_window->property("viewModel").value<FlightSearchViewModel *>();
+    }
+    ~TestWindow() { VTRMCPClientTestAccess::destroyShared(); }
+
+    QQuickWindow *window() const { return m_window; }
+    FlightSearchViewModel *viewModel() const { return m_viewModel; }
+
+    /// Waits for the end of the search under way; false after the time limit.
+    bool waitForSearch() const
+    {
+        return QTest::qWaitForWindowExposed(m_window) && QTest::qWaitFor([this] {
+                   return m_viewModel->hasSearched() && !m_viewModel->isLoading()
+                       && !m_viewModel->isSearchingFlightsOnly();
+               });
+    }
+
+    /// All visible items whose QML type is `type`, in tree order.
+    QList<QQuickItem *> itemsOfType(const QByteArray &type) const
+    {
+        QList<QQuickItem *> found;
+        collect(m_window->contentItem(), type, found);
+        return found;
+    }
+
+    void click(QQuickItem *item) const
+    {
+        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+        QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+    }
+
+private:
+    static void collect(QQuickItem *root, const QByteArray &type, QList<QQuickItem *> &found)
+    {
+        if (!root->isVisible())
+            return;
+        // QML types are named after their file and a number.
+        if (QByteArray(root->metaObject()->className()).startsWith(type + "_QMLTYPE"))
+            found.append(root);
+        const auto children = root->childItems();
+        for (QQuickItem *child : children)
+            collect(child, type, found);
+    }
+
+    QQmlApplicationEngine m_engine;
+    QQuickWindow *m_window = nullptr;
+    FlightSearchViewModel *m_viewModel = nullptr;
+};
+
+/// A calendar of `count` days from 1 December 2026 on, each 100 dearer than the one before.
+inline QJsonObject calendarContent(int count)
+{
+    QJsonArray days;
+    for (int i = 0; i < count; ++i) {
+        days.append(
+            QJsonObject { { QStringLiteral("date"),
+                            QDate(2026, 12, 1).addDays(i).toString(QStringLiteral("yyyy-MM-dd")) },
+                          { QStringLiteral("amount"), 4000 + 100 * i },
+                          { QStringLiteral("isBestPrice"), i == 0 } });
+    }
+    const QJsonObject best { { QStringLiteral("date"), QStringLiteral("2026-12-01") },
+                             { QStringLiteral("amount"), 4000 } };
+    return { { QStringLiteral("prices"), days }, { QStringLiteral("bestPrice"), best } };
+}
+
+/// `count` flights; the dearer ones are the faster ones, and every one has `segments` segments.
+inline QJsonObject flightsContent(int count, int segments = 1)
+{
+    QJsonArray options;
+    for (int i = 0; i < count; ++i) {
+        const QJsonObject segment { { QStringLiteral("flightNumber"),
+                                      QStringLiteral("VQ%1").arg(100 + i) } };
+        QJsonArray list;
+        for (int s = 0; s < segments; ++s)
+            list.append(segment);
+        options.append(
+            QJsonObject { { QStringLiteral("flightSegments"), list },
+                          { QStringLiteral("cheapestPriceAmount"), 4000 + i },
+                          { QStringLiteral("journeyDuration"), 60'000 * (20'000 - i) } });
+    }
+    const QJsonObject information { { QStringLiteral("originDestinationOptions"), options } };
+    return { { QStringLiteral("availabilityData"),
+               QJsonObject { { QStringLiteral("originDestinationInformations"),
+                               QJsonArray { information } } } } };
+}
