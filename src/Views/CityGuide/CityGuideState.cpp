@@ -1,0 +1,36 @@
+#include "Views/CityGuide/CityGuideState.h"
+
+#include "Services/VTRMCPClient.h"
+
+#include <QPointer>
+
+QCoro::Task<> CityGuideState::load(QString destinationCode)
+{
+    publish(m_destinationCode, destinationCode, &CityGuideState::destinationCodeChanged);
+    publish(m_isLoading, true, &CityGuideState::isLoadingChanged);
+
+    // The sheet may close, and take this object with it, while the server answers.
+    const QPointer<CityGuideState> self(this);
+    const QCoro::Task<CityGuideInfo> guideTask =
+        VTRMCPClient::shared().fetchCityGuide(destinationCode);
+    const QCoro::Task<QList<PromotionItem>> promotionsTask =
+        VTRMCPClient::shared().fetchPromotions();
+    try {
+        const CityGuideInfo guide = co_await guideTask;
+        const QList<PromotionItem> promotions = co_await promotionsTask;
+        if (self)
+            store(guide, promotions);
+    } catch (const McpError &) {
+        // The sheet goes on to show that it is loading; opening it again asks again.
+    }
+}
+
+void CityGuideState::store(const CityGuideInfo &guide, const QList<PromotionItem> &promotions)
+{
+    Q_EMIT objectWillChange();
+    m_guideInfo = guide;
+    Q_EMIT guideInfoChanged();
+    Q_EMIT objectWillChange();
+    m_promotions.setRecords(promotions);
+    publish(m_isLoading, false, &CityGuideState::isLoadingChanged);
+}

@@ -1,0 +1,15 @@
+import QtQuick
+import Vantora
+
+/// Asks for the live status of one flight. Every opening starts with a state of its own.
+Sheet {
+    id: statusSheet
+
+    title: "Canlı Uçuş Durumu Takibi"
+    sheetWidth: 580
+    sheetHeight: 480
+
+    FlightStatusQuery {
+        sheet: statusSheet
+    }
+}

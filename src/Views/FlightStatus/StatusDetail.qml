@@ -1,0 +1,40 @@
+import QtQuick
+import Vantora
+
+/// One detail of a status, such as the gate. It is seen only when there is a value.
+Item {
+    id: detail
+
+    required property string symbol
+    required property string label
+    required property string value
+    /// The detail becomes no wider than this.
+    required property real widest
+    readonly property bool hasValue: value.length > 0
+
+    visible: hasValue
+    implicitWidth: caption.x + caption.width
+    implicitHeight: Math.max(icon.implicitHeight, caption.implicitHeight)
+
+    Symbol {
+        id: icon
+
+        anchors.verticalCenter: parent.verticalCenter
+        name: detail.symbol
+        size: 12
+        color: VTRTheme.textSecondary
+    }
+
+    PlainText {
+        id: caption
+
+        x: icon.width + 6
+        anchors.verticalCenter: parent.verticalCenter
+        width: Math.min(Math.ceil(implicitWidth), detail.widest - x)
+        elide: Text.ElideRight
+        text: detail.label + ": " + detail.value
+        color: VTRTheme.textSecondary
+        font.pixelSize: 12
+        font.weight: Font.Medium
+    }
+}
