@@ -14,6 +14,7 @@
 #include <QSemaphore>
 #include <QTextStream>
 #include <QThread>
+#include <QTime>
 #include <QTimer>
 
 #include <algorithm>
@@ -33,7 +34,7 @@ QByteArray flightsAnswer(int count)
     for (int i = 0; i < count; ++i) {
         const int minute = i * 7919 % 1440;
         const QString time =
-            u"2026-12-05T%1:%2:00"_s.arg(minute / 60, 2, 10, u'0').arg(minute % 60, 2, 10, u'0');
+            u"2026-12-05T"_s + QTime(minute / 60, minute % 60).toString(u"HH:mm:ss"_s);
         const QJsonObject segment { { u"flightNumber"_s, u"VQ%1"_s.arg(i) },
                                     { u"departureDateTime"_s, time },
                                     { u"arrivalDateTime"_s, time },
@@ -170,7 +171,7 @@ int main(int argc, char *argv[])
     server.count = many;
     const Figures large = measure(window, viewModel);
     QTextStream out(stdout);
-    const auto row = [&out](const char *what, double small, double big) {
+    const auto row = [&out, viewModel](const char *what, double small, double big) {
         out << qSetFieldWidth(8) << Qt::left << what << qSetFieldWidth(0)
             << u"%1 ms with %2 flights, %3 ms with %4: ratio %5\n"_s.arg(small, 0, 'f', 1)
                    .arg(few)

@@ -1,13 +1,15 @@
 #include "App/Application.h"
 
+#include "App/DarkFrame.h"
 #include "Services/PlatformErrorText.h"
 
 #include <QDirIterator>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QNetworkProxyFactory>
+#include <QPalette>
 #include <QQuickStyle>
+#include <QWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
 Q_IMPORT_QML_PLUGIN(VantoraPlugin)
@@ -31,6 +33,11 @@ void prepareApplication()
     font.setPixelSize(13);
     QGuiApplication::setFont(font);
     QQuickStyle::setStyle(u"Basic"_s);
+    // Frames that the toolkit draws itself take their colours from here.
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(11, 15, 25));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(dark);
 }
 
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
@@ -42,6 +49,7 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
         qCritical("The window could not be loaded.");
         return false;
     }
+    requestDarkFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
     return true;
 }
 

@@ -84,9 +84,9 @@ HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest
     connect(m_reply, &QNetworkReply::metaDataChanged, this, restartIdleTimer);
     connect(m_reply, &QNetworkReply::metaDataChanged, source, &UnrepeatableBody::setAnswered);
     connect(&m_idleTimer, &QTimer::timeout, this,
-            [this] { fail(QNetworkReply::TimeoutError, PlatformErrorText::idleTimeout()); });
+            [this] { abort(QNetworkReply::TimeoutError, PlatformErrorText::idleTimeout()); });
     connect(&m_totalTimer, &QTimer::timeout, this,
-            [this] { fail(QNetworkReply::TimeoutError, PlatformErrorText::totalTimeout()); });
+            [this] { abort(QNetworkReply::TimeoutError, PlatformErrorText::totalTimeout()); });
     m_idleTimer.start(limits.idle);
     m_totalTimer.start(limits.total);
 }
@@ -96,17 +96,12 @@ HttpExchange::~HttpExchange()
     abort(QNetworkReply::OperationCanceledError, PlatformErrorText::applicationQuits());
 }
 
-void HttpExchange::abort(int code, const QString &localizedDescription)
-{
-    fail(code, localizedDescription);
-}
-
 void HttpExchange::takeBytes()
 {
     m_idleTimer.start();
     m_body += m_reply->readAll();
     if (m_body.size() > m_limits.bodyBytes)
-        fail(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
+        abort(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
 }
 
 void HttpExchange::finish()
@@ -123,10 +118,10 @@ void HttpExchange::finish()
         if (status != 0)
             succeed(status);
         else
-            fail(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());
+            abort(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());
         return;
     }
-    fail(error, PlatformErrorText::network(error, m_certificateError));
+    abort(error, PlatformErrorText::network(error, m_certificateError));
 }
 
 void HttpExchange::succeed(int status)
@@ -139,7 +134,7 @@ void HttpExchange::succeed(int status)
     deleteLater();
 }
 
-void HttpExchange::fail(int code, const QString &localizedDescription)
+void HttpExchange::abort(int code, const QString &localizedDescription)
 {
     if (m_hasEnded)
         return;

@@ -49,7 +49,6 @@ public:
 private:
     void takeBytes();
     void finish();
-    void fail(int code, const QString &localizedDescription);
     void succeed(int status);
 
     QPromise<HttpAnswer> m_promise;
