@@ -8,6 +8,8 @@ Item {
     required property string text
     property color color: VTRTheme.vtrRed
     property real fillOpacity: 0.2
+    /// The ground; as it comes a tint of `color`.
+    property color fill: VTRTheme.withOpacity(color, fillOpacity)
     property int weight: Font.Bold
     property int size: 10
     property real cornerRadius: 4
@@ -20,7 +22,7 @@ Item {
     RoundedSurface {
         anchors.fill: parent
         radius: tag.cornerRadius
-        color: VTRTheme.withOpacity(tag.color, tag.fillOpacity)
+        color: tag.fill
     }
 
     PlainText {

@@ -1,0 +1,25 @@
+import QtQuick
+import Vantora
+
+/// Chooses an airport: the table, filtered as one types. Choosing closes the sheet with `chosen`;
+/// closing it otherwise changes nothing. `selectedCode` is the airport chosen so far.
+Sheet {
+    id: pickerSheet
+
+    required property string selectedCode
+
+    signal chosen(code: string)
+
+    sheetWidth: 480
+    sheetHeight: 520
+    fill: VTRTheme.cardBg
+
+    AirportPicker {
+        sheet: pickerSheet
+        selectedCode: pickerSheet.selectedCode
+        onChosen: code => {
+            pickerSheet.chosen(code);
+            pickerSheet.close();
+        }
+    }
+}

@@ -1,0 +1,84 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantora
+
+/// One airport of the picker.
+BaseButton {
+    id: row
+
+    required property airport airport
+    /// It is the airport chosen so far.
+    required property bool isSelected
+    /// The keyboard's choice: Return takes it.
+    required property bool isMarked
+    readonly property bool isHovered: hovered
+
+    focusPolicy: Qt.NoFocus
+    text: airport.code + ", " + airport.city + ", " + airport.country + ", " + airport.name
+    Accessible.role: Accessible.ListItem
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    topPadding: 10
+    bottomPadding: 10
+    leftPadding: 12
+    rightPadding: 12
+
+    background: RoundedSurface {
+        radius: VTRTheme.controlRadius
+        color: row.isHovered || row.isMarked ? VTRTheme.cardBgLight : "transparent"
+        borderWidth: row.isMarked ? 1 : 0
+        borderColor: Qt.rgba(1, 1, 1, 0.16)
+    }
+
+    contentItem: RowLayout {
+        spacing: 12
+
+        Tag {
+            Layout.preferredWidth: 58
+            text: row.airport.code
+            color: row.isSelected ? VTRTheme.textPrimary : VTRTheme.textSecondary
+            fill: row.isSelected ? VTRTheme.vtrRed : VTRTheme.cardBgLight
+            size: 15
+            cornerRadius: 6
+            horizontalPadding: 8
+            verticalPadding: 4
+        }
+
+        Column {
+            Layout.fillWidth: true
+            spacing: 2
+
+            Row {
+                width: parent.width
+                spacing: VTRTheme.spacing
+
+                PlainText {
+                    width: Math.min(implicitWidth, parent.width - (hub.visible ? hub.width + parent.spacing : 0))
+                    elide: Text.ElideRight
+                    text: row.airport.city + ", " + row.airport.country
+                    font.pixelSize: 14
+                    font.weight: Font.DemiBold
+                    color: row.isSelected ? VTRTheme.vtrRed : VTRTheme.textPrimary
+                }
+
+                Tag {
+                    id: hub
+
+                    anchors.verticalCenter: parent.verticalCenter
+                    visible: row.airport.hub
+                    text: "HUB"
+                    size: 9
+                    horizontalPadding: 5
+                }
+            }
+
+            PlainText {
+                width: parent.width
+                elide: Text.ElideRight
+                text: row.airport.name
+                font.pixelSize: 12
+                color: VTRTheme.textMuted
+            }
+        }
+    }
+}
