@@ -1,0 +1,124 @@
+#include "Models/DateText.h"
+#include "Models/FlightOption.h"
+#include "Models/MoneyText.h"
+
+#include <QLocale>
+#include <QTest>
+
+#include <cmath>
+#include <ctime>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+/// Dates and prices as people read them, whatever the system's time zone and locale.
+class DateAndMoneyTextTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::c());
+        setZone("Europe/Istanbul");
+    }
+
+    void turkishNames()
+    {
+        QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+        QCOMPARE(DateText::shortDate(u"2026-08-30"_s), u"30 Ağu"_s);
+        QCOMPARE(DateText::shortWeekday(u"2026-12-05"_s), u"Cmt"_s);
+        QCOMPARE(DateText::weekday(u"2026-12-02"_s), u"Çarşamba"_s);
+        QCOMPARE(DateText::fullDate(QDate(2026, 12, 5)), u"5 Aralık 2026 Cumartesi"_s);
+        QCOMPARE(DateText::mediumDate(QDate(2028, 2, 29)), u"29 Şub 2028 Sal"_s);
+        QCOMPARE(DateText::monthAndYear(QDate(2026, 9, 1)), u"Eylül 2026"_s);
+        QCOMPARE(DateText::day(QDateTime(QDate(2026, 12, 5), QTime(9, 0))), u"2026-12-05"_s);
+    }
+
+    void noDates()
+    {
+        for (const QString &text :
+             { QString(), u"2025-13-45"_s, u"2025-02-29"_s, u"2025-12-05T08:00"_s, u" 2025-12-05"_s,
+               u"2025-12-05 "_s, u"2025/12/05"_s, u"20251205"_s, u"yarın"_s, u"2025-12"_s }) {
+            QVERIFY2(!DateText::parseDay(text), qPrintable(text));
+            QCOMPARE(DateText::shortDate(text), QString());
+        }
+    }
+
+    void dayIsThatOfTheUsersZone_data()
+    {
+        QTest::addColumn<QString>("day"); // of 2026-03-28 22:30 UTC
+        QTest::newRow("Europe/Istanbul") << u"2026-03-29"_s;
+        QTest::newRow("America/Los_Angeles") << u"2026-03-28"_s;
+        // The clock goes forward at midnight: that day has no 0:00.
+        QTest::newRow("Asia/Beirut") << u"2026-03-29"_s;
+    }
+    void dayIsThatOfTheUsersZone()
+    {
+        QFETCH(QString, day);
+        setZone(QTest::currentDataTag());
+        const QDateTime moment(QDate(2026, 3, 28), QTime(22, 30), Qt::UTC);
+        QCOMPARE(DateText::day(moment), day);
+        QCOMPARE(DateText::day(moment.toLocalTime()), day);
+        const auto parsed = DateText::parseDay(day);
+        QVERIFY(parsed && parsed->isValid());
+        QCOMPARE(DateText::day(*parsed), day);
+        QCOMPARE(DateText::day(parsed->addSecs(-1)),
+                 QDate::fromString(day, Qt::ISODate).addDays(-1).toString(Qt::ISODate));
+    }
+
+    void currency_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<double>("amount");
+        QTest::addColumn<QString>("code");
+        QTest::addColumn<QString>("text"); // with plain blanks
+
+        const auto row = [](const char *name, double amount, const QString &code,
+                            const QString &text, const QString &locale = u"tr_TR"_s) {
+            QTest::newRow(name) << locale << amount << code << text;
+        };
+        row("no language means Turkish", 4850, u"TRY"_s, u"₺4.850"_s, u"C"_s);
+        row("English", 4850, u"TRY"_s, u"TRY 4,850"_s, u"en_US"_s);
+        row("German", 4850, u"EUR"_s, u"4.850 €"_s, u"de_DE"_s);
+        row("six digits", 248'750, u"TRY"_s, u"₺248.750"_s);
+        row("half to even, down", 2.5, u"TRY"_s, u"₺2"_s);
+        row("half to even, up", 3.5, u"TRY"_s, u"₺4"_s);
+        row("just above the half", 2.5000001, u"TRY"_s, u"₺3"_s);
+        row("carries", 999.9, u"USD"_s, u"$1.000"_s);
+        row("three decimals", 12.345, u"KWD"_s, u"KWD 12"_s);
+        row("negative", -12.7, u"TRY"_s, u"-₺13"_s);
+        row("rounded to zero", 0.4, u"USD"_s, u"$0"_s, u"en_US"_s);
+        row("unknown currency", 1999.9, u"ZZZ"_s, u"ZZZ 2.000"_s);
+        row("no currency", 1999.9, QString(), u"1999 "_s);
+        row("currency is a word", 1999.9, u"Lira"_s, u"1999 Lira"_s);
+        row("currency is a sign", -0.9, u"₺"_s, u"0 ₺"_s);
+        row("currency of other letters", 7.9, u"ŞĞÜ"_s, u"7 ŞĞÜ"_s);
+        row("beyond 64 bits", 1e300, u"-"_s, u"9223372036854775807 -"_s);
+        row("last within", std::nextafter(std::exp2(63), 0), u"-"_s, u"9223372036854774784 -"_s);
+        row("below 64 bits", -1e300, u"-"_s, u"-9223372036854775808 -"_s);
+        row("no number", std::numeric_limits<double>::quiet_NaN(), u"-"_s, u"0 -"_s);
+    }
+    void currency()
+    {
+        QFETCH(QString, locale);
+        QFETCH(double, amount);
+        QFETCH(QString, code);
+        QFETCH(QString, text);
+        QLocale::setDefault(QLocale(locale));
+        FlightOption flight;
+        flight.price = amount;
+        flight.currency = code;
+        QCOMPARE(flight.formattedPrice().replace(QChar::Nbsp, u' '), text);
+    }
+
+private:
+    static void setZone(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        ::tzset();
+    }
+};
+
+QTEST_GUILESS_MAIN(DateAndMoneyTextTest)
+#include "DateAndMoneyTextTest.moc"
