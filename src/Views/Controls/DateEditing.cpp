@@ -11,8 +11,34 @@ namespace {
 
 QDateTime onDate(const QDateTime &moment, const QDate &date)
 {
+    if (date == moment.date())
+        return moment;
     const QDateTime moved(date, moment.time());
     return moved.isValid() && moved.date() == date ? moved : date.startOfDay();
+}
+
+QDate dayAfterKey(const QDate &day, int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return day.addDays(-1);
+    case Qt::Key_Right:
+        return day.addDays(1);
+    case Qt::Key_Up:
+        return day.addDays(-7);
+    case Qt::Key_Down:
+        return day.addDays(7);
+    case Qt::Key_PageUp:
+        return day.addMonths(-1);
+    case Qt::Key_PageDown:
+        return day.addMonths(1);
+    case Qt::Key_Home:
+        return QDate(day.year(), day.month(), 1);
+    case Qt::Key_End:
+        return QDate(day.year(), day.month(), day.daysInMonth());
+    default:
+        return day;
+    }
 }
 
 } // namespace
@@ -32,14 +58,14 @@ QDateTime DateEditing::onDay(const QDateTime &moment, int year, int month, int d
     return onDate(moment, QDate(year, month + 1, day));
 }
 
-QDateTime DateEditing::firstOfMonth(const QDateTime &moment) const
+bool DateEditing::moves(int key) const
 {
-    return addDays(moment, 1 - moment.date().day());
+    return dayAfterKey(QDate(2000, 1, 15), key) != QDate(2000, 1, 15);
 }
 
-QDateTime DateEditing::lastOfMonth(const QDateTime &moment) const
+QDateTime DateEditing::moved(const QDateTime &moment, int key) const
 {
-    return addDays(moment, moment.date().daysInMonth() - moment.date().day());
+    return onDate(moment, dayAfterKey(moment.date(), key));
 }
 
 int DateEditing::year(const QDateTime &moment) const { return moment.date().year(); }

@@ -25,8 +25,11 @@ public:
     Q_INVOKABLE QDateTime addMonths(const QDateTime &moment, int months) const;
     /// `month` counts from 0, as the calendar controls do.
     Q_INVOKABLE QDateTime onDay(const QDateTime &moment, int year, int month, int day) const;
-    Q_INVOKABLE QDateTime firstOfMonth(const QDateTime &moment) const;
-    Q_INVOKABLE QDateTime lastOfMonth(const QDateTime &moment) const;
+    /// `key` (a Qt::Key) moves in a month: the arrows by days and weeks, PageUp and PageDown by
+    /// months, Home and End to the month's ends.
+    Q_INVOKABLE bool moves(int key) const;
+    /// Where `key` leads; `moment` itself for a key that does not move.
+    Q_INVOKABLE QDateTime moved(const QDateTime &moment, int key) const;
 
     Q_INVOKABLE int year(const QDateTime &moment) const;
     /// Counts from 0.

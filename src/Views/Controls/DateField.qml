@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Vantora
@@ -12,6 +14,8 @@ BaseButton {
     required property string label
     required property date value
     property color fill: VTRTheme.cardBgLight
+    /// While it is open.
+    property MonthPanel month: null
 
     signal edited(date value)
 
@@ -19,15 +23,18 @@ BaseButton {
     rightPadding: 8
     implicitHeight: implicitBackgroundHeight
     text: label + ": " + DateEditing.fullText(value)
-    down: pressed || month.active
-    Accessible.description: qsTr("Oklar günü değiştirir, Boşluk takvimi açar")
+    down: pressed || month !== null
+    Accessible.description: "Oklar günü değiştirir, Boşluk takvimi açar"
     Accessible.onIncreaseAction: step(1)
     Accessible.onDecreaseAction: step(-1)
     Keys.onLeftPressed: step(-1)
     Keys.onDownPressed: step(-1)
     Keys.onRightPressed: step(1)
     Keys.onUpPressed: step(1)
-    onClicked: month.active = true
+    onClicked: {
+        month = monthPanel.createObject(field) as MonthPanel;
+        month.open();
+    }
 
     function step(days: int) {
         edited(DateEditing.addDays(value, days));
@@ -50,8 +57,6 @@ BaseButton {
             color: VTRTheme.textSecondary
         }
         PlainText {
-            id: day
-
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)
             text: DateEditing.fittingText(field.value, font, width)
@@ -64,17 +69,14 @@ BaseButton {
         }
     }
 
-    Loader {
-        id: month
+    Component {
+        id: monthPanel
 
-        active: false
-        onLoaded: (item as MonthPanel).open()
-
-        sourceComponent: MonthPanel {
+        MonthPanel {
             parent: field
             value: field.value
             onTaken: value => field.edited(value)
-            onClosed: month.active = false
+            onClosed: destroy()
         }
     }
 }

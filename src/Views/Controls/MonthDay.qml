@@ -20,7 +20,7 @@ BaseButton {
     implicitWidth: 36
     implicitHeight: 32
     focusPolicy: Qt.NoFocus
-    text: DateEditing.fullText(value) + (today ? qsTr(", bugün") : "")
+    text: DateEditing.fullText(value) + (today ? ", bugün" : "")
     Accessible.focusable: false
     Accessible.checkable: true
     Accessible.checked: isChosen

@@ -58,7 +58,7 @@ Item {
                 symbol: "xmark.circle.fill"
                 symbolSize: VTRTheme.titleSize
                 color: VTRTheme.textMuted
-                text: qsTr("Kapat")
+                text: "Kapat"
                 onClicked: header.sheet.close()
             }
         }

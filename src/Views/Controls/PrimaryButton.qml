@@ -1,0 +1,45 @@
+import QtQuick
+import Vantora
+
+/// The button that starts the one thing a form is for. While `busy` it turns its spinner, says
+/// `busyText` and cannot be pressed; it keeps its width, so that nothing around it moves.
+BaseButton {
+    id: button
+
+    required property string symbol
+    property bool busy: false
+    /// Empty for the spinner alone.
+    property string busyText
+    property int textSize: 14
+    /// It casts the red shadow.
+    property bool raised: true
+
+    horizontalPadding: 18
+    verticalPadding: 14
+    cornerRadius: 10
+    enabled: !busy
+    opacity: enabled || busy ? 1 : 0.55
+    Accessible.name: !busy ? text : busyText.length > 0 ? busyText : text + ", yükleniyor"
+
+    background: RoundedSurface {
+        opacity: button.busy ? 0.6 : 1
+        radius: button.cornerRadius
+        color: VTRTheme.redGradientStart
+        gradientEnd: VTRTheme.redGradientEnd
+        shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, button.raised ? 0.4 : 0)
+        shadowRadius: 8
+        shadowOffset: 3
+
+        PressTint {
+            control: button
+            radius: button.cornerRadius
+        }
+    }
+    contentItem: BusyLabel {
+        symbol: button.symbol
+        text: button.text
+        busy: button.busy
+        busyText: button.busyText
+        textSize: button.textSize
+    }
+}
