@@ -1,7 +1,6 @@
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
 #include "support/ConsoleCapture.h"
-#include "support/ScriptedServer.h"
 
 #include <QJsonArray>
 #include <QSignalSpy>
@@ -14,10 +13,7 @@ const QDateTime now(QDate(2026, 2, 20), QTime(23, 30));
 const QString calendarTool = u"find_flight_price_calendar"_s;
 const QString flightsTool = u"search_flights"_s;
 
-ScriptedAnswer failure(const QString &message)
-{
-    return ScriptedAnswer::json({ { u"error"_s, QJsonObject { { u"message"_s, message } } } });
-}
+ScriptedAnswer failure() { return ScriptedAnswer::text(R"({"error":{"message":"%1 dolu"}})"); }
 
 ScriptedAnswer calendar(const QStringList &days, const QString &currency = u"EUR"_s)
 {
@@ -31,39 +27,35 @@ ScriptedAnswer calendar(const QStringList &days, const QString &currency = u"EUR
 
 struct Offer
 {
-    const char *number;
-    double price;
-    const char *departure;
-    int minutes;
-    bool isDirect = true;
+    QString number;
+    double price = 1;
+    QString departure = u"2026-03-06T10:00"_s;
+    int minutes = 60;
+    int segments = 1;
 };
 
 ScriptedAnswer flights(const QList<Offer> &offers)
 {
     QJsonArray options;
-    for (const Offer &offer : offers) {
-        const QJsonObject segment {
-            { u"flightNumber"_s, QString::fromLatin1(offer.number) },
-            { u"departureDateTime"_s, u"2026-03-06T"_s + QString::fromLatin1(offer.departure) },
-        };
-        QJsonArray segments { segment };
-        if (!offer.isDirect)
-            segments.append(segment);
+    for (const auto &[number, price, departure, minutes, count] : offers) {
+        QJsonArray segments;
+        for (int index = 0; index < count; ++index)
+            segments.append(QJsonObject { { u"flightNumber"_s, number },
+                                          { u"departureDateTime"_s, departure } });
         options.append(QJsonObject { { u"flightSegments"_s, segments },
-                                     { u"journeyDuration"_s, offer.minutes * 60'000 },
-                                     { u"cheapestPriceAmount"_s, offer.price } });
+                                     { u"journeyDuration"_s, minutes * 60'000 },
+                                     { u"cheapestPriceAmount"_s, price } });
     }
-    const QJsonArray informations { QJsonObject { { u"originDestinationOptions"_s, options } } };
-    return ScriptedAnswer::content(
-        { { u"availabilityData"_s,
-            QJsonObject { { u"originDestinationInformations"_s, informations } } } });
+    const QJsonObject information { { u"originDestinationOptions"_s, options } };
+    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
+    return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
 }
 
 const QList<Offer> fourFlights {
-    { "1", 300, "10:00", 240 },
-    { "2", 200, "09:00", 250, false },
-    { "3", 300, "08:00", 240 },
-    { "4", 100, "10:00", 500, false },
+    { u"1"_s, 300, u"2026-03-06T10:00"_s, 240 },
+    { u"2"_s, 200, u"2026-03-06T09:00"_s, 250, 2 },
+    { u"3"_s, 300, u"2026-03-06T08:00"_s, 240 },
+    { u"4"_s, 100, u"2026-03-06T10:00"_s, 500, 2 },
 };
 
 QString numbers(const QList<FlightOption> &flights)
@@ -76,321 +68,232 @@ QString numbers(const QList<FlightOption> &flights)
 
 } // namespace
 
-class FlightSearchViewModelTest : public QObject
+class FlightSearchViewModelTest : public ClientTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        ClientTest::init();
+        m_calendar = [] { return calendar({ u"2026-03-06"_s, u"2026-03-07"_s }); };
+        m_flights = [] { return flights(fourFlights); };
+        m_server->onToolCall = [this](const ReceivedRequest &request) {
+            return request.tool() == calendarTool ? m_calendar() : m_flights();
+        };
+        m_model = std::make_unique<FlightSearchViewModel>(nullptr, now);
+    }
+    void cleanup()
+    {
+        m_model.reset();
+        ClientTest::cleanup();
+    }
 
-    void aFreshObject();
-    void missingAirportsAreNotSent();
-    void aSearchPublishesInOrder();
-    void arguments_data();
-    void arguments();
-    void aFailedCalendarIsSilent();
-    void failedFlightsAreTold();
-    void choosingADay();
-    void aFailedDayIsTold();
-    void theLaterAnswerStays();
-    void filters_data();
-    void filters();
-    void aResortMovesRows();
-    void theObjectMayGoDuringASearch();
+    void missingAirportsAreNotSent()
+    {
+        m_model->setDepartureDate(now);
+        for (const auto &[origin, destination] : QList<std::pair<QString, QString>> {
+                 { QString(), u"LHR"_s }, { u"IST"_s, QString() } }) {
+            m_model->setOriginCode(origin);
+            m_model->setDestinationCode(destination);
+            m_model->startSearchAll();
+            QCOMPARE(m_model->errorMessage(),
+                     std::optional(u"Lütfen kalkış ve varış havalimanlarını seçin."_s));
+            QVERIFY(!m_model->isLoading() && !m_model->hasSearched());
+            QCOMPARE(m_model->selectedDate(), u"2026-03-06"_s);
+        }
+        m_model->swapAirports();
+        m_model->setOriginCode(u" "_s); // a code like any other
+        search();
+        QVERIFY(!m_model->errorMessage());
+        QCOMPARE(lastArguments(flightsTool).value("to"_L1).toString(), u"IST"_s);
+    }
+
+    void aSearchPublishesInOrder()
+    {
+        using Model = FlightSearchViewModel;
+        const QList<std::pair<QString, void (Model::*)()>> signalsByName {
+            { u"isLoading"_s, &Model::isLoadingChanged },
+            { u"hasSearched"_s, &Model::hasSearchedChanged },
+            { u"calendarPrices"_s, &Model::calendarPricesChanged },
+            { u"bestPrice"_s, &Model::bestPriceChanged },
+            { u"currency"_s, &Model::currencyChanged },
+            { u"filteredFlights"_s, &Model::filteredFlightsChanged },
+        };
+        QStringList log;
+        QString before;
+        connect(m_model.get(), &ObservableObject::objectWillChange, this,
+                [&] { before = state(); });
+        for (const auto &[name, changed] : signalsByName) {
+            connect(m_model.get(), changed, this, [&, name = name] {
+                log.append(name);
+                QVERIFY2(before != state(), qPrintable(name)); // the notice came before the change
+                before = state();
+            });
+        }
+
+        m_flights = [] { return flights(fourFlights).held(); };
+        m_model->startSearchAll();
+        QCOMPARE(log, QStringList({ u"isLoading"_s, u"hasSearched"_s }));
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        QTRY_COMPARE(log.mid(2),
+                     QStringList({ u"calendarPrices"_s, u"bestPrice"_s, u"currency"_s }));
+        QVERIFY(m_model->isLoading());
+        m_server->release();
+        QTRY_COMPARE(log.mid(5), QStringList({ u"filteredFlights"_s, u"isLoading"_s }));
+        QCOMPARE(m_model->highestPrice(), 101.0);
+    }
+
+    void arguments()
+    {
+        QCOMPARE(m_model->returnDate(), now.addDays(21));
+        m_model->setPassengers(3);
+        m_model->setTimeRange(TimeRange::fourWeeks);
+        m_model->setCabinClass(CabinClass::business);
+        for (const TripType tripType : { TripType::oneWay, TripType::roundTrip }) {
+            const bool isRound = tripType == TripType::roundTrip;
+            m_model->setTripType(tripType);
+            search();
+            const QJsonObject asked = lastArguments(flightsTool);
+            QCOMPARE(asked.value("from"_L1), u"IST"_s);
+            QCOMPARE(asked.value("to"_L1), u"LHR"_s);
+            QCOMPARE(asked.value("departureDate"_L1), u"2026-03-06"_s);
+            QCOMPARE(asked.value("tripType"_L1), isRound ? u"round"_s : u"one_way"_s);
+            QCOMPARE(asked.value("returnDate"_L1).toString(),
+                     isRound ? u"2026-03-13"_s : QString());
+            QCOMPARE(asked.value("passengers"_L1)[0]["quantity"_L1].toInt(), 3);
+            const QJsonObject calendarAsked = lastArguments(calendarTool);
+            QCOMPARE(calendarAsked.value("departureDate"_L1), u"2026-03-06"_s);
+            QCOMPARE(calendarAsked.value("timeRange"_L1), u"4_WEEKS"_s);
+            QCOMPARE(calendarAsked.value("cabinClass"_L1), u"BUSINESS"_s);
+            QCOMPARE(calendarAsked.value("tripType"_L1), SearchOptions::rawValue(tripType));
+        }
+    }
+
+    void failures_data()
+    {
+        QTest::addColumn<QString>("banner");
+        QTest::addColumn<QString>("console");
+        QTest::addColumn<QString>("kept"); // flights, days and currency
+        QTest::newRow("calendar") << QString() << u"Price calendar fetch error: %1 dolu\n"_s
+                                  << u"9 2 EUR"_s;
+        QTest::newRow("flights") << u"Uçuş bilgileri alınırken hata oluştu: %1 dolu"_s
+                                 << u"Flights search error: %1 dolu\n"_s << u"4213 1 USD"_s;
+        QTest::newRow("day") << u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1 dolu"_s
+                             << QString() << u"4213 2 EUR"_s;
+    }
+    void failures()
+    {
+        QFETCH(QString, banner);
+        QFETCH(QString, console);
+        QFETCH(QString, kept);
+        const QByteArray failing = QTest::currentDataTag();
+        search();
+        m_calendar = [=] {
+            return failing == "calendar" ? failure() : calendar({ u"2026-04-01"_s }, u"USD"_s);
+        };
+        m_flights = [=] { return failing == "calendar" ? flights({ { u"9"_s } }) : failure(); };
+        ConsoleCapture capture;
+        if (failing == "day")
+            m_model->startSelectCalendarDate(u"%2"_s);
+        else
+            m_model->startSearchAll();
+        QTRY_VERIFY(!m_model->isLoading() && !m_model->isSearchingFlightsOnly());
+        QCOMPARE(m_model->errorMessage().value_or(QString()), banner);
+        QCOMPARE(capture.text(), console);
+        QCOMPARE(state(), u"hasSearched hasBest "_s + kept);
+    }
+
+    void choosingADay()
+    {
+        search();
+        const QDateTime departure = m_model->departureDate();
+        m_flights = [] { return flights({ { u"7"_s } }).held(); };
+        for (const QString &day : { u"2026-13-45"_s, u"2026-03-09"_s }) {
+            m_model->startSelectCalendarDate(day);
+            QCOMPARE(m_model->selectedDate(), day);
+            QVERIFY(m_model->isSearchingFlightsOnly() && !m_model->isLoading());
+            QTRY_COMPARE(m_server->heldCount(), 1);
+            QCOMPARE(lastArguments(flightsTool).value("departureDate"_L1), day);
+            QCOMPARE(m_model->departureDate(),
+                     day == u"2026-03-09" ? QDate(2026, 3, 9).startOfDay() : departure);
+            m_server->release();
+            QTRY_VERIFY(!m_model->isSearchingFlightsOnly());
+        }
+        QCOMPARE(numbers(m_model->filteredFlights()), u"7"_s);
+        QCOMPARE(m_model->calendarPrices().size(), 2);
+        QCOMPARE(m_server->toolCalls().size(), 4);
+    }
+
+    void filters_data()
+    {
+        QTest::addColumn<FlightSortOption>("option");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("cheapest") << FlightSortOption::cheapest << u"4213"_s;
+        QTest::newRow("earliest") << FlightSortOption::earliest << u"3214"_s;
+        QTest::newRow("fastest") << FlightSortOption::fastest << u"1324"_s;
+        QTest::newRow("direct only") << FlightSortOption::directOnly << u"13"_s;
+    }
+    void filters()
+    {
+        QFETCH(FlightSortOption, option);
+        QFETCH(QString, shown);
+        // Before the search, so that the new list is arranged on arrival; then again on the list.
+        m_model->applyFilter(option);
+        search();
+        QCOMPARE(numbers(m_model->filteredFlights()), shown);
+        const QSignalSpy resets(m_model->filteredFlightsModel(), &QAbstractItemModel::modelReset);
+        m_model->applyFilter(FlightSortOption::directOnly);
+        QCOMPARE(numbers(m_model->filteredFlights()), u"13"_s);
+        m_model->applyFilter(option);
+        QCOMPARE(numbers(m_model->filteredFlights()), shown);
+        QCOMPARE(numbers(m_model->flights()), u"1234"_s);
+        QVERIFY(resets.isEmpty()); // rows move instead
+    }
+
+    void theObjectMayGoDuringASearch()
+    {
+        ConsoleCapture console;
+        m_calendar = [] { return calendar({}).held(); };
+        m_flights = [] { return failure().held(); };
+        m_model->startSearchAll();
+        m_model->startSelectCalendarDate(u"2026-03-09"_s);
+        QTRY_COMPARE(m_server->heldCount(), 3);
+        m_model.reset();
+        while (m_server->heldCount() > 0)
+            m_server->release();
+        QTRY_COMPARE(console.text(), u"Flights search error: %1 dolu\n"_s);
+    }
 
 private:
-    void search();
-    QJsonObject lastArguments(const QString &tool) const;
+    QString state() const
+    {
+        return u"%1%2%3%4 %5 %6"_s.arg(m_model->isLoading() ? u"isLoading "_s : QString())
+            .arg(m_model->hasSearched() ? u"hasSearched "_s : QString())
+            .arg(m_model->bestPrice() ? u"hasBest "_s : QString())
+            .arg(numbers(m_model->filteredFlights()))
+            .arg(m_model->calendarPrices().size())
+            .arg(m_model->currency());
+    }
+    void search()
+    {
+        m_model->startSearchAll();
+        QTRY_VERIFY(!m_model->isLoading());
+    }
+    QJsonObject lastArguments(const QString &tool) const
+    {
+        QJsonObject arguments;
+        for (const ReceivedRequest &request : m_server->toolCalls()) {
+            if (request.tool() == tool)
+                arguments = request.arguments();
+        }
+        return arguments;
+    }
 
-    std::unique_ptr<ScriptedServer> m_server;
     std::unique_ptr<FlightSearchViewModel> m_model;
     std::function<ScriptedAnswer()> m_calendar;
     std::function<ScriptedAnswer()> m_flights;
 };
-
-void FlightSearchViewModelTest::init()
-{
-    m_calendar = [] { return calendar({ u"2026-03-06"_s, u"2026-03-07"_s }); };
-    m_flights = [] { return flights(fourFlights); };
-    m_server = std::make_unique<ScriptedServer>();
-    m_server->onToolCall = [this](const ReceivedRequest &request) {
-        return request.tool() == calendarTool ? m_calendar() : m_flights();
-    };
-    VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
-    m_model = std::make_unique<FlightSearchViewModel>(nullptr, now);
-}
-
-void FlightSearchViewModelTest::cleanup()
-{
-    m_model.reset();
-    VTRMCPClientTestAccess::destroyShared();
-    m_server.reset();
-}
-
-void FlightSearchViewModelTest::search()
-{
-    m_model->startSearchAll();
-    QTRY_VERIFY(!m_model->isLoading());
-}
-
-QJsonObject FlightSearchViewModelTest::lastArguments(const QString &tool) const
-{
-    QJsonObject arguments;
-    for (const ReceivedRequest &request : m_server->toolCalls()) {
-        if (request.tool() == tool)
-            arguments = request.arguments();
-    }
-    return arguments;
-}
-
-void FlightSearchViewModelTest::aFreshObject()
-{
-    QCOMPARE(m_model->originAirport().city, u"Istanbul"_s);
-    QCOMPARE(m_model->destinationAirport().code, u"LHR"_s);
-    QCOMPARE(m_model->departureDate(), now.addDays(14));
-    QCOMPARE(m_model->returnDate(), now.addDays(21));
-    QCOMPARE(m_model->selectedDate(), u"2026-03-06"_s);
-    QCOMPARE(m_model->passengers(), 1);
-    QCOMPARE(m_model->timeRange(), TimeRange::twoWeeks);
-    QCOMPARE(m_model->currency(), u"TRY"_s);
-    QCOMPARE(m_model->activeFilter(), FlightSortOption::cheapest);
-    QCOMPARE(m_model->highestPrice(), 1.0);
-    QVERIFY(!m_model->isRoundTrip() && !m_model->bestPrice() && !m_model->hasSearched());
-    QVERIFY(!m_model->isLoading() && !m_model->isSearchingFlightsOnly());
-    QVERIFY(!m_model->errorMessage() && m_model->filteredFlights().isEmpty());
-}
-
-void FlightSearchViewModelTest::missingAirportsAreNotSent()
-{
-    m_model->setDepartureDate(now);
-    for (const auto &[origin, destination] :
-         QList<std::pair<QString, QString>> { { QString(), u"LHR"_s }, { u"IST"_s, QString() } }) {
-        m_model->setOriginCode(origin);
-        m_model->setDestinationCode(destination);
-        m_model->startSearchAll();
-        QCOMPARE(m_model->errorMessage(),
-                 std::optional(u"Lütfen kalkış ve varış havalimanlarını seçin."_s));
-        QVERIFY(!m_model->isLoading() && !m_model->hasSearched());
-        QCOMPARE(m_model->selectedDate(), u"2026-03-06"_s);
-    }
-    // Blanks are a code like any other, and a valid search clears the message.
-    m_model->setDestinationCode(u" "_s);
-    m_model->swapAirports();
-    search();
-    QVERIFY(!m_model->errorMessage());
-    QCOMPARE(lastArguments(flightsTool).value("from"_L1).toString(), u" "_s);
-    QCOMPARE(lastArguments(flightsTool).value("to"_L1).toString(), u"IST"_s);
-    QCOMPARE(m_server->toolCalls().size(), 2);
-}
-
-void FlightSearchViewModelTest::aSearchPublishesInOrder()
-{
-    QStringList log;
-    const auto state = [this] {
-        return u"%1%2%3 %4 %5"_s.arg(m_model->isLoading())
-            .arg(m_model->hasSearched())
-            .arg(m_model->bestPrice().has_value())
-            .arg(m_model->calendarPrices().size())
-            .arg(m_model->currency() + numbers(m_model->filteredFlights()));
-    };
-    QString before;
-    connect(m_model.get(), &ObservableObject::objectWillChange, this, [&] { before = state(); });
-    const auto watch = [&](auto changed, const QString &name) {
-        connect(m_model.get(), changed, this, [&, name] {
-            log.append(name);
-            QVERIFY2(before != state(), qPrintable(name + u" without a change after the notice"_s));
-            before = state();
-        });
-    };
-    using Model = FlightSearchViewModel;
-    watch(&Model::isLoadingChanged, u"isLoading"_s);
-    watch(&Model::hasSearchedChanged, u"hasSearched"_s);
-    watch(&Model::calendarPricesChanged, u"calendarPrices"_s);
-    watch(&Model::bestPriceChanged, u"bestPrice"_s);
-    watch(&Model::currencyChanged, u"currency"_s);
-    watch(&Model::filteredFlightsChanged, u"filteredFlights"_s);
-
-    m_flights = [] { return flights(fourFlights).held(); };
-    m_model->startSearchAll();
-    QCOMPARE(log, QStringList({ u"isLoading"_s, u"hasSearched"_s }));
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    QTRY_COMPARE(log.mid(2), QStringList({ u"calendarPrices"_s, u"bestPrice"_s, u"currency"_s }));
-    QVERIFY(m_model->isLoading());
-    m_server->release();
-    QTRY_COMPARE(log.mid(5), QStringList({ u"filteredFlights"_s, u"isLoading"_s }));
-    QCOMPARE(m_model->highestPrice(), 101.0);
-}
-
-void FlightSearchViewModelTest::arguments_data()
-{
-    QTest::addColumn<TripType>("tripType");
-    QTest::addColumn<QString>("wireTripType");
-    QTest::addColumn<QJsonValue>("returnDate");
-    QTest::newRow("one way") << TripType::oneWay << u"one_way"_s
-                             << QJsonValue(QJsonValue::Undefined);
-    QTest::newRow("round") << TripType::roundTrip << u"round"_s << QJsonValue(u"2026-03-13"_s);
-}
-
-void FlightSearchViewModelTest::arguments()
-{
-    QFETCH(TripType, tripType);
-    QFETCH(QString, wireTripType);
-    QFETCH(QJsonValue, returnDate);
-    m_model->setTripType(tripType);
-    m_model->setPassengers(3);
-    m_model->setTimeRange(TimeRange::fourWeeks);
-    m_model->setCabinClass(CabinClass::business);
-    search();
-    const QJsonObject asked = lastArguments(flightsTool);
-    QCOMPARE(asked.value("departureDate"_L1), u"2026-03-06"_s);
-    QCOMPARE(asked.value("tripType"_L1), wireTripType);
-    QCOMPARE(asked.value("returnDate"_L1), returnDate);
-    QCOMPARE(asked.value("passengers"_L1).toArray().at(0).toObject().value("quantity"_L1), 3);
-    const QJsonObject calendarAsked = lastArguments(calendarTool);
-    QCOMPARE(calendarAsked.value("departureDate"_L1), u"2026-03-06"_s);
-    QCOMPARE(calendarAsked.value("timeRange"_L1), u"4_WEEKS"_s);
-    QCOMPARE(calendarAsked.value("cabinClass"_L1), u"BUSINESS"_s);
-    QCOMPARE(calendarAsked.value("tripType"_L1), SearchOptions::rawValue(tripType));
-    QVERIFY(!calendarAsked.contains("returnDate"_L1));
-}
-
-void FlightSearchViewModelTest::aFailedCalendarIsSilent()
-{
-    search();
-    ConsoleCapture console;
-    m_calendar = [] { return failure(u"takvim yok"_s); };
-    m_flights = [] { return flights({ { "9", 1, "01:00", 1 } }); };
-    search();
-    QCOMPARE(console.text(), u"Price calendar fetch error: takvim yok\n"_s);
-    QVERIFY(!m_model->errorMessage());
-    QCOMPARE(numbers(m_model->filteredFlights()), u"9"_s);
-    QCOMPARE(m_model->calendarPrices().size(), 2);
-    QVERIFY(m_model->bestPrice());
-    QCOMPARE(m_model->currency(), u"EUR"_s);
-}
-
-void FlightSearchViewModelTest::failedFlightsAreTold()
-{
-    search();
-    ConsoleCapture console;
-    m_calendar = [] { return calendar({ u"2026-04-01"_s }, u"USD"_s); };
-    m_flights = [] { return failure(u"uçuş yok"_s); };
-    search();
-    QCOMPARE(console.text(), u"Flights search error: uçuş yok\n"_s);
-    QCOMPARE(m_model->errorMessage(),
-             std::optional(u"Uçuş bilgileri alınırken hata oluştu: uçuş yok"_s));
-    QCOMPARE(numbers(m_model->filteredFlights()), u"4213"_s);
-    QCOMPARE(m_model->currency(), u"USD"_s);
-    QVERIFY(m_model->hasSearched());
-}
-
-void FlightSearchViewModelTest::choosingADay()
-{
-    search();
-    const QDateTime departure = m_model->departureDate();
-    m_flights = [] { return flights({ { "7", 1, "01:00", 1 } }).held(); };
-    for (const QString &day : { u"2026-13-45"_s, u"2026-03-09"_s }) {
-        m_model->startSelectCalendarDate(day);
-        QCOMPARE(m_model->selectedDate(), day);
-        QVERIFY(m_model->isSearchingFlightsOnly() && !m_model->isLoading());
-        QTRY_COMPARE(m_server->heldCount(), 1);
-        QCOMPARE(lastArguments(flightsTool).value("departureDate"_L1), day);
-        QCOMPARE(m_model->departureDate(),
-                 day == u"2026-03-09" ? QDate(2026, 3, 9).startOfDay() : departure);
-        m_server->release();
-        QTRY_VERIFY(!m_model->isSearchingFlightsOnly());
-    }
-    QCOMPARE(numbers(m_model->filteredFlights()), u"7"_s);
-    QCOMPARE(m_model->calendarPrices().size(), 2);
-    QCOMPARE(m_server->toolCalls().size(), 4);
-}
-
-void FlightSearchViewModelTest::aFailedDayIsTold()
-{
-    search();
-    ConsoleCapture console;
-    m_flights = [] { return failure(u"%1 dolu"_s); };
-    m_model->startSelectCalendarDate(u"%2"_s);
-    QTRY_VERIFY(!m_model->isSearchingFlightsOnly());
-    QCOMPARE(m_model->errorMessage(),
-             std::optional(u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1 dolu"_s));
-    QCOMPARE(console.text(), QString());
-    QCOMPARE(numbers(m_model->filteredFlights()), u"4213"_s);
-}
-
-void FlightSearchViewModelTest::theLaterAnswerStays()
-{
-    search();
-    m_server->onToolCall = [](const ReceivedRequest &request) {
-        const bool isFirstDay = request.arguments().value("departureDate"_L1) == u"2026-03-01"_s;
-        return flights({ { isFirstDay ? "1" : "2", 1, "01:00", 1 } }).held();
-    };
-    m_model->startSelectCalendarDate(u"2026-03-01"_s);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    m_model->startSelectCalendarDate(u"2026-03-02"_s);
-    QTRY_COMPARE(m_server->heldCount(), 2);
-    m_server->release(1);
-    QTRY_COMPARE(numbers(m_model->flights()), u"2"_s);
-    m_server->release(0);
-    QTRY_COMPARE(numbers(m_model->flights()), u"1"_s);
-    QCOMPARE(m_model->selectedDate(), u"2026-03-02"_s);
-}
-
-void FlightSearchViewModelTest::filters_data()
-{
-    QTest::addColumn<FlightSortOption>("option");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("cheapest") << FlightSortOption::cheapest << u"4213"_s;
-    QTest::newRow("earliest") << FlightSortOption::earliest << u"3214"_s;
-    QTest::newRow("fastest") << FlightSortOption::fastest << u"1324"_s;
-    QTest::newRow("direct only") << FlightSortOption::directOnly << u"13"_s;
-}
-
-void FlightSearchViewModelTest::filters()
-{
-    QFETCH(FlightSortOption, option);
-    QFETCH(QString, shown);
-    // Before the search, so that the new list is arranged on arrival; then again on the list.
-    m_model->applyFilter(option);
-    search();
-    QCOMPARE(numbers(m_model->filteredFlights()), shown);
-    m_model->applyFilter(FlightSortOption::directOnly);
-    QCOMPARE(numbers(m_model->filteredFlights()), u"13"_s);
-    m_model->applyFilter(option);
-    QCOMPARE(numbers(m_model->filteredFlights()), shown);
-    QCOMPARE(numbers(m_model->flights()), u"1234"_s);
-}
-
-void FlightSearchViewModelTest::aResortMovesRows()
-{
-    search();
-    QSignalSpy moves(m_model->filteredFlightsModel(), &QAbstractItemModel::rowsMoved);
-    QSignalSpy resets(m_model->filteredFlightsModel(), &QAbstractItemModel::modelReset);
-    QSignalSpy removals(m_model->filteredFlightsModel(), &QAbstractItemModel::rowsRemoved);
-    m_model->applyFilter(FlightSortOption::earliest);
-    QVERIFY(!moves.isEmpty());
-    QVERIFY(resets.isEmpty() && removals.isEmpty());
-}
-
-void FlightSearchViewModelTest::theObjectMayGoDuringASearch()
-{
-    ConsoleCapture console;
-    m_calendar = [] { return calendar({}).held(); };
-    m_flights = [] { return failure(u"geç"_s).held(); };
-    m_model->startSearchAll();
-    m_model->startSelectCalendarDate(u"2026-03-09"_s);
-    QTRY_COMPARE(m_server->heldCount(), 3);
-    m_model.reset();
-    while (m_server->heldCount() > 0)
-        m_server->release();
-    QTRY_COMPARE(console.text(), u"Flights search error: geç\n"_s);
-    m_calendar = [] { return calendar({}); };
-    m_model = std::make_unique<FlightSearchViewModel>(nullptr, now);
-    m_flights = [] { return flights(fourFlights); };
-    search();
-    QCOMPARE(numbers(m_model->filteredFlights()), u"4213"_s);
-}
 
 QTEST_GUILESS_MAIN(FlightSearchViewModelTest)
 #include "FlightSearchViewModelTest.moc"

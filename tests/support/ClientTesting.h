@@ -2,6 +2,7 @@
 
 #include "Services/ToolCall.h"
 #include "Services/VTRMCPClient.h"
+#include "support/ScriptedServer.h"
 
 #include <QCoroTask>
 
@@ -24,8 +25,6 @@ struct VTRMCPClientTestAccess
         return VTRMCPClient::shared();
     }
     static void destroyShared() { VTRMCPClient::instance().reset(); }
-    /// What the end of the application does.
-    static void shutDown() { VTRMCPClient::shared().shutDown(); }
 
     /// Calls a tool with a reader of the test's own.
     template<typename Record>
@@ -72,16 +71,14 @@ PendingOutcome<T> watch(QCoro::Task<T> task)
     return outcome;
 }
 
-constexpr int longestWait = 10'000;
-
-/// Turns the event loop until the task has ended; an outcome without value and error after too
-/// long a time.
+/// Turns the event loop until the task has ended; an outcome without value and error after ten
+/// seconds.
 template<typename T>
 Outcome<T> settle(const PendingOutcome<T> &outcome)
 {
     if (!outcome->hasEnded()) {
         QEventLoop loop;
-        QTimer::singleShot(longestWait, &loop, &QEventLoop::quit);
+        QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
         outcome->whenEnded = [&loop] { loop.quit(); };
         loop.exec();
         outcome->whenEnded = [] {};
@@ -94,3 +91,31 @@ Outcome<T> settle(QCoro::Task<T> task)
 {
     return settle(watch(std::move(task)));
 }
+
+/// A test class in which each test has a server and a fresh shared client of its own.
+class ClientTest : public QObject
+{
+    Q_OBJECT
+
+protected Q_SLOTS:
+    void init()
+    {
+        m_server = std::make_unique<ScriptedServer>();
+        VTRMCPClientTestAccess::replaceShared(m_server->endpoint(), m_limits);
+    }
+    void cleanup()
+    {
+        VTRMCPClientTestAccess::destroyShared();
+        m_server.reset();
+    }
+
+protected:
+    static QCoro::Task<QJsonObject> call(const QString &tool = QStringLiteral("any"),
+                                         const QJsonObject &arguments = {})
+    {
+        return VTRMCPClient::shared().callTool(tool, arguments);
+    }
+
+    HttpLimits m_limits;
+    std::unique_ptr<ScriptedServer> m_server;
+};

@@ -16,42 +16,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray fixture(const QString &name)
-{
-    QFile file(u":/test-certificate/data/"_s + name);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The test certificate is missing: %s", qPrintable(file.fileName()));
-    return file.readAll();
-}
-
 std::unique_ptr<QTcpServer> tlsServer()
 {
+    const QString fixture = u":/test-certificate/data/self-signed-test-fixture."_s;
+    QFile key(fixture + u"key"_s);
+    if (!key.open(QIODevice::ReadOnly))
+        qFatal("The test certificate is missing.");
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setLocalCertificate(
-        QSslCertificate(fixture(u"self-signed-test-fixture.crt"_s), QSsl::Pem));
-    configuration.setPrivateKey(
-        QSslKey(fixture(u"self-signed-test-fixture.key"_s), QSsl::Ec, QSsl::Pem));
+    configuration.setLocalCertificate(QSslCertificate::fromPath(fixture + u"crt"_s).value(0));
+    configuration.setPrivateKey(QSslKey(&key, QSsl::Ec));
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
     auto server = std::make_unique<QSslServer>();
     server->setSslConfiguration(configuration);
     return server;
-}
-
-QByteArray headOf(const ScriptedAnswer &answer)
-{
-    QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status) + " Scripted\r\n";
-    for (const auto &[name, value] : answer.headers)
-        head += name + ": " + value + "\r\n";
-    if (answer.framing == ScriptedAnswer::Framing::contentLength)
-        head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n";
-    else
-        head += "Transfer-Encoding: chunked\r\n";
-    return head + "\r\n";
-}
-
-QByteArray chunk(const QByteArray &bytes)
-{
-    return QByteArray::number(bytes.size(), 16) + "\r\n" + bytes + "\r\n";
 }
 
 /// What goes over the wire, piece by piece.
@@ -59,29 +36,19 @@ QList<QByteArray> piecesOf(const ScriptedAnswer &answer)
 {
     if (!answer.raw.isEmpty())
         return { answer.raw };
-    const bool isChunked = answer.framing == ScriptedAnswer::Framing::chunked;
-    const qsizetype size = answer.pieceSize > 0 ? answer.pieceSize : answer.body.size();
-    QList<QByteArray> pieces { headOf(answer) };
-    for (qsizetype at = 0; at < answer.body.size(); at += size) {
-        const QByteArray piece = answer.body.mid(at, size);
-        pieces.append(isChunked ? chunk(piece) : piece);
+    QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status) + " Scripted\r\n";
+    for (const auto &[name, value] : answer.headers)
+        head += name + ": " + value + "\r\n";
+    if (answer.pieceSize == 0) {
+        head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n";
+        return { (head + answer.body).left(answer.cutAfter) };
     }
-    if (isChunked)
-        pieces.append("0\r\n\r\n");
-    if (answer.pieceInterval == 0)
-        pieces = { pieces.join() };
-    if (answer.cutAfter >= 0)
-        pieces = { pieces.join().left(answer.cutAfter) };
-    return pieces;
-}
-
-void end(QTcpSocket *socket, ScriptedAnswer::Ending ending)
-{
-    // Only this direction is closed, so that the connection ends when the client has noticed.
-    if (ending == ScriptedAnswer::Ending::close)
-        ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
-    else if (ending == ScriptedAnswer::Ending::reset)
-        socket->abort();
+    QList<QByteArray> pieces { head + "Transfer-Encoding: chunked\r\n\r\n" };
+    for (qsizetype at = 0; at < answer.body.size(); at += answer.pieceSize) {
+        const QByteArray piece = answer.body.mid(at, answer.pieceSize);
+        pieces.append(QByteArray::number(piece.size(), 16) + "\r\n" + piece + "\r\n");
+    }
+    return pieces << "0\r\n\r\n";
 }
 
 void sendPieces(const QPointer<QTcpSocket> &socket, const QList<QByteArray> &pieces,
@@ -92,7 +59,11 @@ void sendPieces(const QPointer<QTcpSocket> &socket, const QList<QByteArray> &pie
     socket->write(pieces.first());
     if (pieces.size() == 1) {
         while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) { }
-        end(socket, answer.ending);
+        // Only this direction is closed, so that the connection ends when the client has noticed.
+        if (answer.ending == ScriptedAnswer::Ending::close)
+            ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
+        else if (answer.ending == ScriptedAnswer::Ending::reset)
+            socket->abort();
         return;
     }
     QTimer::singleShot(answer.pieceInterval, socket,
@@ -133,17 +104,12 @@ ScriptedAnswer ScriptedAnswer::text(const QByteArray &body, int status)
     return answer;
 }
 
-ScriptedAnswer ScriptedAnswer::json(const QJsonObject &body, int status)
-{
-    return text(QJsonDocument(body).toJson(QJsonDocument::Compact), status);
-}
-
 ScriptedAnswer ScriptedAnswer::content(const QJsonObject &content)
 {
-    return json({ { u"jsonrpc"_s, u"2.0"_s },
-                  { u"result"_s,
-                    QJsonObject { { u"content"_s, QJsonArray() },
-                                  { u"structuredContent"_s, content } } } });
+    const QJsonObject result { { u"content"_s, QJsonArray() },
+                               { u"structuredContent"_s, content } };
+    const QJsonObject answer { { u"jsonrpc"_s, u"2.0"_s }, { u"result"_s, result } };
+    return text(QJsonDocument(answer).toJson(QJsonDocument::Compact));
 }
 
 ScriptedAnswer ScriptedAnswer::session(const QByteArray &id, int status)
@@ -187,7 +153,10 @@ ScriptedServer::ScriptedServer(Transport transport)
         return ScriptedAnswer::session("session-" + QByteArray::number(initializations().size()));
     };
     onToolCall = [](const ReceivedRequest &) { return ScriptedAnswer::content(); };
-    connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, &ScriptedServer::accept);
+    connect(m_server.get(), &QTcpServer::pendingConnectionAvailable, this, [this] {
+        while (QTcpSocket *socket = m_server->nextPendingConnection())
+            accept(socket);
+    });
     if (!m_server->listen(QHostAddress::LocalHost, 0))
         qFatal("No port on the loopback interface: %s", qPrintable(m_server->errorString()));
 }
@@ -202,93 +171,70 @@ QUrl ScriptedServer::endpoint() const
     return url;
 }
 
-void ScriptedServer::accept()
+void ScriptedServer::accept(QTcpSocket *socket)
 {
-    while (QTcpSocket *socket = m_server->nextPendingConnection()) {
-        auto connection = std::make_shared<Connection>();
-        connection->socket = socket;
-        connection->number = static_cast<int>(m_connections.size()) + 1;
-        m_connections.append(connection);
-        connect(socket, &QTcpSocket::readyRead, this, [this, connection] { read(connection); });
-        connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-        read(connection);
-    }
+    connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    const auto read = [this, socket, number = ++m_connections, received = QByteArray()]() mutable {
+        received += socket->readAll();
+        while (takeRequest(received, number))
+            answerLastRequest(socket);
+    };
+    connect(socket, &QTcpSocket::readyRead, this, read);
+    if (socket->bytesAvailable() > 0)
+        Q_EMIT socket->readyRead();
 }
 
-void ScriptedServer::read(const std::shared_ptr<Connection> &connection)
+bool ScriptedServer::takeRequest(QByteArray &received, int connection)
 {
-    connection->received += connection->socket->readAll();
-    while (takeRequest(*connection)) {
-        const ScriptedAnswer answer = answerTo(m_requests.constLast());
-        if (answer.isHeld)
-            m_held.append({ connection->socket, answer });
-        else
-            send(connection->socket, answer);
-        if (!connection->socket)
-            return;
-    }
-}
-
-bool ScriptedServer::takeRequest(Connection &connection)
-{
-    const qsizetype headLength = connection.received.indexOf("\r\n\r\n");
+    const qsizetype headLength = received.indexOf("\r\n\r\n");
     if (headLength < 0)
         return false;
-    QByteArrayList lines = connection.received.left(headLength).replace("\r\n", "\n").split('\n');
+    QByteArrayList lines = received.left(headLength).replace("\r\n", "\n").split('\n');
     const QByteArrayList start = lines.takeFirst().split(' ');
 
     ReceivedRequest request;
     request.method = start.value(0);
     request.path = start.value(1);
-    request.connection = connection.number;
+    request.connection = connection;
     for (const QByteArray &line : std::as_const(lines)) {
         const qsizetype colon = line.indexOf(':');
         request.headers.append({ line.left(colon), line.mid(colon + 1).trimmed() });
     }
     const qsizetype bodyAt = headLength + 4;
     const qsizetype bodyLength = request.header("Content-Length").toLongLong();
-    if (connection.received.size() < bodyAt + bodyLength)
+    if (received.size() < bodyAt + bodyLength)
         return false;
-    request.body = connection.received.mid(bodyAt, bodyLength);
-    connection.received.remove(0, bodyAt + bodyLength);
+    request.body = received.mid(bodyAt, bodyLength);
+    received.remove(0, bodyAt + bodyLength);
     m_requests.append(request);
     return true;
 }
 
-ScriptedAnswer ScriptedServer::answerTo(const ReceivedRequest &request)
+void ScriptedServer::answerLastRequest(QTcpSocket *socket)
 {
+    const ReceivedRequest request = m_requests.constLast();
+    ScriptedAnswer answer;
     if (request.rpcMethod() == u"initialize")
-        return onInitialize(request);
-    return m_queue.isEmpty() ? onToolCall(request) : m_queue.takeFirst();
-}
-
-void ScriptedServer::send(const QPointer<QTcpSocket> &socket, const ScriptedAnswer &answer)
-{
-    sendPieces(socket, piecesOf(answer), answer);
+        answer = onInitialize(request);
+    else
+        answer = m_queue.isEmpty() ? onToolCall(request) : m_queue.takeFirst();
+    if (answer.isHeld)
+        m_held.append({ socket, answer });
+    else
+        sendPieces(socket, piecesOf(answer), answer);
 }
 
 void ScriptedServer::release(int position)
 {
     const auto [socket, answer] = m_held.takeAt(position);
-    send(socket, answer);
-}
-
-int ScriptedServer::openConnections() const
-{
-    return static_cast<int>(
-        std::count_if(m_connections.begin(), m_connections.end(), [](const auto &connection) {
-            return connection->socket
-                && connection->socket->state() == QAbstractSocket::ConnectedState;
-        }));
+    sendPieces(socket, piecesOf(answer), answer);
 }
 
 void ScriptedServer::close()
 {
     m_server->close();
-    for (const auto &connection : std::as_const(m_connections)) {
-        if (connection->socket)
-            connection->socket->abort();
-    }
+    for (QTcpSocket *socket : m_server->findChildren<QTcpSocket *>())
+        socket->abort();
 }
 
 QList<ReceivedRequest> ScriptedServer::withMethod(QStringView method) const

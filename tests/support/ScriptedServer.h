@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
@@ -11,6 +10,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 using HeaderList = QList<std::pair<QByteArray, QByteArray>>;
@@ -36,27 +36,24 @@ struct ReceivedRequest
 /// What the server does about one request.
 struct ScriptedAnswer
 {
-    enum class Framing { contentLength, chunked };
     enum class Ending { keepAlive, close, reset };
 
     int status = 200;
     HeaderList headers;
     QByteArray body;
-    Framing framing = Framing::contentLength;
     /// After the answer, or instead of it when nothing of it is sent.
     Ending ending = Ending::keepAlive;
     /// Only so many bytes of the whole answer are sent; 0 sends nothing at all.
-    qsizetype cutAfter = -1;
+    qsizetype cutAfter = std::numeric_limits<qsizetype>::max();
     /// When set, sent in place of an HTTP answer.
     QByteArray raw;
-    /// The body is sent in pieces of this size, one each `pieceInterval`.
+    /// When set, the body is sent in chunks of this size, one each `pieceInterval`.
     qsizetype pieceSize = 0;
     int pieceInterval = 0;
     /// Kept back until ScriptedServer::release().
     bool isHeld = false;
 
     static ScriptedAnswer text(const QByteArray &body, int status = 200);
-    static ScriptedAnswer json(const QJsonObject &body, int status = 200);
     /// The JSON-RPC answer whose "structuredContent" is `content`.
     static ScriptedAnswer content(const QJsonObject &content = {});
     /// The answer to "initialize" that opens this session.
@@ -91,8 +88,6 @@ public:
     const QList<ReceivedRequest> &requests() const { return m_requests; }
     QList<ReceivedRequest> initializations() const { return withMethod(u"initialize"); }
     QList<ReceivedRequest> toolCalls() const { return withMethod(u"tools/call"); }
-    int openConnections() const;
-
     int heldCount() const { return static_cast<int>(m_held.size()); }
     /// Sends the held answer at this position, counted from the oldest one.
     void release(int position = 0);
@@ -101,23 +96,14 @@ public:
     void close();
 
 private:
-    struct Connection
-    {
-        QPointer<QTcpSocket> socket;
-        QByteArray received;
-        int number = 0;
-    };
-
-    void accept();
-    void read(const std::shared_ptr<Connection> &connection);
-    bool takeRequest(Connection &connection);
-    ScriptedAnswer answerTo(const ReceivedRequest &request);
-    void send(const QPointer<QTcpSocket> &socket, const ScriptedAnswer &answer);
+    void accept(QTcpSocket *socket);
+    bool takeRequest(QByteArray &received, int connection);
+    void answerLastRequest(QTcpSocket *socket);
     QList<ReceivedRequest> withMethod(QStringView method) const;
 
     std::unique_ptr<QTcpServer> m_server;
     Transport m_transport;
-    QList<std::shared_ptr<Connection>> m_connections;
+    int m_connections = 0;
     QList<ReceivedRequest> m_requests;
     QList<ScriptedAnswer> m_queue;
     QList<std::pair<QPointer<QTcpSocket>, ScriptedAnswer>> m_held;

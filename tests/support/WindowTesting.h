@@ -97,36 +97,32 @@ private:
 /// A calendar of `count` days from 1 December 2026 on, each 100 dearer than the one before.
 inline QJsonObject calendarContent(int count)
 {
+    using namespace Qt::StringLiterals;
     QJsonArray days;
     for (int i = 0; i < count; ++i) {
-        days.append(
-            QJsonObject { { QStringLiteral("date"),
-                            QDate(2026, 12, 1).addDays(i).toString(QStringLiteral("yyyy-MM-dd")) },
-                          { QStringLiteral("amount"), 4000 + 100 * i },
-                          { QStringLiteral("isBestPrice"), i == 0 } });
+        const QString date = QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate);
+        days.append(QJsonObject {
+            { u"date"_s, date }, { u"amount"_s, 4000 + 100 * i }, { u"isBestPrice"_s, i == 0 } });
     }
-    const QJsonObject best { { QStringLiteral("date"), QStringLiteral("2026-12-01") },
-                             { QStringLiteral("amount"), 4000 } };
-    return { { QStringLiteral("prices"), days }, { QStringLiteral("bestPrice"), best } };
+    const QJsonObject best { { u"date"_s, u"2026-12-01"_s }, { u"amount"_s, 4000 } };
+    return { { u"prices"_s, days }, { u"bestPrice"_s, best } };
 }
 
 /// `count` flights; the dearer ones are the faster ones, and every one has `segments` segments.
 inline QJsonObject flightsContent(int count, int segments = 1)
 {
+    using namespace Qt::StringLiterals;
     QJsonArray options;
     for (int i = 0; i < count; ++i) {
-        const QJsonObject segment { { QStringLiteral("flightNumber"),
-                                      QStringLiteral("VQ%1").arg(100 + i) } };
+        const QJsonObject segment { { u"flightNumber"_s, u"VQ%1"_s.arg(100 + i) } };
         QJsonArray list;
         for (int s = 0; s < segments; ++s)
             list.append(segment);
-        options.append(
-            QJsonObject { { QStringLiteral("flightSegments"), list },
-                          { QStringLiteral("cheapestPriceAmount"), 4000 + i },
-                          { QStringLiteral("journeyDuration"), 60'000 * (20'000 - i) } });
+        options.append(QJsonObject { { u"flightSegments"_s, list },
+                                     { u"cheapestPriceAmount"_s, 4000 + i },
+                                     { u"journeyDuration"_s, 60'000 * (20'000 - i) } });
     }
-    const QJsonObject information { { QStringLiteral("originDestinationOptions"), options } };
-    return { { QStringLiteral("availabilityData"),
-               QJsonObject { { QStringLiteral("originDestinationInformations"),
-                               QJsonArray { information } } } } };
+    const QJsonObject information { { u"originDestinationOptions"_s, options } };
+    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
+    return { { u"availabilityData"_s, data } };
 }
