@@ -24,11 +24,6 @@ public:
         QByteArray allow;
 
         QJsonObject json() const { return QJsonDocument::fromJson(body).object(); }
-        /// The code of the JSON-RPC error; 0 when the answer is none.
-        int errorCode() const
-        {
-            return json().value(QLatin1StringView("error"))[QLatin1StringView("code")].toInt();
-        }
     };
 
     TestClient()
@@ -54,18 +49,11 @@ public:
             server, [&] { function(*server); }, Qt::BlockingQueuedConnection);
     }
 
-    SampleServer &server() { return *m_server; }
     quint16 port() const { return m_port; }
 
-    QNetworkReply *send(const QByteArray &method, const Headers &headers, const QByteArray &body,
-                        const QString &path = QStringLiteral("/mcp"))
+    QNetworkReply *send(const QByteArray &method, const Headers &headers, const QByteArray &body)
     {
-        QUrl url;
-        url.setScheme(QStringLiteral("http"));
-        url.setHost(QStringLiteral("127.0.0.1"));
-        url.setPort(m_port);
-        url.setPath(path);
-        QNetworkRequest request(url);
+        QNetworkRequest request(QUrl(QStringLiteral("http://127.0.0.1:%1/mcp").arg(m_port)));
         request.setTransferTimeout(30000);
         for (const auto &header : headers)
             request.setRawHeader(header.first, header.second);
@@ -79,10 +67,9 @@ public:
                  reply->readAll(), reply->rawHeader("mcp-session-id"), reply->rawHeader("Allow") };
     }
 
-    Answer exchange(const QByteArray &method, const Headers &headers, const QByteArray &body,
-                    const QString &path = QStringLiteral("/mcp"))
+    Answer exchange(const QByteArray &method, const Headers &headers, const QByteArray &body)
     {
-        QNetworkReply *reply = send(method, headers, body, path);
+        QNetworkReply *reply = send(method, headers, body);
         [[maybe_unused]] const bool finished =
             QTest::qWaitFor([reply] { return reply->isFinished(); }, 30'000);
         return read(reply);
@@ -90,9 +77,7 @@ public:
 
     static Headers sessionHeaders(const QByteArray &session)
     {
-        return { { "Content-Type", "application/json" },
-                 { "Accept", "application/json, text/event-stream" },
-                 { "mcp-session-id", session } };
+        return { { "Content-Type", "application/json" }, { "mcp-session-id", session } };
     }
 
     Answer post(const QByteArray &session, const QByteArray &body)
@@ -100,17 +85,14 @@ public:
         return exchange("POST", sessionHeaders(session), body);
     }
 
-    static QByteArray initializeBody(const QByteArray &version)
+    /// The answer to the "initialize" of a client that speaks this version.
+    Answer initialize(const QByteArray &version = "2024-11-05")
     {
-        return R"({"jsonrpc":"2.0","id":1,"method":"initialize","params":{"protocolVersion":")"
-            + version + R"(","capabilities":{},"clientInfo":{"name":"test","version":"1"}}})";
-    }
-
-    /// The identifier of a new session.
-    QByteArray openSession(const QByteArray &version = "2024-11-05")
-    {
-        return exchange("POST", { { "Content-Type", "application/json" } }, initializeBody(version))
-            .session;
+        return exchange("POST", { { "Content-Type", "application/json" } },
+                        R"({"jsonrpc":"2.0","id":1,"method":"initialize","params":{)"
+                        R"("capabilities":{},"clientInfo":{"name":"test","version":"1"},)"
+                        R"("protocolVersion":")"
+                            + version + R"("}})");
     }
 
 private:

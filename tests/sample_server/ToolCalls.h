@@ -11,21 +11,15 @@ namespace ToolCalls {
 
 using namespace Qt::StringLiterals;
 
-inline QDateTime moment(const QString &isoText)
-{
-    QDateTime moment = QDateTime::fromString(isoText, Qt::ISODate);
-    moment.setTimeZone(QTimeZone("Europe/Istanbul"));
-    return moment;
-}
-
 /// A Saturday at noon.
-inline QDateTime fixedNow() { return moment(u"2026-11-21T12:00:00"_s); }
-
-inline QDate fixedToday() { return fixedNow().date(); }
+inline QDateTime fixedNow()
+{
+    return QDateTime(QDate(2026, 11, 21), QTime(12, 0), QTimeZone("Europe/Istanbul"));
+}
 
 inline QString dayText(int daysAhead)
 {
-    return fixedToday().addDays(daysAhead).toString(Qt::ISODate);
+    return fixedNow().date().addDays(daysAhead).toString(Qt::ISODate);
 }
 
 inline const Sample::ToolRegistry &registry()
@@ -39,19 +33,6 @@ inline QJsonObject call(const QString &tool, const QJsonObject &arguments,
 {
     return registry().call(tool, arguments, { now, u"https://www.example.test"_s });
 }
-
-/// The message of the refusal, or an empty text when the call succeeds.
-inline QString refusal(const QString &tool, const QJsonObject &arguments)
-{
-    try {
-        call(tool, arguments);
-        return {};
-    } catch (const Sample::JsonRpc::Error &error) {
-        return error.message;
-    }
-}
-
-inline QJsonObject parsed(const QByteArray &json) { return QJsonDocument::fromJson(json).object(); }
 
 inline QJsonObject calendarArguments(const QString &from, const QString &to, const QString &date,
                                      const QString &range = u"2_WEEKS"_s,
