@@ -41,6 +41,11 @@ FocusScope {
                 width: parent.width
             }
 
+            FlightSearchCardView {
+                width: parent.width
+                viewModel: mainView.viewModel
+            }
+
             ErrorBanner {
                 width: parent.width
                 visible: mainView.viewModel.hasErrorMessage

@@ -35,8 +35,8 @@ ListView {
     highlightMoveDuration: 0
     Accessible.role: Accessible.List
 
-    onSelectedIndexChanged: Qt.callLater(showSelection)
-    onWidthChanged: Qt.callLater(showSelection)
+    onSelectedIndexChanged: showSelection()
+    onContentWidthChanged: showSelection()
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {
         pointerMovedLast = false;

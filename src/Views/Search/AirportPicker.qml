@@ -8,7 +8,7 @@ import Vantora
 FocusScope {
     id: picker
 
-    required property AirportPickerSheet sheet
+    required property Sheet sheet
     required property string selectedCode
 
     signal chosen(code: string)

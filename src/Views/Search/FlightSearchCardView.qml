@@ -1,0 +1,74 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Vantora
+
+/// The search form. It edits the view model's form and starts searches; its own state is only which
+/// of its two sheets is open.
+Item {
+    id: searchCard
+
+    required property FlightSearchViewModel viewModel
+    property alias showOriginPicker: originPicker.visible
+    property alias showDestinationPicker: destinationPicker.visible
+
+    implicitHeight: content.implicitHeight + 2 * VTRTheme.padding
+
+    CardBackground {
+        anchors.fill: parent
+    }
+
+    ColumnLayout {
+        id: content
+
+        anchors.fill: parent
+        anchors.margins: VTRTheme.padding
+        spacing: 16
+
+        SearchOptionRow {
+            Layout.fillWidth: true
+            viewModel: searchCard.viewModel
+        }
+
+        RouteRow {
+            Layout.fillWidth: true
+            viewModel: searchCard.viewModel
+            onOriginPressed: originPicker.open()
+            onDestinationPressed: destinationPicker.open()
+        }
+
+        SearchDateRow {
+            viewModel: searchCard.viewModel
+        }
+
+        PrimaryButton {
+            objectName: "searchButton"
+            symbol: "magnifyingglass"
+            text: "En Uygun Fiyatları Bul"
+            busyText: "Aranıyor..."
+            busy: searchCard.viewModel.isLoading
+            onClicked: searchCard.viewModel.startSearchAll()
+        }
+
+        QuickRouteRow {
+            viewModel: searchCard.viewModel
+        }
+    }
+
+    AirportPickerSheet {
+        id: originPicker
+
+        title: "Kalkış Havalimanı Seçin"
+        selectedCode: searchCard.viewModel.originCode
+        onChosen: code => searchCard.viewModel.originCode = code
+    }
+
+    AirportPickerSheet {
+        id: destinationPicker
+
+        title: "Varış Havalimanı Seçin"
+        selectedCode: searchCard.viewModel.destinationCode
+        onChosen: code => searchCard.viewModel.destinationCode = code
+    }
+}

@@ -1,0 +1,51 @@
+import QtQuick
+import Vantora
+
+/// One popular route.
+BaseButton {
+    id: button
+
+    required property string origin
+    required property string destination
+    readonly property color ink: hovered || down ? VTRTheme.textPrimary : VTRTheme.textSecondary
+
+    text: origin + " → " + destination + " uçuşlarını ara"
+    cornerRadius: 6
+    horizontalPadding: 8
+    verticalPadding: 4
+
+    background: RoundedSurface {
+        radius: button.cornerRadius
+        color: VTRTheme.cardBgLight
+
+        PressTint {
+            control: button
+            radius: button.cornerRadius
+        }
+    }
+
+    contentItem: Row {
+        spacing: 4
+
+        PlainText {
+            text: button.origin
+            font.pixelSize: 12
+            font.weight: Font.Medium
+            color: button.ink
+        }
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "arrow.right"
+            size: 10
+            color: button.ink
+        }
+
+        PlainText {
+            text: button.destination
+            font.pixelSize: 12
+            font.weight: Font.Medium
+            color: button.ink
+        }
+    }
+}

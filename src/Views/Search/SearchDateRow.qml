@@ -1,0 +1,46 @@
+import QtQuick
+import Vantora
+
+/// The day of departure and, for a round trip, the day of return.
+Row {
+    id: row
+
+    required property FlightSearchViewModel viewModel
+
+    component Caption: PlainText {
+        font.pixelSize: 11
+        font.weight: Font.Bold
+        color: VTRTheme.textMuted
+    }
+
+    spacing: 12
+
+    Column {
+        spacing: 6
+
+        Caption { text: "Gidiş Tarihi" }
+
+        DateField {
+            objectName: "departureDate"
+            width: 250
+            label: "Gidiş Tarihi"
+            value: row.viewModel.departureDate
+            onEdited: value => row.viewModel.departureDate = value
+        }
+    }
+
+    Column {
+        visible: row.viewModel.isRoundTrip
+        spacing: 6
+
+        Caption { text: "Dönüş Tarihi" }
+
+        DateField {
+            objectName: "returnDate"
+            width: 250
+            label: "Dönüş Tarihi"
+            value: row.viewModel.returnDate
+            onEdited: value => row.viewModel.returnDate = value
+        }
+    }
+}
