@@ -17,6 +17,8 @@ T.Dialog {
     property color fill: VTRTheme.background
     default property Component content
 
+    /// What `content` makes, while the sheet is open.
+    property Item body: null
     /// How far below its place the sheet is, while it comes and goes.
     property real rise: 0
 
@@ -31,7 +33,15 @@ T.Dialog {
     closePolicy: T.Popup.CloseOnEscape
 
     onAboutToShow: focusReturn.remember(parent)
+    onVisibleChanged: visible ? makeBody() : body?.destroy()
     onClosed: focusReturn.restore()
+
+    // A Loader would refuse a component that is bound to its context.
+    function makeBody() {
+        const room = { "width": availableWidth, "height": availableHeight };
+        body = content.createObject(contentItem, room) as Item;
+        body.anchors.fill = contentItem;
+    }
 
     background: RoundedSurface {
         radius: VTRTheme.cardRadius
@@ -42,10 +52,8 @@ T.Dialog {
         shadowRadius: 30
         shadowOffset: 12
     }
-    contentItem: Loader {
+    contentItem: FocusScope {
         focus: true
-        active: sheet.visible
-        sourceComponent: sheet.content
         // With Qt 6.4 a dialog itself is unknown to assistive technology.
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title
