@@ -14,6 +14,7 @@ FocusScope {
     /// Loads what the sheet shows; called once.
     function open(destinationCode: string) {
         guide.startLoading(destinationCode);
+        tabBar.currentSegment.focus = true;
     }
 
     onActiveTabChanged: page.scrollTo(0)
@@ -30,20 +31,15 @@ FocusScope {
             sheet: tabs.sheet
             symbol: "map.circle.fill"
 
-            RowLayout {
-                BaseButton {
-                    objectName: "guideTab"
-                    text: tabs.guide.destinationCode + " Şehir Rehberi"
-                    contentItem: PlainText { text: parent.text }
-                    onClicked: tabs.activeTab = 0
-                    focus: true
-                }
-                BaseButton {
-                    objectName: "promotionsTab"
-                    text: "Aktif Kampanyalar"
-                    contentItem: PlainText { text: parent.text }
-                    onClicked: tabs.activeTab = 1
-                }
+            SegmentedControl {
+                id: tabBar
+
+                objectName: "guideTabs"
+                Layout.fillWidth: true
+                label: "Rehber sekmeleri"
+                titles: [tabs.guide.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
+                currentIndex: tabs.activeTab
+                onChosen: index => tabs.activeTab = index
             }
         }
 

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Vantora
 
 /// The question: a flight number, a day and the button that asks.
@@ -11,32 +10,30 @@ RowLayout {
 
     spacing: VTRTheme.spacing
 
-    T.TextField {
+    // The number that stands there is an example: typing replaces it.
+    Component.onCompleted: {
+        number.textInput.focus = true;
+        number.textInput.selectAll();
+    }
+
+    InputField {
         id: number
 
-        objectName: "flightNumberField"
         Layout.fillWidth: true
         Layout.fillHeight: true
-        padding: 10
-        implicitHeight: contentHeight + 20
-        focus: true
+        label: "Uçuş numarası"
+        symbol: "ticket"
+        prompt: "Uçuş No (örn: VQ1983)"
+        color: VTRTheme.cardBg
         font.pixelSize: 14
         font.weight: Font.Bold
-        color: VTRTheme.textPrimary
         text: row.viewModel.flightNumber
-        placeholderText: "Uçuş No (örn: VQ1983)"
-        Accessible.name: "Uçuş numarası"
-        onTextEdited: row.viewModel.flightNumber = text
+        onTextChanged: row.viewModel.flightNumber = text
         onAccepted: row.viewModel.startSearchStatus()
-        Component.onCompleted: selectAll()
-        background: RoundedSurface {
-            radius: 8
-            color: VTRTheme.cardBg
-        }
     }
 
     DateField {
-        objectName: "flightDateField"
+        objectName: "statusDateField"
         Layout.preferredWidth: 196
         Layout.fillHeight: true
         label: "Uçuş günü"
@@ -45,10 +42,17 @@ RowLayout {
         onEdited: value => row.viewModel.flightDate = value
     }
 
-    QueryButton {
+    PrimaryButton {
         objectName: "statusQueryButton"
         Layout.fillHeight: true
-        isLoading: row.viewModel.isLoading
+        horizontalPadding: 16
+        verticalPadding: 9
+        cornerRadius: 6
+        raised: false
+        symbol: "magnifyingglass"
+        text: "Sorgula"
+        textSize: 13
+        busy: row.viewModel.isLoading
         onClicked: row.viewModel.startSearchStatus()
     }
 }
