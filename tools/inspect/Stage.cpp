@@ -34,6 +34,8 @@ Stage::Stage(QQuickWindow *window, std::chrono::milliseconds timeout)
 {
     // A pointer that happens to rest over the window would show its hover states.
     QCursor::setPos(0, 0);
+    // Without a window manager nobody else gives it the keyboard.
+    m_window->requestActivate();
     m_clock.start();
     m_lastFrame.start();
     QObject::connect(
