@@ -46,7 +46,8 @@ double Spring::settlingTime() const { return std::log(1000) / (m_damping * m_fre
 
 QVariantList Spring::bezierSpline() const
 {
-    constexpr int pieces = 12;
+    // Qt 6.4 keeps room for ten pieces of an easing curve and writes beyond it for more.
+    constexpr int pieces = 10;
     const double duration = settlingTime();
     QVariantList spline;
     for (int piece = 0; piece < pieces; ++piece) {
