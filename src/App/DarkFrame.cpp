@@ -26,10 +26,11 @@ xcb_atom_t atomNamed(xcb_connection_t *connection, const char *name)
 void requestDarkFrame(QWindow *window)
 {
     auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    // Platforms without windows of their own have the interface too, but no connection.
+    xcb_connection_t *connection = x11 ? x11->connection() : nullptr;
+    if (!connection)
         return;
     // The name is historical: window managers of several desktops read this property.
-    xcb_connection_t *connection = x11->connection();
     const xcb_atom_t property = atomNamed(connection, "_GTK_THEME_VARIANT");
     const xcb_atom_t type = atomNamed(connection, "UTF8_STRING");
     constexpr char variant[] = "dark";

@@ -46,6 +46,8 @@ public:
         if (!loadMainWindow(m_engine, QStringLiteral("Test")))
             return;
         m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+        // High enough for the day tiles, which are clicked.
+        m_window->resize(1280, 1200);
         m_viewModel = m_window->property("viewModel").value<FlightSearchViewModel *>();
     }
     ~TestWindow() { VTRMCPClientTestAccess::destroyShared(); }

@@ -63,6 +63,50 @@ bool openSheet(Stage &stage, const QString &button, const QString &panel)
     return stage.press(button) && stage.waitUntil([&] { return isShown(stage, panel); });
 }
 
+bool showRoundTrip(Stage &stage)
+{
+    stage.viewModel()->setTripType(TripType::roundTrip);
+    return stage.waitUntil([&] { return isShown(stage, u"returnDate"_s); });
+}
+
+bool showDatePanel(Stage &stage) { return openSheet(stage, u"departureDate"_s, u"monthView"_s); }
+
+bool showOriginPicker(Stage &stage)
+{
+    return openSheet(stage, u"originButton"_s, u"airportPicker"_s);
+}
+
+/// The keyboard is in the picker's field.
+bool showPickerQuery(Stage &stage)
+{
+    if (!showOriginPicker(stage))
+        return false;
+    stage.type(u"lon"_s);
+    stage.pressKey(Qt::Key_Down);
+    return stage.waitUntil([&] { return isShown(stage, u"airportPicker"_s); });
+}
+
+bool showPickerEmpty(Stage &stage)
+{
+    if (!showOriginPicker(stage))
+        return false;
+    stage.type(u"atlantis"_s);
+    return stage.waitUntil([&] { return isShown(stage, u"noAirports"_s); });
+}
+
+/// Tab goes from the top of the window to the search button.
+bool showKeyboardFocus(Stage &stage)
+{
+    constexpr int mostTabs = 30;
+    for (int i = 0; i < mostTabs; ++i) {
+        stage.pressKey(Qt::Key_Tab);
+        const QQuickItem *item = stage.window()->activeFocusItem();
+        if (item && item->objectName() == u"searchButton")
+            return true;
+    }
+    return false;
+}
+
 bool showStatusEmpty(Stage &stage)
 {
     return openSheet(stage, u"flightStatusButton"_s, u"statusEmptyPanel"_s);
@@ -127,6 +171,12 @@ const QList<Scene> &allScenes()
         { u"error"_s, u"a failed search, over the results of the one before"_s, showError },
         { u"empty"_s, u"a day without flights"_s, showEmpty },
         { u"direct-only"_s, u"the direct flights alone"_s, showDirectOnly },
+        { u"round-trip"_s, u"the search card with a day of return"_s, showRoundTrip },
+        { u"date-panel"_s, u"the month under the day of departure"_s, showDatePanel },
+        { u"origin-picker"_s, u"the airports for the departure"_s, showOriginPicker },
+        { u"picker-query"_s, u"the airports that match a text"_s, showPickerQuery },
+        { u"picker-empty"_s, u"a text that no airport matches"_s, showPickerEmpty },
+        { u"keyboard-focus"_s, u"the keyboard on the search button"_s, showKeyboardFocus },
         { u"flight-status"_s, u"the status of a punctual flight"_s, showStatus },
         { u"flight-status-delayed"_s, u"the status of a delayed flight"_s, showStatusDelayed },
         { u"flight-status-empty"_s, u"the status sheet before a question"_s, showStatusEmpty },

@@ -34,6 +34,7 @@ T.Popup {
     background: PopUpSurface {}
 
     contentItem: MonthView {
+        objectName: "monthView"
         cursor: monthPanel.value
         focus: true
         onTaken: day => {

@@ -16,20 +16,23 @@ Item {
 
     readonly property int cardHeight: 104
     readonly property int cardSpacing: 12
+    readonly property int cardPitch: cardHeight + cardSpacing
     readonly property real visibleTop: Math.max(0, Math.min(page.contentY - topInPage, height - list.height))
 
-    implicitHeight: Math.max(0, list.count * (cardHeight + cardSpacing) - cardSpacing)
+    implicitHeight: Math.max(0, list.count * cardPitch - cardSpacing)
 
     ListView {
         id: list
 
         readonly property bool showsFocus: activeFocus && !pointerMovedLast
         property bool pointerMovedLast: false
+        readonly property real position: originY + area.visibleTop
+
+        onPositionChanged: contentY = position
 
         y: area.visibleTop
         width: parent.width
         height: Math.min(area.height, area.page.height + area.cardHeight)
-        contentY: originY + area.visibleTop
         interactive: false
         keyNavigationEnabled: false
         spacing: area.cardSpacing
@@ -92,6 +95,16 @@ Item {
         }
     }
 
+    Connections {
+        target: area.viewModel.filteredFlights
+
+        // A list that is made anew begins at its top; the page may be elsewhere.
+        function onModelReset() {
+            list.positionViewAtIndex(Math.floor(area.visibleTop / area.cardPitch), ListView.Beginning);
+            list.contentY = list.position;
+        }
+    }
+
     component CardMotion: NumberAnimation {
         duration: Motion.resortDuration
         easing.type: Easing.BezierSpline
@@ -102,7 +115,7 @@ Item {
     function moveTo(index: int) {
         list.pointerMovedLast = false;
         const bounded = Math.max(0, Math.min(index, list.count - 1));
-        const top = topInPage + bounded * (cardHeight + cardSpacing);
+        const top = topInPage + bounded * cardPitch;
         page.showRange(top, top + cardHeight);
         list.currentIndex = bounded;
     }

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 import Vantora
 
 /// The content of the airport picker: header, search field, and the list under it. The keyboard
@@ -13,27 +14,31 @@ FocusScope {
 
     signal chosen(code: string)
 
+    objectName: "airportPicker"
+    focus: true
+
     function takeMarked() {
         if (list.currentIndex >= 0)
             chosen(airports.codeAt(list.currentIndex));
     }
 
+    /// Filters the list and marks what Return should take: the first match, or, while nothing is
+    /// typed, the airport chosen so far.
+    function filter(query: string) {
+        // The list would complain of a current row that is gone.
+        list.currentIndex = -1;
+        airports.query = query;
+        const typed = query.trim().length > 0;
+        list.currentIndex = typed ? Math.min(0, airports.count - 1) : airports.rowOf(selectedCode);
+        list.positionViewAtIndex(Math.max(list.currentIndex, 0), typed ? ListView.Beginning : ListView.Center);
+    }
+
     Component.onCompleted: {
-        field.textInput.forceActiveFocus(Qt.PopupFocusReason);
-        list.currentIndex = airports.rowOf(selectedCode);
-        list.positionViewAtIndex(list.currentIndex, ListView.Center);
+        filter("");
     }
 
     AirportListModel {
         id: airports
-
-        query: field.text
-        // What was marked may be gone; the first match is what Return should take.
-        onQueryChanged: {
-            const typed = query.trim().length > 0;
-            list.currentIndex = typed ? Math.min(0, count - 1) : rowOf(picker.selectedCode);
-            list.positionViewAtIndex(Math.max(list.currentIndex, 0), typed ? ListView.Beginning : ListView.Center);
-        }
     }
 
     Column {
@@ -56,11 +61,15 @@ FocusScope {
                 x: VTRTheme.padding
                 y: VTRTheme.spacing
                 width: parent.width - 2 * VTRTheme.padding
+                readonly property AirportRowView marked: list.currentItem as AirportRowView
+
                 focus: true
                 symbol: "magnifyingglass"
                 label: "Havalimanı ara"
                 prompt: "Şehir, ülke veya havalimanı kodu (örn: IST, Londra, JFK)..."
                 clearable: true
+                description: marked ? marked.text : prompt
+                onTextChanged: picker.filter(text)
                 onAccepted: picker.takeMarked()
                 Keys.onDownPressed: list.incrementCurrentIndex()
                 Keys.onUpPressed: list.decrementCurrentIndex()
@@ -81,7 +90,8 @@ FocusScope {
         anchors.top: top.bottom
         anchors.bottom: parent.bottom
         x: VTRTheme.padding
-        width: parent.width - 2 * VTRTheme.padding
+        // The scroll bar has the room beside the rows.
+        width: parent.width - VTRTheme.padding
         bottomMargin: 12
         spacing: 4
         clip: true
@@ -94,28 +104,18 @@ FocusScope {
         delegate: AirportRowView {
             required property int index
 
-            width: ListView.view.width
+            width: ListView.view.width - VTRTheme.padding
             isSelected: airport.code === picker.selectedCode
             isMarked: ListView.isCurrentItem
             onClicked: picker.chosen(airport.code)
         }
 
         NoAirportsPanel {
-            width: parent.width
+            objectName: "noAirports"
+            width: parent.width - VTRTheme.padding
             visible: list.count === 0
         }
 
-        PageScrollBar {
-            id: bar
-
-            anchors.right: parent.right
-            anchors.rightMargin: -VTRTheme.padding + 2
-            anchors.top: parent.top
-            anchors.bottom: parent.bottom
-            orientation: Qt.Vertical
-            size: list.visibleArea.heightRatio
-            position: list.visibleArea.yPosition
-            onPositionChanged: if (pressed) list.contentY = list.originY + position * list.contentHeight
-        }
+        T.ScrollBar.vertical: PageScrollBar {}
     }
 }
