@@ -4,7 +4,7 @@ import QtQuick.Templates as T
 import Vantora
 
 /// A line of text with a symbol before it and, if `clearable`, a button that empties it. Escape is
-/// left to the sheet around it. `textInput` is the item that takes the keyboard.
+/// left to the sheet around it. `textInput` is the item that gets the keyboard when the field does.
 FieldSurface {
     id: field
 
@@ -12,6 +12,8 @@ FieldSurface {
     required property string label
     property string symbol
     property string prompt
+    /// What assistive technology says beside the label.
+    property string description: prompt
     property bool clearable: false
     property alias text: input.text
     property alias font: input.font
@@ -22,6 +24,7 @@ FieldSurface {
     signal accepted()
 
     implicitWidth: row.implicitWidth + 20
+    onActiveFocusChanged: if (activeFocus) input.forceActiveFocus(Qt.OtherFocusReason)
 
     HoverHandler {
         cursorShape: Qt.IBeamCursor
@@ -61,7 +64,7 @@ FieldSurface {
             font.family: VTRTheme.fontFamily
             font.pixelSize: VTRTheme.bodySize
             Accessible.name: field.label
-            Accessible.description: field.prompt
+            Accessible.description: field.description
             onAccepted: field.accepted()
 
             PlainText {

@@ -13,12 +13,16 @@ BaseButton {
     property int textSize: 14
     /// It casts the red shadow.
     property bool raised: true
+    property bool hadRing: false
 
     horizontalPadding: 18
     verticalPadding: 14
     cornerRadius: 10
     enabled: !busy
     opacity: enabled || busy ? 1 : 0.55
+    // A disabled button loses the keyboard and gets it back without its ring.
+    onClicked: hadRing = visualFocus
+    onEnabledChanged: if (enabled && activeFocus && hadRing) focusReason = Qt.TabFocusReason
     Accessible.name: !busy ? text : busyText.length > 0 ? busyText : text + ", yükleniyor"
 
     background: RoundedSurface {

@@ -21,6 +21,7 @@ FieldSurface {
     implicitWidth: row.implicitWidth + 6
     Accessible.role: Accessible.Grouping
     Accessible.name: label
+    onActiveFocusChanged: if (activeFocus) currentSegment.forceActiveFocus(Qt.OtherFocusReason)
 
     function move(index: int) {
         if (index < 0 || index >= segments.count)

@@ -4,8 +4,9 @@ import Vantora
 
 /// A modal sheet over the dimmed window. Its child is the content, made anew for every opening and
 /// destroyed after the closing motion; the item in it that has `focus: true` gets the keyboard
-/// first, Tab stays within the sheet, and closing gives the keyboard back to where it was. `title`
-/// is the accessible name; the content shows it in a SheetHeader.
+/// first (a content that is a FocusScope needs it, too), Tab stays within the sheet, and closing
+/// gives the keyboard back to where it was. `title` is the accessible name; the content shows it in
+/// a SheetHeader.
 ///
 /// Escape and the header's button close it. A click beside it does not: it would throw away what
 /// was typed for a slip of the pointer.

@@ -11,10 +11,10 @@ class SearchChoices : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(QStringList tripTypes READ tripTypes CONSTANT)
-    Q_PROPERTY(QStringList cabinClasses READ cabinClasses CONSTANT)
-    Q_PROPERTY(QStringList timeRanges READ timeRanges CONSTANT)
-    Q_PROPERTY(QStringList sortOptions READ sortOptions CONSTANT)
+    Q_PROPERTY(QList<QString> tripTypes READ tripTypes CONSTANT)
+    Q_PROPERTY(QList<QString> cabinClasses READ cabinClasses CONSTANT)
+    Q_PROPERTY(QList<QString> timeRanges READ timeRanges CONSTANT)
+    Q_PROPERTY(QList<QString> sortOptions READ sortOptions CONSTANT)
 
 public:
     using QObject::QObject;

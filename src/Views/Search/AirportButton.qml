@@ -7,25 +7,20 @@ BaseButton {
 
     required property string caption
     required property airport airport
-    /// How far the airport is drawn beside its place, in pixels.
-    property real shift: 0
+    /// How far the airport is from here: 0 for in place, 1 for where the other button is, and less
+    /// than 0 when the spring overshoots.
+    property real away: 0
+    /// From here to the other button, in pixels; negative to the left.
+    property real distance: 0
+
+    readonly property real halfway: Math.max(0, 4 * away * (1 - away))
+    // The overshoot stays within the button.
+    readonly property real shift: distance * (away > 0 ? away : 0.15 * away)
 
     text: caption + ": " + airport.code + ", " + airport.name
     cornerRadius: 10
     horizontalPadding: 14
     verticalPadding: 10
-
-    background: RoundedSurface {
-        radius: button.cornerRadius
-        color: VTRTheme.cardBgLight
-        borderWidth: 1
-        borderColor: button.hovered ? Qt.rgba(1, 1, 1, 0.18) : VTRTheme.cardBorder
-
-        PressTint {
-            control: button
-            radius: button.cornerRadius
-        }
-    }
 
     contentItem: Column {
         spacing: 4
@@ -37,21 +32,30 @@ BaseButton {
             color: VTRTheme.textMuted
         }
 
-        PlainText {
-            text: button.airport.code
-            font.family: VTRTheme.monospacedFamily
-            font.pixelSize: 18
-            font.weight: Font.ExtraBold
-            transform: Translate { x: button.shift }
-        }
-
-        PlainText {
+        Column {
             width: parent.width
-            elide: Text.ElideRight
-            text: "• " + button.airport.name
-            font.weight: Font.Medium
-            color: VTRTheme.textSecondary
-            transform: Translate { x: button.shift }
+            spacing: 4
+            // They pass one above the other.
+            opacity: 1 - 0.6 * button.halfway
+            transform: Translate {
+                x: button.shift
+                y: Math.sign(button.distance) * -12 * button.halfway
+            }
+
+            PlainText {
+                text: button.airport.code
+                font.family: VTRTheme.monospacedFamily
+                font.pixelSize: 18
+                font.weight: Font.ExtraBold
+            }
+
+            PlainText {
+                width: parent.width
+                elide: Text.ElideRight
+                text: "• " + button.airport.name
+                font.weight: Font.Medium
+                color: VTRTheme.textSecondary
+            }
         }
     }
 }

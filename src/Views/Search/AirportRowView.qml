@@ -15,7 +15,6 @@ BaseButton {
 
     focusPolicy: Qt.NoFocus
     text: airport.code + ", " + airport.city + ", " + airport.country + ", " + airport.name
-    Accessible.role: Accessible.ListItem
     Accessible.selectable: true
     Accessible.selected: isSelected
     topPadding: 10
@@ -48,12 +47,12 @@ BaseButton {
             Layout.fillWidth: true
             spacing: 2
 
-            Row {
-                width: parent.width
+            RowLayout {
+                width: Math.min(implicitWidth, parent.width)
                 spacing: VTRTheme.spacing
 
                 PlainText {
-                    width: Math.min(implicitWidth, parent.width - (hub.visible ? hub.width + parent.spacing : 0))
+                    Layout.fillWidth: true
                     elide: Text.ElideRight
                     text: row.airport.city + ", " + row.airport.country
                     font.pixelSize: 14
@@ -62,9 +61,6 @@ BaseButton {
                 }
 
                 Tag {
-                    id: hub
-
-                    anchors.verticalCenter: parent.verticalCenter
                     visible: row.airport.hub
                     text: "HUB"
                     size: 9

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Vantora
 
 /// The two airports with the button between them that makes them change places.
-RowLayout {
+Item {
     id: row
 
     required property FlightSearchViewModel viewModel
@@ -14,53 +14,71 @@ RowLayout {
     signal originPressed
     signal destinationPressed
 
-    spacing: 12
+    implicitHeight: layout.implicitHeight
 
     NumberAnimation {
         id: exchange
 
         target: row
         property: "away"
-        from: 1
         to: 0
         duration: Motion.swapDuration
         easing.type: Easing.BezierSpline
         easing.bezierCurve: Motion.swapCurve
     }
 
-    AirportButton {
-        id: origin
-
-        objectName: "originButton"
-        Layout.fillWidth: true
-        Layout.preferredWidth: 1
-        caption: "Kalkış Yeri"
-        airport: row.viewModel.originAirport
-        shift: row.away * row.distance
-        onClicked: row.originPressed()
+    // Both grounds lie under both airports, which cross them when they change places.
+    AirportGround {
+        button: origin
+    }
+    AirportGround {
+        button: destination
     }
 
-    IconButton {
-        objectName: "swapButton"
-        symbol: "arrow.left.arrow.right"
-        symbolSize: 18
-        frame: 36
-        text: "Kalkış ve varışı değiştir"
-        onClicked: {
-            row.viewModel.swapAirports();
-            exchange.restart();
+    RowLayout {
+        id: layout
+
+        anchors.fill: parent
+        spacing: 12
+
+        AirportButton {
+            id: origin
+
+            objectName: "originButton"
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            caption: "Kalkış Yeri"
+            airport: row.viewModel.originAirport
+            away: row.away
+            distance: row.distance
+            onClicked: row.originPressed()
         }
-    }
 
-    AirportButton {
-        id: destination
+        IconButton {
+            objectName: "swapButton"
+            symbol: "arrow.left.arrow.right"
+            symbolSize: 18
+            frame: 36
+            text: "Kalkış ve varışı değiştir"
+            onClicked: {
+                row.viewModel.swapAirports();
+                // Pressed again on the way, the airports turn back from where they are.
+                exchange.from = 1 - row.away;
+                exchange.restart();
+            }
+        }
 
-        objectName: "destinationButton"
-        Layout.fillWidth: true
-        Layout.preferredWidth: 1
-        caption: "Varış Yeri"
-        airport: row.viewModel.destinationAirport
-        shift: -row.away * row.distance
-        onClicked: row.destinationPressed()
+        AirportButton {
+            id: destination
+
+            objectName: "destinationButton"
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            caption: "Varış Yeri"
+            airport: row.viewModel.destinationAirport
+            away: row.away
+            distance: -row.distance
+            onClicked: row.destinationPressed()
+        }
     }
 }
