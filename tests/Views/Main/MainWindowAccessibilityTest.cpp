@@ -12,6 +12,7 @@ class MainWindowAccessibilityTest : public QObject
 private Q_SLOTS:
     void initTestCase();
     void everyControlHasRoleNameAndAction();
+    void pickerHasRolesNamesAndActions();
     void tabReachesEveryControlOnceAndReturns();
     void errorsAndLoadingAreNamed();
 };
@@ -31,6 +32,25 @@ QString describe(QAccessibleInterface *node)
 {
     return u"%1 \"%2\" (%3)"_s.arg(QString::number(node->role()), node->text(QAccessible::Name),
                                    QString::fromLatin1(node->object()->metaObject()->className()));
+}
+
+/// What a focusable node lacks, by node; `buttons` becomes the number of buttons.
+QStringList faultsOf(const TestWindow &window, int &buttons)
+{
+    QStringList faults;
+    visit(QAccessible::queryAccessibleInterface(window.window()), [&](QAccessibleInterface *node) {
+        if (!node->state().focusable || node->role() == QAccessible::Window)
+            return;
+        if (node->role() == QAccessible::NoRole || node->text(QAccessible::Name).isEmpty())
+            faults.append(u"no role or name: "_s + describe(node));
+        if (node->role() != QAccessible::Button)
+            return;
+        ++buttons;
+        auto *action = node->actionInterface();
+        if (!action || !action->actionNames().contains(QAccessibleActionInterface::pressAction()))
+            faults.append(u"no press action: "_s + describe(node));
+    });
+    return faults;
 }
 
 void serveResults(ScriptedServer &server)
@@ -57,20 +77,8 @@ void MainWindowAccessibilityTest::everyControlHasRoleNameAndAction()
     QVERIFY(window.waitForSearch());
     QTRY_COMPARE(window.itemsOfType("FlightCardView").size(), 3);
 
-    QStringList faults;
     int buttons = 0;
-    visit(QAccessible::queryAccessibleInterface(window.window()), [&](QAccessibleInterface *node) {
-        if (!node->state().focusable || node->role() == QAccessible::Window)
-            return;
-        if (node->role() == QAccessible::NoRole || node->text(QAccessible::Name).isEmpty())
-            faults.append(u"no role or name: "_s + describe(node));
-        if (node->role() != QAccessible::Button)
-            return;
-        ++buttons;
-        auto *action = node->actionInterface();
-        if (!action || !action->actionNames().contains(QAccessibleActionInterface::pressAction()))
-            faults.append(u"no press action: "_s + describe(node));
-    });
+    const QStringList faults = faultsOf(window, buttons);
     QCOMPARE(faults, QStringList());
     QVERIFY2(buttons > 14 + 3, qPrintable(QString::number(buttons)));
 
@@ -80,6 +88,33 @@ void MainWindowAccessibilityTest::everyControlHasRoleNameAndAction()
     node->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(window.viewModel()->selectedDate(), u"2026-12-04"_s);
     QVERIFY(node->state().selected);
+}
+
+void MainWindowAccessibilityTest::pickerHasRolesNamesAndActions()
+{
+    ScriptedServer server;
+    serveResults(server);
+    const TestWindow window(server);
+    QVERIFY(window.waitForSearch());
+    const auto press = [](QQuickItem *item) {
+        QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    };
+    press(window.itemsOfType("AirportButton").constLast());
+    QTRY_VERIFY(window.itemsOfType("AirportRowView").size() > 5);
+    int buttons = 0;
+    QCOMPARE(faultsOf(window, buttons), QStringList());
+
+    QQuickItem *row = nullptr;
+    for (QQuickItem *candidate : window.itemsOfType("AirportRowView")) {
+        if (!candidate->property("isSelected").toBool())
+            row = candidate;
+    }
+    const QString code = row->property("airport").value<Airport>().code;
+    QVERIFY(QAccessible::queryAccessibleInterface(row)->text(QAccessible::Name).startsWith(code));
+    press(row);
+    QCOMPARE(window.viewModel()->destinationCode(), code);
+    QTRY_VERIFY(window.itemsOfType("AirportRowView").isEmpty());
 }
 
 void MainWindowAccessibilityTest::tabReachesEveryControlOnceAndReturns()
