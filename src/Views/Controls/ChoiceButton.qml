@@ -20,8 +20,7 @@ T.RadioButton {
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true
-    focusPolicy: isCurrent ? Qt.StrongFocus : Qt.ClickFocus
-    activeFocusOnTab: isCurrent || activeFocus
+    focusPolicy: isCurrent || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
     Accessible.name: text
     Accessible.onPressAction: clicked()
