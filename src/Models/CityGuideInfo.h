@@ -14,9 +14,10 @@ struct CityGuideInfo
     Q_PROPERTY(QString country MEMBER country CONSTANT)
     Q_PROPERTY(QString overview MEMBER overview CONSTANT)
     Q_PROPERTY(QString bestTimeToVisit READ bestTimeToVisitText CONSTANT)
-    Q_PROPERTY(QStringList topAttractions MEMBER topAttractions CONSTANT)
-    Q_PROPERTY(QStringList culinaryHighlights MEMBER culinaryHighlights CONSTANT)
-    Q_PROPERTY(QStringList localTips MEMBER localTips CONSTANT)
+    // Written so, and not as QStringList, for the sake of QML's list<string>.
+    Q_PROPERTY(QList<QString> topAttractions MEMBER topAttractions CONSTANT)
+    Q_PROPERTY(QList<QString> culinaryHighlights MEMBER culinaryHighlights CONSTANT)
+    Q_PROPERTY(QList<QString> localTips MEMBER localTips CONSTANT)
 
 public:
     QString city;

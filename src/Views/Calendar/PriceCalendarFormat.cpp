@@ -25,10 +25,7 @@ QString PriceCalendarFormat::formatDayOfWeek(const QString &date, bool full) con
     return full ? DateText::weekday(date) : DateText::shortWeekday(date);
 }
 
-QString PriceCalendarFormat::wholeAmount(double amount) const
-{
-    return MoneyText::whole(amount);
-}
+QString PriceCalendarFormat::wholeAmount(double amount) const { return MoneyText::whole(amount); }
 
 double PriceCalendarFormat::barHeight(double amount, double maxPrice) const
 {
@@ -40,7 +37,8 @@ double PriceCalendarFormat::barHeight(double amount, double maxPrice) const
 QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
                                            const QString &calendarCurrency) const
 {
-    const QString price = MoneyText::currency(best.amount, best.currency.value_or(calendarCurrency));
+    const QString price =
+        MoneyText::currency(best.amount, best.currency.value_or(calendarCurrency));
     return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
 }
 

@@ -25,7 +25,9 @@ QString FlightCardFormat::spokenFlight(const FlightOption &flight) const
     QStringList parts { flight.flightNumber,
                         u"%1 %2 kalkış"_s.arg(flight.origin, flight.departureTime),
                         u"%1 %2 varış"_s.arg(flight.destination, flight.arrivalTime),
-                        flight.duration, stopsText(flight.isDirect), flight.formattedPrice() };
+                        flight.duration,
+                        stopsText(flight.isDirect),
+                        flight.formattedPrice() };
     const QString warning = lowSeatWarning(flight);
     if (!warning.isEmpty())
         parts.append(warning);

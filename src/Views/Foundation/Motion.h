@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QVariantList>
 #include <QObject>
 #include <QQmlEngine>
+#include <QVariantList>
 
 /// Every duration (in milliseconds) and curve of the window, each under one name. A curve is what
 /// an animation takes as `easing.bezierCurve` with the type Easing.BezierSpline.

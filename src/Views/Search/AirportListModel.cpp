@@ -11,8 +11,7 @@ constexpr int airportRole = Qt::UserRole;
 AirportListModel::AirportListModel(QObject *parent)
     : QAbstractListModel(parent)
     , m_matches(AirportDatabase::allAirports())
-{
-}
+{ }
 
 void AirportListModel::setQuery(const QString &query)
 {
