@@ -46,6 +46,7 @@ FocusScope {
         ScrollPage {
             id: page
 
+            objectName: "guidePage"
             Layout.fillWidth: true
             Layout.fillHeight: true
             clip: true
