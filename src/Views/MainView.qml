@@ -13,8 +13,6 @@ FocusScope {
     readonly property real widestContent: 1440
 
     Component.onCompleted: viewModel.startSearchAll()
-    onShowFlightStatusSheetChanged: flightStatusLoader.active = true
-    onShowCityGuideSheetChanged: cityGuideLoader.active = true
 
     ScrollPage {
         id: scrollPage
@@ -67,27 +65,16 @@ FocusScope {
         }
     }
 
-    // A sheet's shell is made for its first opening, its content for each.
-    Loader {
-        id: flightStatusLoader
-
-        active: false
-        sourceComponent: FlightStatusSheet {
-            objectName: "flightStatusSheet"
-            visible: mainView.showFlightStatusSheet
-            onClosed: mainView.showFlightStatusSheet = false
-        }
+    FlightStatusSheet {
+        objectName: "flightStatusSheet"
+        visible: mainView.showFlightStatusSheet
+        onClosed: mainView.showFlightStatusSheet = false
     }
 
-    Loader {
-        id: cityGuideLoader
-
-        active: false
-        sourceComponent: CityGuideSheet {
-            objectName: "cityGuideSheet"
-            destinationCode: mainView.viewModel.destinationCode
-            visible: mainView.showCityGuideSheet
-            onClosed: mainView.showCityGuideSheet = false
-        }
+    CityGuideSheet {
+        objectName: "cityGuideSheet"
+        destinationCode: mainView.viewModel.destinationCode
+        visible: mainView.showCityGuideSheet
+        onClosed: mainView.showCityGuideSheet = false
     }
 }

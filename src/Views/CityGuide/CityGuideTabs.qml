@@ -52,46 +52,37 @@ FocusScope {
             clip: true
             contentHeight: content.height + 2 * VTRTheme.padding
 
-            Loader {
+            Column {
                 id: content
 
                 x: VTRTheme.padding
                 y: VTRTheme.padding
                 width: page.width - 2 * VTRTheme.padding
-                sourceComponent: tabs.guide.isLoading ? loadingPanel
-                               : tabs.activeTab === 1 ? promotionsPage
-                               : tabs.guide.hasGuideInfo ? guidePage : null
+
+                LoadingPanel {
+                    objectName: "guideLoadingPanel"
+                    width: parent.width
+                    visible: tabs.guide.isLoading
+                    padding: 50
+                    text: "Rehber bilgileri yükleniyor..."
+                    textSize: VTRTheme.calloutSize
+                    textColor: VTRTheme.textMuted
+                }
+
+                CityGuidePage {
+                    objectName: "cityGuidePage"
+                    width: parent.width
+                    visible: !tabs.guide.isLoading && tabs.activeTab === 0 && tabs.guide.hasGuideInfo
+                    guide: tabs.guide.guideInfo
+                }
+
+                PromotionsPage {
+                    objectName: "promotionsPage"
+                    width: parent.width
+                    visible: !tabs.guide.isLoading && tabs.activeTab === 1
+                    promotions: tabs.guide.promotions
+                }
             }
-        }
-    }
-
-    Component {
-        id: loadingPanel
-
-        LoadingPanel {
-            objectName: "guideLoadingPanel"
-            padding: 50
-            text: "Rehber bilgileri yükleniyor..."
-            textSize: VTRTheme.calloutSize
-            textColor: VTRTheme.textMuted
-        }
-    }
-
-    Component {
-        id: guidePage
-
-        CityGuidePage {
-            objectName: "cityGuidePage"
-            guide: tabs.guide.guideInfo
-        }
-    }
-
-    Component {
-        id: promotionsPage
-
-        PromotionsPage {
-            objectName: "promotionsPage"
-            promotions: tabs.guide.promotions
         }
     }
 }

@@ -9,6 +9,7 @@ ColumnLayout {
     id: answer
 
     required property FlightStatusViewModel viewModel
+    readonly property bool hasNothing: !viewModel.hasResult && !viewModel.isLoading
 
     spacing: 12
 
@@ -19,61 +20,46 @@ ColumnLayout {
         text: answer.viewModel.errorMessage
     }
 
-    Loader {
+    StatusResultCard {
+        objectName: "statusResultCard"
         Layout.fillWidth: true
-        sourceComponent: answer.viewModel.hasResult ? cardPanel
-                       : answer.viewModel.isLoading ? progressPanel
-                       : answer.viewModel.hasErrorMessage ? errorPanel : invitationPanel
+        visible: answer.viewModel.hasResult
+        result: answer.viewModel.result
     }
 
-    Component {
-        id: cardPanel
-
-        StatusResultCard {
-            objectName: "statusResultCard"
-            result: answer.viewModel.result
-        }
+    LoadingPanel {
+        objectName: "statusLoadingPanel"
+        Layout.fillWidth: true
+        visible: !answer.viewModel.hasResult && answer.viewModel.isLoading
+        padding: 50
+        text: "Vantora Hava Yolları MCP sunucusundan canlı durum çekiliyor..."
+        textSize: VTRTheme.calloutSize
+        textColor: VTRTheme.textMuted
     }
 
-    Component {
-        id: progressPanel
-
-        LoadingPanel {
-            objectName: "statusLoadingPanel"
-            padding: 50
-            text: "Vantora Hava Yolları MCP sunucusundan canlı durum çekiliyor..."
-            textSize: VTRTheme.calloutSize
-            textColor: VTRTheme.textMuted
-        }
+    StatusMessagePanel {
+        objectName: "statusErrorPanel"
+        Layout.fillWidth: true
+        visible: answer.hasNothing && answer.viewModel.hasErrorMessage
+        padding: 40
+        symbol: "exclamationmark.triangle.fill"
+        symbolSize: 36
+        symbolColor: VTRTheme.gold
+        heading: "Uçuş bilgisi alınamadı"
+        headingColor: VTRTheme.textPrimary
+        text: answer.viewModel.errorMessage
+        Accessible.role: Accessible.AlertMessage
     }
 
-    Component {
-        id: errorPanel
-
-        StatusMessagePanel {
-            objectName: "statusErrorPanel"
-            padding: 40
-            symbol: "exclamationmark.triangle.fill"
-            symbolSize: 36
-            symbolColor: VTRTheme.gold
-            heading: "Uçuş bilgisi alınamadı"
-            headingColor: VTRTheme.textPrimary
-            text: answer.viewModel.errorMessage
-            Accessible.role: Accessible.AlertMessage
-        }
-    }
-
-    Component {
-        id: invitationPanel
-
-        StatusMessagePanel {
-            objectName: "statusEmptyPanel"
-            symbol: "airplane.departure"
-            symbolSize: 40
-            symbolColor: VTRTheme.withOpacity(VTRTheme.textMuted, VTRTheme.textMuted.a * 0.5)
-            heading: "VQ Uçuş Numarası Girin"
-            headingColor: VTRTheme.textSecondary
-            text: "Rötar, kalkış kapısı, varış bagaj bandı ve anlık uçuş durumunu öğrenin."
-        }
+    StatusMessagePanel {
+        objectName: "statusEmptyPanel"
+        Layout.fillWidth: true
+        visible: answer.hasNothing && !answer.viewModel.hasErrorMessage
+        symbol: "airplane.departure"
+        symbolSize: 40
+        symbolColor: VTRTheme.withOpacity(VTRTheme.textMuted, VTRTheme.textMuted.a * 0.5)
+        heading: "VQ Uçuş Numarası Girin"
+        headingColor: VTRTheme.textSecondary
+        text: "Rötar, kalkış kapısı, varış bagaj bandı ve anlık uçuş durumunu öğrenin."
     }
 }

@@ -15,8 +15,8 @@ Column {
 
     // The server may name an airport where it should give a code, so each line keeps to its width.
     component Line: PlainText {
-        width: end.width
-        horizontalAlignment: end.alignment
+        anchors.left: parent.left
+        anchors.right: parent.right
         elide: Text.ElideRight
     }
 
@@ -24,6 +24,7 @@ Column {
 
     Line {
         text: end.code
+        horizontalAlignment: end.alignment
         fontSizeMode: Text.HorizontalFit
         minimumPixelSize: 14
         font.pixelSize: 24
@@ -32,6 +33,7 @@ Column {
 
     Line {
         text: end.city
+        horizontalAlignment: end.alignment
         wrapMode: Text.Wrap
         maximumLineCount: 2
         color: VTRTheme.textMuted
@@ -39,6 +41,7 @@ Column {
 
     Line {
         text: end.scheduled
+        horizontalAlignment: end.alignment
         font.pixelSize: 14
         font.weight: Font.Bold
     }
@@ -46,6 +49,7 @@ Column {
     Line {
         visible: end.estimateText.length > 0
         text: end.estimateText
+        horizontalAlignment: end.alignment
         color: VTRTheme.gold
         font.pixelSize: 12
         font.weight: Font.DemiBold
