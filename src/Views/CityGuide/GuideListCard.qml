@@ -41,7 +41,7 @@ VTRCard {
                 required property string modelData
 
                 Layout.fillWidth: true
-                spacing: 10
+                spacing: 11
 
                 // The mark stands in the middle of the first line.
                 Item {

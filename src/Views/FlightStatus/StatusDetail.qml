@@ -10,10 +10,12 @@ Item {
     required property string value
     /// The detail becomes no wider than this.
     required property real widest
+    readonly property real gap: 12
     readonly property bool hasValue: value.length > 0
 
     visible: hasValue
-    implicitWidth: caption.x + caption.width
+    // In a row details stand further apart than rows do.
+    implicitWidth: caption.x + caption.width + gap
     implicitHeight: Math.max(icon.implicitHeight, caption.implicitHeight)
 
     Symbol {
@@ -30,7 +32,7 @@ Item {
 
         x: icon.width + 6
         anchors.verticalCenter: parent.verticalCenter
-        width: Math.min(Math.ceil(implicitWidth), detail.widest - x)
+        width: Math.min(Math.ceil(implicitWidth), detail.widest - x - detail.gap)
         elide: Text.ElideRight
         text: detail.label + ": " + detail.value
         color: VTRTheme.textSecondary

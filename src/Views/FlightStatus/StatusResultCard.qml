@@ -92,7 +92,7 @@ VTRCard {
             objectName: "statusDetails"
             Layout.fillWidth: true
             visible: terminal.hasValue || gate.hasValue || belt.hasValue
-            spacing: 20
+            spacing: VTRTheme.spacing
 
             StatusDetail {
                 id: terminal
