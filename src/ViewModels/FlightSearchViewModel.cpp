@@ -53,7 +53,12 @@ FlightSearchViewModel::FlightSearchViewModel(QObject *parent, const QDateTime &n
     , m_departureDate(now.addDays(defaultDaysToDeparture))
     , m_returnDate(now.addDays(defaultDaysToReturn))
     , m_selectedDate(formatDate(m_departureDate))
-{ }
+{
+    connect(this, &FlightSearchViewModel::selectedDateChanged, this,
+            &FlightSearchViewModel::selectedDayIndexChanged);
+    connect(this, &FlightSearchViewModel::calendarPricesChanged, this,
+            &FlightSearchViewModel::selectedDayIndexChanged);
+}
 
 void FlightSearchViewModel::setOriginCode(const QString &code)
 {

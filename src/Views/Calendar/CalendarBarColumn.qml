@@ -14,7 +14,7 @@ BaseButton {
     readonly property real barHeight: PriceCalendarFormat.barHeight(price.amount, maxPrice)
     readonly property bool isHovered: hovered
 
-    text: PriceCalendarFormat.spokenDay(price, currency)
+    text: PriceCalendarFormat.spokenDay(price, currency, isSelected)
     Accessible.selectable: true
     Accessible.selected: isSelected
     topPadding: 6

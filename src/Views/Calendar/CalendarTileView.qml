@@ -12,7 +12,7 @@ BaseButton {
 
     readonly property bool isHovered: hovered
 
-    text: PriceCalendarFormat.spokenDay(price, currency)
+    text: PriceCalendarFormat.spokenDay(price, currency, isSelected)
     Accessible.selectable: true
     Accessible.selected: isSelected
     topPadding: 8

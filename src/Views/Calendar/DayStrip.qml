@@ -19,10 +19,13 @@ ListView {
 
     /// Puts the keyboard on the selected day and brings it into view.
     function showSelection() {
-        if (selectedIndex < 0 || selectedIndex >= count)
+        if (width <= 0 || selectedIndex < 0 || selectedIndex >= count)
             return;
         currentIndex = selectedIndex;
-        positionViewAtIndex(selectedIndex, ListView.Contain);
+        if (interactive)
+            positionViewAtIndex(selectedIndex, ListView.Contain);
+        else
+            positionViewAtBeginning();
     }
 
     model: viewModel.calendarPrices
@@ -37,6 +40,7 @@ ListView {
 
     onSelectedIndexChanged: showSelection()
     onContentWidthChanged: showSelection()
+    onWidthChanged: showSelection()
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {
         pointerMovedLast = false;

@@ -42,7 +42,8 @@ QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
     return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
 }
 
-QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &currency) const
+QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &currency,
+                                       bool isSelected) const
 {
     QStringList parts;
     const QString day = formatDateShort(price.date);
@@ -51,5 +52,7 @@ QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &c
     parts.append(wholeAmount(price.amount) + u' ' + currency);
     if (price.isBestPrice)
         parts.append(u"en uygun gün"_s);
+    if (isSelected)
+        parts.append(u"seçili"_s);
     return parts.join(u", "_s);
 }

@@ -75,6 +75,7 @@ Item {
                 maxPrice: calendar.viewModel.highestPrice
                 isSelected: price.date === calendar.viewModel.selectedDate
                 focus: ListView.isCurrentItem
+                focusPolicy: Qt.ClickFocus
                 showsFocus: bars.showsFocus && ListView.isCurrentItem
                 onPressed: {
                     bars.pointerMovedLast = true;
@@ -111,6 +112,7 @@ Item {
                 currency: calendar.viewModel.currency
                 isSelected: price.date === calendar.viewModel.selectedDate
                 focus: ListView.isCurrentItem
+                focusPolicy: Qt.ClickFocus
                 showsFocus: tiles.showsFocus && ListView.isCurrentItem
                 onPressed: {
                     tiles.pointerMovedLast = true;

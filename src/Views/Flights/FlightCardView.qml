@@ -54,7 +54,7 @@ Item {
         spacing: 20
 
         FlightIdentity {
-            Layout.preferredWidth: 190
+            Layout.preferredWidth: 170
             flightNumber: card.flight.flightNumber
             aircraft: card.flight.aircraft
         }

@@ -56,6 +56,8 @@ Item {
 
             TapHandler {
                 onPressedChanged: {
+                    if (!pressed)
+                        return;
                     list.pointerMovedLast = true;
                     list.currentIndex = card.index;
                 }
@@ -98,10 +100,9 @@ Item {
     Connections {
         target: area.viewModel.filteredFlights
 
-        // A list that is made anew begins at its top; the page may be elsewhere.
+        // A long list in a new order is a new list: it is read from its top.
         function onModelReset() {
-            list.positionViewAtIndex(Math.floor(area.visibleTop / area.cardPitch), ListView.Beginning);
-            list.contentY = list.position;
+            area.page.scrollTo(Math.min(area.page.contentY, Math.max(0, area.topInPage - area.cardPitch)));
         }
     }
 

@@ -32,7 +32,7 @@ T.MenuBar {
         rightPadding: 8
         topPadding: 4
         bottomPadding: 4
-        Accessible.name: label.plainText
+        Accessible.name: text.replace("&", "")
 
         background: Rectangle {
             radius: 6
@@ -40,8 +40,6 @@ T.MenuBar {
         }
 
         contentItem: MnemonicText {
-            id: label
-
             text: barItem.text
         }
     }

@@ -7,7 +7,6 @@ Row {
 
     required property string text
     readonly property int mark: text.indexOf("&")
-    readonly property string plainText: text.replace("&", "")
 
     component Part: PlainText {
         font.pixelSize: 12
