@@ -129,7 +129,7 @@ void CityGuideSheetTest::questionsAsReceived()
     m_server->release();
     QTRY_VERIFY(window.named(u"cityGuidePage"_s));
     QCOMPARE(questions().size(), 2);
-    QCOMPARE(WarningCatcher::warnings(), QStringList());
+    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
 }
 
 void CityGuideSheetTest::nothingShowsBeforeBothHaveCome()
@@ -178,7 +178,7 @@ void CityGuideSheetTest::aFailureLeavesTheSheetLoading()
     QVERIFY(isLoading(window) && !showsAPage(window));
     const auto *state = stateOf<CityGuideState>(window.window(), sheetName, "guide");
     QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
-    QCOMPARE(WarningCatcher::warnings(), QStringList());
+    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
 
     // Only opening the sheet again asks again.
     serve(*m_server, { { guideTool, guideOf(u"Londra"_s) }, { promotionsTool, promotions() } });
@@ -208,7 +208,7 @@ void CityGuideSheetTest::tabs()
     QTRY_VERIFY(window.named(u"cityGuidePage"_s));
     QCOMPARE(window.textsIn(window.named(u"cityGuidePage"_s)), guideTexts);
     QCOMPARE(questions().size(), 2);
-    QCOMPARE(WarningCatcher::warnings(), QStringList());
+    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
 }
 
 void CityGuideSheetTest::promotionsMayBeNone()

@@ -110,7 +110,7 @@ void FlightStatusSheetTest::questionAsReceived()
     const QJsonObject second { { u"flightNumber"_s, u"VQ 1907"_s },
                                { u"flightDate"_s, today.addDays(-2).toString(Qt::ISODate) } };
     QCOMPARE(questions().constLast().arguments(), second);
-    QCOMPARE(WarningCatcher::warnings(), QStringList());
+    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
 }
 
 void FlightStatusSheetTest::oneOfFourPanels()

@@ -104,7 +104,7 @@ void SheetSoakTest::useStatusSheet(const Window &window)
         state->setFlightNumber(one(numbers));
         state->startSearchStatus();
         ++m_queries;
-        pause(60);
+        pause(80);
     }
     if (state->result() || state->errorMessage())
         ++m_answers;
@@ -122,7 +122,7 @@ void SheetSoakTest::useGuideSheet(const Window &window)
     QCOMPARE(state->destinationCode(), destination);
     QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
     ++m_queries;
-    pause(80);
+    pause(120);
     if (!state->isLoading()) {
         ++m_answers;
         QCOMPARE(state->guideInfo()->city, m_cities.value(destination));
@@ -169,10 +169,11 @@ void SheetSoakTest::openingsQueriesAndClosings()
     QTest::qWait(2 * int((delay + jitter).count()));
     VTRMCPClientTestAccess::destroyShared();
     catcher.reset();
-    QCOMPARE(WarningCatcher::warnings(), QStringList());
+    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
     qInfo("%d openings, %d questions, %d answered while the sheet was open", openings, m_queries,
           m_answers);
-    QVERIFY(m_answers > openings / 10 && m_answers < m_queries);
+    // How many depends on the machine; both kinds of closing must have happened.
+    QVERIFY(m_answers > 0 && m_answers < m_queries);
 }
 
 QTEST_MAIN(SheetSoakTest)
