@@ -17,9 +17,8 @@ namespace {
 class UnrepeatableBody : public QIODevice
 {
 public:
-    UnrepeatableBody(const QByteArray &bytes, QObject *parent)
-        : QIODevice(parent)
-        , m_bytes(bytes)
+    explicit UnrepeatableBody(const QByteArray &bytes)
+        : m_bytes(bytes)
     {
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
@@ -67,9 +66,10 @@ HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest
 {
     m_promise.start();
 
-    auto *source = new UnrepeatableBody(body, this);
+    auto *source = new UnrepeatableBody(body);
     m_reply = manager->post(request, source);
     m_reply->setParent(this);
+    source->setParent(m_reply);
     connect(m_reply, &QNetworkReply::readyRead, this, &HttpExchange::takeBytes);
     connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::finish);
     connect(m_reply, &QNetworkReply::sslErrors, this, [this](const QList<QSslError> &errors) {
@@ -141,7 +141,8 @@ void HttpExchange::abort(int code, const QString &localizedDescription)
     m_hasEnded = true;
     m_idleTimer.stop();
     m_totalTimer.stop();
-    m_reply->abort();
+    // The reply is not aborted but destroyed with this object: an error that its thread has already
+    // posted would be its second one, and Qt complains of that on the console.
     m_promise.setException(McpError(McpError::Domain::Network, code, localizedDescription));
     m_promise.finish();
     deleteLater();

@@ -144,8 +144,11 @@ QFuture<HttpAnswer> VTRMCPClient::post(const QNetworkRequest &request, const QBy
 
 QCoro::Task<QString> VTRMCPClient::getSessionId()
 {
-    if (m_sessionId && m_isInitialized)
-        co_return *m_sessionId;
+    if (m_sessionId && m_isInitialized) {
+        // QCoro moves out of what is returned by name unless that is const.
+        const QString sessionId = *m_sessionId;
+        co_return sessionId;
+    }
 
     if (m_initTask) {
         const QFuture<QString> running = *m_initTask;

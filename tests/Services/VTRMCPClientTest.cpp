@@ -67,6 +67,18 @@ private Q_SLOTS:
             QCOMPARE(request.header("mcp-session-id"), "shared");
     }
 
+    void oneSessionServesEveryCall()
+    {
+        for (int n = 0; n < 3; ++n)
+            QVERIFY(settle(call()).value);
+        QCOMPARE(settle(VTRMCPClient::shared().getSessionId()).value.value_or(QString()),
+                 u"session-1"_s);
+        QCOMPARE(m_server->initializations().size(), 1);
+        QCOMPARE(m_server->toolCalls().size(), 3);
+        for (const ReceivedRequest &request : m_server->toolCalls())
+            QCOMPARE(request.header("mcp-session-id"), "session-1");
+    }
+
     void initializeAnswers_data()
     {
         QTest::addColumn<ScriptedAnswer>("answer");

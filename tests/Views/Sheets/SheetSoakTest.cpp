@@ -170,6 +170,7 @@ void SheetSoakTest::openingsQueriesAndClosings()
     VTRMCPClientTestAccess::destroyShared();
     catcher.reset();
     QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
+    QCOMPARE(server.sessionCount(), 1);
     qInfo("%d openings, %d questions, %d answered while the sheet was open", openings, m_queries,
           m_answers);
     // How many depends on the machine; both kinds of closing must have happened.
