@@ -50,4 +50,29 @@ ListView {
             currentIndex = count - 1;
         event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
     }
+
+    // Touchpads and tilting wheels scroll sideways by themselves; a plain wheel does with Shift.
+    WheelHandler {
+        enabled: strip.interactive
+        acceptedDevices: PointerDevice.Mouse
+        acceptedModifiers: Qt.ShiftModifier
+        target: null
+        onWheel: event => {
+            const furthest = strip.originX + strip.contentWidth + strip.rightMargin - strip.width;
+            const wanted = strip.contentX - (event.angleDelta.y || event.angleDelta.x);
+            strip.contentX = Math.max(strip.originX - strip.leftMargin, Math.min(wanted, furthest));
+        }
+    }
+
+    EdgeFade {
+        parent: strip
+        isLeft: true
+        isShown: !strip.atXBeginning
+    }
+
+    EdgeFade {
+        parent: strip
+        x: strip.width - width
+        isShown: !strip.atXEnd
+    }
 }

@@ -57,6 +57,7 @@ Item {
             id: bars
 
             Layout.fillWidth: true
+            // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
             viewModel: calendar.viewModel
             narrowestDay: 46
@@ -95,6 +96,7 @@ Item {
             id: tiles
 
             Layout.fillWidth: true
+            // A day is 62 high.
             Layout.preferredHeight: 62 + 4
             viewModel: calendar.viewModel
             narrowestDay: 84

@@ -21,7 +21,8 @@ QCoro::Task<> CityGuideState::load(QString destinationCode)
         if (self)
             store(guide, promotions);
     } catch (const McpError &) {
-        // The sheet goes on to show that it is loading; opening it again asks again.
+        // The sheet goes on to show that it is loading; opening it again asks again. A second task
+        // that still runs ends by itself, and nobody learns how.
     }
 }
 

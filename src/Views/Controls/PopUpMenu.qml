@@ -48,15 +48,10 @@ T.ComboBox {
     }
 
     background: FieldSurface {
-        Rectangle {
-            anchors.fill: parent
+        PressTint {
+            isDown: control.down
+            isHovered: control.hovered
             radius: VTRTheme.controlRadius
-            color: VTRTheme.textPrimary
-            opacity: control.down ? 0.12 : control.hovered ? 0.06 : 0
-
-            Behavior on opacity {
-                NumberAnimation { duration: Motion.hoverDuration }
-            }
         }
     }
     contentItem: PlainText {

@@ -6,11 +6,14 @@ import Vantora
 Rectangle {
     id: tint
 
-    required property T.AbstractButton control
+    /// The button that wears it; a control of another kind binds the two states.
+    property T.AbstractButton control: null
+    property bool isDown: control !== null && control.down
+    property bool isHovered: control !== null && control.hovered
 
     anchors.fill: parent
     color: VTRTheme.textPrimary
-    opacity: control.down ? 0.12 : control.hovered ? 0.06 : 0
+    opacity: isDown ? 0.12 : isHovered ? 0.06 : 0
     Accessible.ignored: true
 
     Behavior on opacity {

@@ -18,55 +18,42 @@ Row {
 
         model: SearchChoices.sortOptions
 
-        BaseButton {
+        ChoiceButton {
             id: chip
 
             required property int index
             required property string modelData
-            readonly property bool isActive: index === chips.viewModel.activeFilter
 
             text: modelData
-            checkable: false
-            activeFocusOnTab: isActive
-            focusPolicy: isActive ? Qt.StrongFocus : Qt.ClickFocus
+            isCurrent: index === chips.viewModel.activeFilter
             cornerRadius: height / 2
-            showsFocus: activeFocus && !pointerPressedLast
             topPadding: 6
             bottomPadding: 6
             leftPadding: 12
             rightPadding: 12
-            Accessible.role: Accessible.RadioButton
-            Accessible.checkable: true
-            Accessible.checked: isActive
             onClicked: chips.viewModel.applyFilter(index)
-            onPressed: pointerPressedLast = true
-            onActiveFocusChanged: if (!activeFocus) pointerPressedLast = false
-            Keys.onLeftPressed: chips.choose(index - 1)
-            Keys.onRightPressed: chips.choose(index + 1)
-
-            property bool pointerPressedLast: false
+            onMoved: step => chips.choose(index + step)
 
             background: RoundedSurface {
                 radius: height / 2
-                color: chip.isActive ? VTRTheme.vtrRed
-                                     : chip.hovered ? Qt.lighter(VTRTheme.cardBgLight, 1.25) : VTRTheme.cardBgLight
+                color: chip.isCurrent ? VTRTheme.vtrRed
+                                      : chip.hovered ? Qt.lighter(VTRTheme.cardBgLight, 1.25) : VTRTheme.cardBgLight
             }
-
             contentItem: PlainText {
                 text: chip.text
                 font.pixelSize: 12
-                font.weight: chip.isActive ? Font.DemiBold : Font.Normal
-                color: chip.isActive || chip.hovered ? VTRTheme.textPrimary : VTRTheme.textSecondary
+                font.weight: chip.isCurrent ? Font.DemiBold : Font.Normal
+                color: chip.isCurrent || chip.hovered ? VTRTheme.textPrimary : VTRTheme.textSecondary
+                Accessible.ignored: true
             }
         }
     }
 
     /// Applies the option at `index` and moves the focus to its chip; stays at the ends.
     function choose(index: int) {
-        const chip = options.itemAt(index) as BaseButton;
-        if (!chip)
+        if (index < 0 || index >= options.count)
             return;
+        options.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
         chips.viewModel.applyFilter(index);
-        chip.forceActiveFocus(Qt.TabFocusReason);
     }
 }

@@ -33,9 +33,7 @@ FocusScope {
         list.positionViewAtIndex(Math.max(list.currentIndex, 0), typed ? ListView.Beginning : ListView.Center);
     }
 
-    Component.onCompleted: {
-        filter("");
-    }
+    Component.onCompleted: filter("")
 
     AirportListModel {
         id: airports
@@ -74,7 +72,8 @@ FocusScope {
                 Keys.onDownPressed: list.incrementCurrentIndex()
                 Keys.onUpPressed: list.decrementCurrentIndex()
                 Keys.onPressed: event => {
-                    const page = Math.max(1, Math.floor(list.height / 60));
+                    const rowHeight = (list.contentHeight + list.spacing) / Math.max(list.count, 1);
+                    const page = Math.max(1, Math.floor(list.height / rowHeight));
                     const step = event.key === Qt.Key_PageDown ? page : event.key === Qt.Key_PageUp ? -page : 0;
                     event.accepted = step !== 0;
                     if (step !== 0)

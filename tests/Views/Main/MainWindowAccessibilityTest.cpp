@@ -1,3 +1,4 @@
+#include "Views/Foundation/SearchChoices.h"
 #include "support/WindowTesting.h"
 
 #include <QAccessible>
@@ -82,6 +83,11 @@ void MainWindowAccessibilityTest::everyControlHasRoleNameAndAction()
     const QStringList faults = faultsOf(window, buttons);
     QCOMPARE(faults, QStringList());
     QVERIFY2(buttons > 14 + 3, qPrintable(QString::number(buttons)));
+
+    const QList<QQuickItem *> choices = window.itemsOfType("ChoiceButton");
+    QVERIFY(choices.size() >= SearchChoices().sortOptions().size());
+    for (QQuickItem *choice : choices)
+        QCOMPARE(QAccessible::queryAccessibleInterface(choice)->role(), QAccessible::RadioButton);
 
     QQuickItem *bar = window.itemsOfType("CalendarBarColumn").at(3);
     QAccessibleInterface *node = QAccessible::queryAccessibleInterface(bar);
