@@ -15,6 +15,8 @@ ListView {
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
+    /// How much of either end is covered while there are more days past it.
+    readonly property real edgeWidth: 32
     readonly property int selectedIndex: viewModel.selectedDayIndex
 
     /// Puts the keyboard on the selected day and brings it into view.
@@ -23,9 +25,16 @@ ListView {
             return;
         currentIndex = selectedIndex;
         if (interactive)
-            positionViewAtIndex(selectedIndex, ListView.Contain);
+            show(selectedIndex);
         else
             positionViewAtBeginning();
+    }
+
+    /// Brings a day to the middle, unless it is clear of the edges already.
+    function show(index: int) {
+        const left = originX + index * (dayWidth + spacing) - contentX;
+        if (left < edgeWidth || left + dayWidth > width - edgeWidth)
+            positionViewAtIndex(index, ListView.Center);
     }
 
     model: viewModel.calendarPrices
@@ -41,14 +50,15 @@ ListView {
     onSelectedIndexChanged: showSelection()
     onContentWidthChanged: showSelection()
     onWidthChanged: showSelection()
+    onCurrentIndexChanged: if (interactive && showsFocus) show(currentIndex)
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {
-        pointerMovedLast = false;
-        if (event.key === Qt.Key_Home)
-            currentIndex = 0;
-        else if (event.key === Qt.Key_End)
-            currentIndex = count - 1;
-        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;
+        if (jumps || event.key === Qt.Key_Left || event.key === Qt.Key_Right)
+            pointerMovedLast = false;
+        if (jumps)
+            currentIndex = event.key === Qt.Key_Home ? 0 : count - 1;
+        event.accepted = jumps;
     }
 
     // Touchpads and tilting wheels scroll sideways by themselves; a plain wheel does with Shift.
@@ -66,6 +76,7 @@ ListView {
 
     EdgeFade {
         parent: strip
+        width: strip.edgeWidth
         isLeft: true
         isShown: !strip.atXBeginning
     }
@@ -73,6 +84,7 @@ ListView {
     EdgeFade {
         parent: strip
         x: strip.width - width
+        width: strip.edgeWidth
         isShown: !strip.atXEnd
     }
 }

@@ -10,7 +10,6 @@ Rectangle {
     readonly property color clear: VTRTheme.withOpacity(VTRTheme.cardBg, 0)
 
     z: 1
-    width: 32
     height: parent.height
     opacity: isShown ? 1 : 0
     gradient: Gradient {
