@@ -11,6 +11,8 @@
 #include <QQuickWindow>
 #include <QTest>
 
+#include <functional>
+
 /// Collects what QML complains of; a window that complains is broken.
 class WarningCatcher
 {
@@ -64,11 +66,37 @@ public:
                });
     }
 
+    /// Looks at the item and all below it, as far as they are visible, in tree order.
+    static void visit(QQuickItem *root, const std::function<void(QQuickItem *)> &look)
+    {
+        if (!root || !root->isVisible())
+            return;
+        look(root);
+        const auto children = root->childItems();
+        for (QQuickItem *child : children)
+            visit(child, look);
+    }
+
     /// All visible items whose QML type is `type`, in tree order.
     QList<QQuickItem *> itemsOfType(const QByteArray &type) const
     {
         QList<QQuickItem *> found;
-        collect(m_window->contentItem(), type, found);
+        visit(m_window->contentItem(), [&](QQuickItem *item) {
+            // QML types are named after their file and a number.
+            if (QByteArray(item->metaObject()->className()).startsWith(type + "_QMLTYPE"))
+                found.append(item);
+        });
+        return found;
+    }
+
+    /// The visible item of this name; null when there is none.
+    QQuickItem *named(const QString &objectName) const
+    {
+        QQuickItem *found = nullptr;
+        visit(m_window->contentItem(), [&](QQuickItem *item) {
+            if (item->objectName() == objectName)
+                found = item;
+        });
         return found;
     }
 
@@ -79,18 +107,6 @@ public:
     }
 
 private:
-    static void collect(QQuickItem *root, const QByteArray &type, QList<QQuickItem *> &found)
-    {
-        if (!root->isVisible())
-            return;
-        // QML types are named after their file and a number.
-        if (QByteArray(root->metaObject()->className()).startsWith(type + "_QMLTYPE"))
-            found.append(root);
-        const auto children = root->childItems();
-        for (QQuickItem *child : children)
-            collect(child, type, found);
-    }
-
     QQmlApplicationEngine m_engine;
     QQuickWindow *m_window = nullptr;
     FlightSearchViewModel *m_viewModel = nullptr;

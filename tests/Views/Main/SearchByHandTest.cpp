@@ -34,20 +34,6 @@ private:
 
 namespace {
 
-QQuickItem *findVisible(QQuickItem *root, const QString &objectName)
-{
-    if (!root->isVisible())
-        return nullptr;
-    if (root->objectName() == objectName)
-        return root;
-    const auto children = root->childItems();
-    for (QQuickItem *child : children) {
-        if (QQuickItem *found = findVisible(child, objectName))
-            return found;
-    }
-    return nullptr;
-}
-
 QString dayFromToday(int days)
 {
     return QDate::currentDate().addDays(days).toString(u"yyyy-MM-dd"_s);
@@ -76,7 +62,7 @@ void SearchByHandTest::cleanup()
 
 QQuickItem *SearchByHandTest::item(const QString &objectName) const
 {
-    return findVisible(m_window->window()->contentItem(), objectName);
+    return m_window->named(objectName);
 }
 
 void SearchByHandTest::focus(const QString &objectName) const

@@ -46,18 +46,11 @@ const QStringList promotionTexts { u"Erken"_s,
 } // namespace
 
 /// The city guide sheet in the real window, on a scripted server.
-class CityGuideSheetTest : public QObject
+class CityGuideSheetTest : public SheetTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QAccessible::setActive(true);
-        prepareApplication();
-    }
-    void init() { m_server = std::make_unique<ScriptedServer>(); }
-
     void questionsAsReceived();
     void nothingShowsBeforeBothHaveCome();
     void aFailureLeavesTheSheetLoading_data();
@@ -95,7 +88,6 @@ private:
         return window.named(u"cityGuidePage"_s) || window.named(u"promotionsPage"_s);
     }
 
-    std::unique_ptr<ScriptedServer> m_server;
 };
 
 void CityGuideSheetTest::questionsAsReceived()

@@ -33,18 +33,11 @@ QJsonObject with(QJsonObject data, const QJsonObject &changes)
 } // namespace
 
 /// The flight status sheet in the real window, on a scripted server.
-class FlightStatusSheetTest : public QObject
+class FlightStatusSheetTest : public SheetTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        QAccessible::setActive(true);
-        prepareApplication();
-    }
-    void init() { m_server = std::make_unique<ScriptedServer>(); }
-
     void questionAsReceived();
     void oneOfFourPanels();
     void failureAfterAnAnswerStandsAboveTheCard();
@@ -80,7 +73,6 @@ private:
         return calls;
     }
 
-    std::unique_ptr<ScriptedServer> m_server;
 };
 
 void FlightStatusSheetTest::questionAsReceived()

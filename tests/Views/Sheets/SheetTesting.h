@@ -6,7 +6,6 @@
 #include <QJsonDocument>
 
 #include <algorithm>
-#include <functional>
 
 /// Answers the tools of the sheets with `answers` by tool name, and searches with empty results.
 inline void serve(ScriptedServer &server, const QHash<QString, ScriptedAnswer> &answers)
@@ -49,17 +48,6 @@ public:
 
     bool isReady() const { return m_isReady; }
 
-    /// The visible item of this name; null when there is none.
-    QQuickItem *named(const QString &objectName) const
-    {
-        QQuickItem *found = nullptr;
-        visit(window()->contentItem(), [&](QQuickItem *item) {
-            if (item->objectName() == objectName)
-                found = item;
-        });
-        return found;
-    }
-
     QObject *sheet(const QString &name) const { return window()->findChild<QObject *>(name); }
     bool isOpen(const QString &name) const
     {
@@ -93,18 +81,25 @@ public:
         return texts;
     }
 
-    static void visit(QQuickItem *root, const std::function<void(QQuickItem *)> &look)
-    {
-        if (!root || !root->isVisible())
-            return;
-        look(root);
-        const auto children = root->childItems();
-        for (QQuickItem *child : children)
-            visit(child, look);
-    }
-
 private:
     bool m_isReady = false;
+};
+
+/// A test class in which each test has a server of its own.
+class SheetTest : public QObject
+{
+    Q_OBJECT
+
+protected Q_SLOTS:
+    void initTestCase()
+    {
+        QAccessible::setActive(true);
+        prepareApplication();
+    }
+    void init() { m_server = std::make_unique<ScriptedServer>(); }
+
+protected:
+    std::unique_ptr<ScriptedServer> m_server;
 };
 
 /// The state object behind the sheet that is open, under its property `name`.
