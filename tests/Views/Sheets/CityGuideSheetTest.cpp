@@ -87,7 +87,6 @@ private:
     {
         return window.named(u"cityGuidePage"_s) || window.named(u"promotionsPage"_s);
     }
-
 };
 
 void CityGuideSheetTest::questionsAsReceived()

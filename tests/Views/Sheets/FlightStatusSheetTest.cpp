@@ -72,7 +72,6 @@ private:
         calls.removeIf([](const ReceivedRequest &call) { return call.tool() != u"flight-status"; });
         return calls;
     }
-
 };
 
 void FlightStatusSheetTest::questionAsReceived()
