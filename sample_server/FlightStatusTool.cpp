@@ -41,12 +41,15 @@ int parsedNumber(const QString &typed)
     return match.captured(1).toInt();
 }
 
+/// How far from today a flight has a status. An itinerary of the last day on sale may end later.
+constexpr int daysWithStatus = ItineraryPlanner::daysOnSale + 2;
+
 ScheduledFlight flightOf(int number, QDate date, QDate today)
 {
-    if (std::abs(today.daysTo(date)) > ItineraryPlanner::daysOnSale)
+    if (std::abs(today.daysTo(date)) > daysWithStatus)
         throw refusal(u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da sonraki "
                       "günler sorgulanabilir."_s.arg(turkishDate(date))
-                          .arg(ItineraryPlanner::daysOnSale));
+                          .arg(daysWithStatus));
     FlightNetwork::Lookup outcome {};
     if (const auto flight = FlightNetwork::shared().flight(number, date, &outcome))
         return *flight;

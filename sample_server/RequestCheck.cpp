@@ -72,6 +72,8 @@ std::optional<HttpAnswer> refusal(const QHttpServerRequest &request)
         HttpAnswer answer = invalidRequest(Status::MethodNotAllowed,
                                            u"Bu adreste yalnızca POST ve DELETE kullanılabilir."_s);
         answer.headers.emplaceBack("Allow", "POST, DELETE");
+        if (request.method() == Method::Head)
+            answer.body.clear();
         return answer;
     }
     if (request.method() == Method::Delete)

@@ -27,9 +27,8 @@ struct PendingAnswer
 
 void write(const HttpAnswer &answer, QHttpServerResponder &&responder)
 {
-    QHttpServerResponse response = answer.body.isEmpty()
-        ? QHttpServerResponse(answer.status)
-        : QHttpServerResponse(QByteArray("application/json"), answer.body, answer.status);
+    const QByteArray type = answer.body.isEmpty() ? QByteArray() : QByteArray("application/json");
+    QHttpServerResponse response(type, answer.body, answer.status);
     for (const auto &header : answer.headers)
         response.addHeader(header.first, header.second);
     response.write(std::move(responder));

@@ -99,9 +99,15 @@ HttpExchange::~HttpExchange()
 void HttpExchange::takeBytes()
 {
     m_idleTimer.start();
-    m_body += m_reply->readAll();
-    if (m_body.size() > m_limits.bodyBytes)
-        abort(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
+    // Piece by piece: what is left is not decompressed yet, and may be a thousand times larger.
+    constexpr qint64 piece = 64 * 1024;
+    for (QByteArray bytes = m_reply->read(piece); !bytes.isEmpty(); bytes = m_reply->read(piece)) {
+        m_body += bytes;
+        if (m_body.size() > m_limits.bodyBytes) {
+            abort(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
+            return;
+        }
+    }
 }
 
 void HttpExchange::finish()
@@ -115,7 +121,8 @@ void HttpExchange::finish()
     const QNetworkReply::NetworkError error = m_reply->error();
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (error == QNetworkReply::NoError || reportsStatus(error, status)) {
-        if (status != 0)
+        // Qt takes an early hint (103) for the answer, and the answer is lost.
+        if (status >= 200)
             succeed(status);
         else
             abort(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());

@@ -80,7 +80,7 @@ QString tooLarge() { return u"Sunucunun yanıtı kabul edilemeyecek kadar büyü
 
 QString badServerResponse() { return u"Sunucudan geçersiz bir yanıt alındı."_s; }
 
-QString applicationQuits() { return u"Uygulama kapanıyor, istek gönderilmedi."_s; }
+QString applicationQuits() { return u"Uygulama kapanıyor, istek tamamlanmadı."_s; }
 
 QString json(const QJsonParseError &error)
 {

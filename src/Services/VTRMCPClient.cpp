@@ -125,6 +125,8 @@ QNetworkRequest VTRMCPClient::makeRequest() const
                          QNetworkRequest::ManualRedirectPolicy);
     // HttpExchange has a limit of its own; Qt's would refuse a list that compresses well.
     request.setDecompressedSafetyCheckThreshold(-1);
+    // Qt would answer a 401 itself, by sending the request again, and the server's words were lost.
+    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
     // HttpExchange's promise to send a body only once holds for HTTP/1.1.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     return request;

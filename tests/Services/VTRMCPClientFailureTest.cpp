@@ -30,9 +30,10 @@ ScriptedAnswer cut(qsizetype bytes, Ending ending)
     return answer;
 }
 
-ScriptedAnswer notHttp(const QByteArray &bytes)
+ScriptedAnswer notHttp(const QByteArray &bytes, Ending ending = Ending::close)
 {
-    ScriptedAnswer answer = ScriptedAnswer::closedWithoutAnswer();
+    ScriptedAnswer answer;
+    answer.ending = ending;
     answer.raw = bytes;
     return answer;
 }
@@ -85,6 +86,12 @@ private Q_SLOTS:
         QTest::newRow("encoded otherwise than told")
             << ScriptedAnswer::text(QByteArray(100, 'x')).withHeader("Content-Encoding", "gzip")
             << invalid;
+        QTest::newRow("nothing but an early hint")
+            << notHttp("HTTP/1.1 103 Early Hints\r\n\r\n", Ending::keepAlive) << invalid;
+        QTest::newRow("too large once decompressed")
+            << ScriptedAnswer::text(qCompress(QByteArray(100'001, ' ')).sliced(4))
+                   .withHeader("Content-Encoding", "deflate")
+            << tooLarge;
         QTest::newRow("too large") << ofSize(100'001) << tooLarge;
         QTest::newRow("too large, in chunks") << inChunks(ofSize(100'001), 10'000, 10) << tooLarge;
     }

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString quitText = u"Uygulama kapanıyor, istek gönderilmedi."_s;
+const QString quitText = u"Uygulama kapanıyor, istek tamamlanmadı."_s;
 
 ScriptedAnswer answerOfSize(qsizetype size)
 {

@@ -227,7 +227,7 @@ private Q_SLOTS:
         QFETCH(QJsonObject, result);
         m_server->enqueue({ ScriptedAnswer::text(body, status)
                                 .withHeader("Location", "/elsewhere")
-                                .withHeader("WWW-Authenticate", "Basic realm=\"x\"")
+                                .withHeader("WWW-Authenticate", "NTLM")
                                 .withHeader("Proxy-Authenticate", "Basic realm=\"x\"") });
         const auto outcome = settle(call());
         QCOMPARE(outcome.errorText(), error);

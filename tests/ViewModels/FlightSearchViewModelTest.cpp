@@ -208,13 +208,20 @@ private Q_SLOTS:
     {
         search();
         const QDateTime departure = m_model->departureDate();
+        m_model->setTripType(TripType::roundTrip);
+        m_model->setPassengers(3);
         m_flights = [] { return flights({ { u"7"_s } }).held(); };
         for (const QString &day : { u"2026-13-45"_s, u"2026-03-09"_s }) {
             m_model->startSelectCalendarDate(day);
             QCOMPARE(m_model->selectedDate(), day);
             QVERIFY(m_model->isSearchingFlightsOnly() && !m_model->isLoading());
             QTRY_COMPARE(m_server->heldCount(), 1);
-            QCOMPARE(lastArguments(flightsTool).value("departureDate"_L1), day);
+            const QJsonObject arguments = lastArguments(flightsTool);
+            QCOMPARE(arguments.value("departureDate"_L1), day);
+            QCOMPARE(arguments.value("returnDate"_L1),
+                     m_model->returnDate().toString(u"yyyy-MM-dd"_s));
+            QCOMPARE(arguments.value("tripType"_L1), u"round"_s);
+            QCOMPARE(arguments["passengers"_L1][0]["quantity"_L1], 3);
             QCOMPARE(m_model->departureDate(),
                      day == u"2026-03-09" ? QDate(2026, 3, 9).startOfDay() : departure);
             m_server->release();

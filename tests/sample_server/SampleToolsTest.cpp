@@ -172,7 +172,7 @@ private Q_SLOTS:
                    "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(number));
         }
         status(u"VQ1"_s, u"2031-01-05"_s,
-               u"5 Ocak 2031 günü için uçuş durumu yok: bugünden en çok 355 gün önceki ya da "
+               u"5 Ocak 2031 günü için uçuş durumu yok: bugünden en çok 357 gün önceki ya da "
                "sonraki günler sorgulanabilir."_s);
     }
     void refusals()
