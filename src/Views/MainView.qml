@@ -19,7 +19,7 @@ FocusScope {
 
         objectName: "page"
         anchors.fill: parent
-        contentHeight: content.height + 20 + 40
+        contentHeight: content.y + content.height + results.roomBelow
 
         Column {
             id: content
@@ -56,11 +56,14 @@ FocusScope {
             }
 
             FlightResultsSection {
+                id: results
+
                 width: parent.width
                 visible: mainView.viewModel.hasSearched
                 viewModel: mainView.viewModel
                 page: scrollPage
                 topInPage: content.y + y
+                roomBelow: 40
             }
         }
     }

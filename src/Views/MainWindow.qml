@@ -18,6 +18,10 @@ T.ApplicationWindow {
 
     menuBar: AppMenuBar {}
 
+    TabOrder {
+        window: window
+    }
+
     MainView {
         id: mainView
 

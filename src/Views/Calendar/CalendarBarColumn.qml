@@ -26,6 +26,12 @@ BaseButton {
         radius: VTRTheme.controlRadius
         color: column.isSelected ? VTRTheme.cardBgLight
                                  : VTRTheme.withOpacity(VTRTheme.cardBgLight, column.isHovered ? 0.4 : 0)
+
+        PressTint {
+            control: column
+            isHovered: false
+            radius: column.cornerRadius
+        }
     }
 
     contentItem: Column {

@@ -28,6 +28,12 @@ BaseButton {
         borderWidth: 1
         borderColor: tile.isSelected ? Qt.rgba(1, 1, 1, 0.3)
                                      : tile.isBest ? VTRTheme.withOpacity(VTRTheme.bestGreen, 0.4) : VTRTheme.cardBorder
+
+        PressTint {
+            control: tile
+            isHovered: tile.isSelected && tile.isHovered
+            radius: tile.cornerRadius
+        }
     }
 
     contentItem: Column {
@@ -38,7 +44,7 @@ BaseButton {
             text: PriceCalendarFormat.formatDayOfWeek(tile.price.date, true)
             font.pixelSize: 10
             font.weight: Font.Medium
-            color: tile.isSelected ? VTRTheme.textSecondary : VTRTheme.textMuted
+            color: VTRTheme.textMuted
         }
 
         PlainText {

@@ -96,19 +96,23 @@ Item {
             id: tiles
 
             Layout.fillWidth: true
-            // A day is 62 high.
-            Layout.preferredHeight: 62 + 4
+            // A day is 62 high. Its focus ring needs room inside the clip, 3 more on every side.
+            Layout.preferredHeight: 3 + 62 + 4
+            Layout.topMargin: -3
+            Layout.leftMargin: -1
+            Layout.rightMargin: -1
             viewModel: calendar.viewModel
             narrowestDay: 84
             widestDay: 140
             spacing: 10
-            leftMargin: 2
-            rightMargin: 2
+            leftMargin: 3
+            rightMargin: 3
             Accessible.name: "Günler"
 
             delegate: CalendarTileView {
                 required property int index
 
+                y: 3
                 width: tiles.dayWidth
                 isBest: price.isBestPrice
                 currency: calendar.viewModel.currency

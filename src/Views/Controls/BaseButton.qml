@@ -20,13 +20,19 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: button.press()
-    Keys.onReturnPressed: button.press()
-    Keys.onEnterPressed: button.press()
+    // A held key acts once: what it opened would take the repeats.
+    Keys.onReturnPressed: event => button.pressByKey(event.isAutoRepeat)
+    Keys.onEnterPressed: event => button.pressByKey(event.isAutoRepeat)
 
     /// Acts as a click does; a disabled button does not.
     function press() {
         if (enabled)
             clicked();
+    }
+
+    function pressByKey(isAutoRepeat: bool) {
+        if (!isAutoRepeat)
+            press();
     }
 
     FocusRing {

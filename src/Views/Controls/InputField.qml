@@ -66,6 +66,9 @@ FieldSurface {
             Accessible.name: field.label
             Accessible.description: field.description
             onAccepted: field.accepted()
+            // The key that opened a sheet may still be held.
+            Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
+            Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
 
             PlainText {
                 id: promptText

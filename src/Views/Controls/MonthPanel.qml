@@ -21,7 +21,6 @@ T.Popup {
     margins: VTRTheme.spacing
     padding: 12
     modal: true
-    dim: false
     focus: true
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
@@ -30,6 +29,9 @@ T.Popup {
         focusReturn.remember(parent);
     }
     onClosed: focusReturn.restore()
+
+    // What lies behind stays as it looks, and does not answer the pointer.
+    T.Overlay.modal: Item {}
 
     background: PopUpSurface {}
 

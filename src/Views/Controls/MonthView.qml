@@ -21,6 +21,17 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: "Takvim"
 
+    Keys.onPressed: event => {
+        event.accepted = DateEditing.moves(event.key);
+        cursor = DateEditing.moved(cursor, event.key);
+    }
+
+    /// The key that opened the month may still be held.
+    function take(isAutoRepeat: bool) {
+        if (!isAutoRepeat)
+            taken(cursor);
+    }
+
     function showMonth(step: int) {
         cursor = DateEditing.addMonths(cursor, step);
     }
@@ -43,11 +54,13 @@ FocusScope {
             IconButton {
                 symbol: "chevron.left"
                 text: "Önceki ay"
+                focusPolicy: Qt.TabFocus
                 onClicked: monthView.showMonth(-1)
             }
             IconButton {
                 symbol: "chevron.right"
                 text: "Sonraki ay"
+                focusPolicy: Qt.TabFocus
                 onClicked: monthView.showMonth(1)
             }
         }
@@ -94,13 +107,9 @@ FocusScope {
             Accessible.name: DateEditing.fullText(monthView.cursor)
             Accessible.focusable: true
 
-            Keys.onReturnPressed: monthView.taken(monthView.cursor)
-            Keys.onEnterPressed: monthView.taken(monthView.cursor)
-            Keys.onSpacePressed: monthView.taken(monthView.cursor)
-            Keys.onPressed: event => {
-                event.accepted = DateEditing.moves(event.key);
-                monthView.cursor = DateEditing.moved(monthView.cursor, event.key);
-            }
+            Keys.onReturnPressed: event => monthView.take(event.isAutoRepeat)
+            Keys.onEnterPressed: event => monthView.take(event.isAutoRepeat)
+            Keys.onSpacePressed: event => monthView.take(event.isAutoRepeat)
 
             // It lays out no delegates of its own: it would write into their context, which bound
             // components do not allow.

@@ -98,6 +98,11 @@ T.ComboBox {
             radius: 6
             color: entry.highlighted ? VTRTheme.vtrRed : "transparent"
 
+            PressTint {
+                control: entry
+                isHovered: false
+                radius: parent.radius
+            }
             Symbol {
                 x: 8
                 anchors.verticalCenter: parent.verticalCenter
@@ -121,6 +126,11 @@ T.ComboBox {
         height: Math.min(implicitHeight, control.Window.height - topMargin - bottomMargin)
         margins: VTRTheme.spacing
         padding: 5
+        // What lies behind keeps its place and does not answer the pointer.
+        modal: true
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+
+        T.Overlay.modal: Item {}
 
         background: PopUpSurface {}
         contentItem: ListView {

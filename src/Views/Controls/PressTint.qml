@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Vantora
 
-/// The veil that every control wears under the pointer and, stronger, while it is pressed.
+/// The veil that a control wears under the pointer and, stronger, while it is pressed. Where the
+/// hover has a look of its own, `isHovered` is false.
 Rectangle {
     id: tint
 

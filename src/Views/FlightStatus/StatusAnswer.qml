@@ -2,9 +2,9 @@ import QtQuick
 import QtQuick.Layouts
 import Vantora
 
-/// The answer to the last question: exactly one of a status card, progress, an error or an
-/// invitation. A card stays while the next question is under way, and when that fails; what went
-/// wrong then stands in a line above it.
+/// The answer to the last question: a status card, progress, an error or an invitation. A card
+/// stays while the next question is under way, and when that fails; what went wrong then stands in
+/// a line above it.
 ColumnLayout {
     id: answer
 

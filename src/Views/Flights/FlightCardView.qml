@@ -125,11 +125,17 @@ Item {
 
                 background: RoundedSurface {
                     radius: VTRTheme.controlRadius
-                    color: bookButton.hovered && !bookButton.pressed ? Qt.lighter(VTRTheme.redGradientStart, 1.12) : VTRTheme.redGradientStart
+                    color: bookButton.hovered ? Qt.lighter(VTRTheme.redGradientStart, 1.12) : VTRTheme.redGradientStart
                     gradientEnd: VTRTheme.redGradientEnd
                     shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
                     shadowRadius: 6
                     shadowOffset: 2
+
+                    PressTint {
+                        control: bookButton
+                        isHovered: false
+                        radius: bookButton.cornerRadius
+                    }
                 }
 
                 contentItem: Row {

@@ -19,7 +19,7 @@ Item {
     readonly property int cardPitch: cardHeight + cardSpacing
     readonly property real visibleTop: Math.max(0, Math.min(page.contentY - topInPage, height - list.height))
 
-    implicitHeight: Math.max(0, list.count * cardPitch - cardSpacing)
+    implicitHeight: Math.max(0, viewModel.filteredFlights.count * cardPitch - cardSpacing)
 
     ListView {
         id: list
@@ -60,15 +60,16 @@ Item {
                         return;
                     list.pointerMovedLast = true;
                     list.currentIndex = card.index;
+                    list.forceActiveFocus(Qt.MouseFocusReason);
                 }
             }
         }
 
         Keys.onUpPressed: area.moveTo(currentIndex - 1)
         Keys.onDownPressed: area.moveTo(currentIndex + 1)
-        Keys.onReturnPressed: area.bookCurrent()
-        Keys.onEnterPressed: area.bookCurrent()
-        Keys.onSpacePressed: area.bookCurrent()
+        Keys.onReturnPressed: event => area.bookCurrent(event.isAutoRepeat)
+        Keys.onEnterPressed: event => area.bookCurrent(event.isAutoRepeat)
+        Keys.onSpacePressed: event => area.bookCurrent(event.isAutoRepeat)
 
         move: Transition {
             CardMotion { property: "y" }
@@ -121,9 +122,9 @@ Item {
         list.currentIndex = bounded;
     }
 
-    function bookCurrent() {
+    function bookCurrent(isAutoRepeat: bool) {
         const card = list.currentItem as FlightCardView;
-        if (card)
+        if (card && !isAutoRepeat)
             card.book();
     }
 }

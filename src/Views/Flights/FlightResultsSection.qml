@@ -9,11 +9,20 @@ Item {
     required property ScrollPage page
     /// Where this item begins in the page's content.
     required property real topInPage
+    /// The margin of the page below this item.
+    required property real roomBelow
 
     readonly property bool isSearching: viewModel.isSearchingFlightsOnly || viewModel.isLoading
     readonly property bool isEmpty: !isSearching && viewModel.filteredFlights.count === 0
 
-    implicitHeight: content.height + 2 * VTRTheme.padding
+    // Bound, not taken from the column: that lays out with the next frame, and in between the page
+    // would jump to an end that is none.
+    readonly property real bodyHeight: isSearching ? loading.height : isEmpty ? nothing.height : list.implicitHeight
+    readonly property real naturalHeight: content.y + body.y + bodyHeight + VTRTheme.padding
+    /// Up to the end of the page's view: while the flights are away the page stays where it is.
+    readonly property real heightInView: page.contentY + page.height - topInPage - roomBelow
+
+    implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
     CardBackground {
         anchors.fill: parent
@@ -53,29 +62,41 @@ Item {
             viewModel: section.viewModel
         }
 
-        Loader {
+        Item {
+            id: body
+
             width: parent.width
-            active: section.isSearching
-            visible: active
-            sourceComponent: LoadingPanel {
-                text: "Uçuşlar yükleniyor..."
-                padding: 40
+            height: section.bodyHeight
+
+            Loader {
+                id: loading
+
+                width: parent.width
+                active: section.isSearching
+                sourceComponent: LoadingPanel {
+                    text: "Uçuşlar yükleniyor..."
+                    padding: 40
+                }
             }
-        }
 
-        Loader {
-            width: parent.width
-            active: section.isEmpty
-            visible: active
-            sourceComponent: NoFlightsPanel {}
-        }
+            Loader {
+                id: nothing
 
-        FlightList {
-            width: parent.width
-            visible: !section.isSearching && !section.isEmpty
-            viewModel: section.viewModel
-            page: section.page
-            topInPage: section.topInPage + content.y + y
+                width: parent.width
+                active: section.isEmpty
+                sourceComponent: NoFlightsPanel {}
+            }
+
+            FlightList {
+                id: list
+
+                width: parent.width
+                height: implicitHeight
+                visible: !section.isSearching && !section.isEmpty
+                viewModel: section.viewModel
+                page: section.page
+                topInPage: section.topInPage + content.y + body.y
+            }
         }
     }
 }

@@ -38,6 +38,12 @@ Row {
                 radius: height / 2
                 color: chip.isCurrent ? VTRTheme.vtrRed
                                       : chip.hovered ? Qt.lighter(VTRTheme.cardBgLight, 1.25) : VTRTheme.cardBgLight
+
+                PressTint {
+                    control: chip
+                    isHovered: chip.isCurrent && chip.hovered
+                    radius: chip.cornerRadius
+                }
             }
             contentItem: PlainText {
                 text: chip.text

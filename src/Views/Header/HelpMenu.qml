@@ -24,6 +24,12 @@ T.Menu {
         background: RoundedSurface {
             radius: 6
             color: entry.highlighted ? VTRTheme.vtrRed : "transparent"
+
+            PressTint {
+                control: entry
+                isHovered: false
+                radius: 6
+            }
         }
 
         contentItem: PlainText {
@@ -38,15 +44,7 @@ T.Menu {
     margins: 4
     overlap: 1
 
-    background: RoundedSurface {
-        radius: 10
-        color: VTRTheme.cardBgLight
-        borderWidth: 1
-        borderColor: VTRTheme.cardBorder
-        shadowColor: Qt.rgba(0, 0, 0, 0.45)
-        shadowRadius: 14
-        shadowOffset: 5
-    }
+    background: PopUpSurface {}
 
     contentItem: ListView {
         implicitWidth: 220

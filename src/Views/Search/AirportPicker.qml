@@ -62,6 +62,7 @@ FocusScope {
                 readonly property AirportRowView marked: list.currentItem as AirportRowView
 
                 focus: true
+                color: VTRTheme.cardBg
                 symbol: "magnifyingglass"
                 label: "Havalimanı ara"
                 prompt: "Şehir, ülke veya havalimanı kodu (örn: IST, Londra, JFK)..."
@@ -76,8 +77,10 @@ FocusScope {
                     const page = Math.max(1, Math.floor(list.height / rowHeight));
                     const step = event.key === Qt.Key_PageDown ? page : event.key === Qt.Key_PageUp ? -page : 0;
                     event.accepted = step !== 0;
-                    if (step !== 0)
-                        list.currentIndex = Math.max(0, Math.min(list.currentIndex + step, list.count - 1));
+                    if (step === 0)
+                        return;
+                    list.currentIndex = Math.max(0, Math.min(list.currentIndex + step, list.count - 1));
+                    list.positionViewAtIndex(list.currentIndex, ListView.Contain);
                 }
             }
         }
@@ -96,6 +99,8 @@ FocusScope {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
+        // Rows out of sight are made later, and while one types they would come too late.
+        cacheBuffer: 0
         model: airports
         Accessible.role: Accessible.List
         Accessible.name: "Havalimanları"

@@ -27,6 +27,12 @@ BaseButton {
         color: row.isHovered || row.isMarked ? VTRTheme.cardBgLight : "transparent"
         borderWidth: row.isMarked ? 1 : 0
         borderColor: Qt.rgba(1, 1, 1, 0.16)
+
+        PressTint {
+            control: row
+            isHovered: false
+            radius: row.cornerRadius
+        }
     }
 
     contentItem: RowLayout {

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void failureShowsTheBannerOverTheOldCards();
     void calendarLeavesWithItsDays();
     void onlyTheCardsInViewExist();
+    void thePageStaysWhileADayLoads();
     void keyboardMovesThroughTheDaysAndTheCards();
 
 public Q_SLOTS:
@@ -190,6 +191,35 @@ void MainViewTest::onlyTheCardsInViewExist()
     // A long list in a new order is shown from its top.
     QTRY_COMPARE(shownFlights(window).constFirst(), u"VQ10099"_s);
     QVERIFY(shownFlights(window).size() < 40);
+}
+
+void MainViewTest::thePageStaysWhileADayLoads()
+{
+    ScriptedServer server;
+    serve(server, 20);
+    const TestWindow window(server);
+    QVERIFY(window.waitForSearch());
+    QTRY_VERIFY(!window.itemsOfType("CalendarSlot").isEmpty());
+    QTRY_COMPARE(window.itemsOfType("CalendarSlot").constFirst()->property("openness").toReal(),
+                 1.0);
+    auto *page = window.window()->findChild<QQuickItem *>(u"page"_s);
+    window.window()->grabWindow();
+    QMetaObject::invokeMethod(page, "scrollTo", Q_ARG(double, 1e9));
+    const qreal place = page->property("contentY").toReal();
+    QVERIFY(place > 1000);
+
+    server.onToolCall = [](const ReceivedRequest &) {
+        return ScriptedAnswer::content(flightsContent(20)).held();
+    };
+    window.viewModel()->startSelectCalendarDate(u"2026-12-03"_s);
+    QTRY_COMPARE(server.heldCount(), 1);
+    QTRY_COMPARE(window.itemsOfType("LoadingPanel").size(), 1);
+    window.window()->grabWindow();
+    QCOMPARE(page->property("contentY").toReal(), place);
+    server.release();
+    QTRY_VERIFY(!shownFlights(window).isEmpty());
+    window.window()->grabWindow();
+    QCOMPARE(page->property("contentY").toReal(), place);
 }
 
 void MainViewTest::keyboardMovesThroughTheDaysAndTheCards()
