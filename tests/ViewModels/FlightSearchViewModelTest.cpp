@@ -13,7 +13,7 @@ const QDateTime now(QDate(2026, 2, 20), QTime(23, 30));
 const QString calendarTool = u"find_flight_price_calendar"_s;
 const QString flightsTool = u"search_flights"_s;
 
-ScriptedAnswer failure() { return ScriptedAnswer::text(R"({"error":{"message":"%1 dolu"}})"); }
+ScriptedAnswer failure() { return ScriptedAnswer::failure(u"%1 dolu"_s); }
 
 ScriptedAnswer calendar(const QStringList &days, const QString &currency = u"EUR"_s)
 {

@@ -112,16 +112,15 @@ ScriptedAnswer ScriptedAnswer::content(const QJsonObject &content)
     return text(QJsonDocument(answer).toJson(QJsonDocument::Compact));
 }
 
+ScriptedAnswer ScriptedAnswer::failure(const QString &message)
+{
+    const QJsonObject error { { u"message"_s, message } };
+    return text(QJsonDocument(QJsonObject { { u"error"_s, error } }).toJson());
+}
+
 ScriptedAnswer ScriptedAnswer::session(const QByteArray &id, int status)
 {
     return text("{}", status).withHeader("mcp-session-id", id);
-}
-
-ScriptedAnswer ScriptedAnswer::closedWithoutAnswer()
-{
-    ScriptedAnswer answer = silence();
-    answer.ending = Ending::close;
-    return answer;
 }
 
 ScriptedAnswer ScriptedAnswer::silence()

@@ -56,9 +56,10 @@ struct ScriptedAnswer
     static ScriptedAnswer text(const QByteArray &body, int status = 200);
     /// The JSON-RPC answer whose "structuredContent" is `content`.
     static ScriptedAnswer content(const QJsonObject &content = {});
+    /// The JSON-RPC answer that is an error with this message.
+    static ScriptedAnswer failure(const QString &message);
     /// The answer to "initialize" that opens this session.
     static ScriptedAnswer session(const QByteArray &id, int status = 200);
-    static ScriptedAnswer closedWithoutAnswer();
     static ScriptedAnswer silence();
 
     ScriptedAnswer held() const;

@@ -1,146 +1,110 @@
 #pragma once
 
-#include "App/Application.h"
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
-#include "support/ScriptedServer.h"
 
-#include <QJsonArray>
+#include <QAccessible>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTest>
 
 #include <functional>
 
-/// Collects what QML complains of; a window that complains is broken.
-class WarningCatcher
+inline QAccessibleInterface *accessible(QQuickItem *item)
 {
-public:
-    WarningCatcher()
-    {
-        warnings().clear();
-        m_previous = qInstallMessageHandler(
-            [](QtMsgType type, const QMessageLogContext &, const QString &text) {
-                if (type != QtDebugMsg && type != QtInfoMsg)
-                    warnings().append(text);
-            });
-    }
-    ~WarningCatcher() { qInstallMessageHandler(m_previous); }
+    return QAccessible::queryAccessibleInterface(item);
+}
 
-    static QStringList &warnings()
-    {
-        static QStringList list;
-        return list;
-    }
+QString accessibleName(QQuickItem *item);
+void pressAccessibly(QQuickItem *item);
 
-private:
-    QtMessageHandler m_previous;
-};
+/// Once in a test program, before its first window.
+void prepareWindows();
 
-/// The real window against a scripted server, as it stands after its first search.
+/// A window under a user's hands and eyes.
 class TestWindow
 {
 public:
-    explicit TestWindow(ScriptedServer &server)
-    {
-        VTRMCPClientTestAccess::replaceShared(server.endpoint());
-        if (!loadMainWindow(m_engine, QStringLiteral("Test")))
-            return;
-        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
-        // High enough for the day tiles, which are clicked.
-        m_window->resize(1280, 1200);
-        m_viewModel = m_window->property("viewModel").value<FlightSearchViewModel *>();
-    }
-    ~TestWindow() { VTRMCPClientTestAccess::destroyShared(); }
+    /// The real window. It starts its first search at once.
+    TestWindow();
+    /// A window of 900 × 700 with the id `page` that holds nothing but these controls, in QML.
+    explicit TestWindow(const QByteArray &controls);
 
+    /// Whether it is loaded and has the keyboard.
+    bool isReady() const { return m_isReady; }
     QQuickWindow *window() const { return m_window; }
-    FlightSearchViewModel *viewModel() const { return m_viewModel; }
-
+    QVariant state(const char *property) const { return m_window->property(property); }
+    FlightSearchViewModel *viewModel() const;
     /// Waits for the end of the search under way; false after the time limit.
-    bool waitForSearch() const
-    {
-        return QTest::qWaitForWindowExposed(m_window) && QTest::qWaitFor([this] {
-                   return m_viewModel->hasSearched() && !m_viewModel->isLoading()
-                       && !m_viewModel->isSearchingFlightsOnly();
-               });
-    }
+    bool waitForSearch() const;
 
-    /// Looks at the item and all below it, as far as they are visible, in tree order.
-    static void visit(QQuickItem *root, const std::function<void(QQuickItem *)> &look)
-    {
-        if (!root || !root->isVisible())
-            return;
-        look(root);
-        const auto children = root->childItems();
-        for (QQuickItem *child : children)
-            visit(child, look);
-    }
+    using Condition = std::function<bool(QQuickItem *)>;
+    /// All visible items below `root` for which `isWanted` holds, in tree order.
+    static QList<QQuickItem *> itemsIn(QQuickItem *root, const Condition &isWanted);
+    /// All visible items whose QML type is `type`.
+    QList<QQuickItem *> itemsOfType(const QByteArray &type) const;
+    /// The visible item of this object name; null when there is none.
+    QQuickItem *named(const QString &objectName) const;
+    /// The visible item that assistive technology knows by this name.
+    QQuickItem *called(const QString &name) const;
+    /// Every text that is seen below the item, one after the other with | between them.
+    static QString textIn(QQuickItem *root);
 
-    /// All visible items whose QML type is `type`, in tree order.
-    QList<QQuickItem *> itemsOfType(const QByteArray &type) const
-    {
-        QList<QQuickItem *> found;
-        visit(m_window->contentItem(), [&](QQuickItem *item) {
-            // QML types are named after their file and a number.
-            if (QByteArray(item->metaObject()->className()).startsWith(type + "_QMLTYPE"))
-                found.append(item);
-        });
-        return found;
-    }
+    QQuickItem *focused() const { return m_window->activeFocusItem(); }
+    QString focusedName() const { return accessibleName(focused()); }
+    void focus(const QString &objectName) const;
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString &text) const;
+    void click(QQuickItem *item) const;
+    /// Puts every item in its place, as the next frame would.
+    void layOut() const { m_window->grabWindow(); }
 
-    /// The visible item of this name; null when there is none.
-    QQuickItem *named(const QString &objectName) const
+    QObject *sheet(const QString &name) const { return m_window->findChild<QObject *>(name); }
+    bool isOpen(const QString &sheetName) const;
+    bool isGone(const QString &sheetName) const;
+    /// The state object of the sheet that is open, which its content has under `property`.
+    template<typename State>
+    State *stateOf(const QString &sheetName, const char *property) const
     {
-        QQuickItem *found = nullptr;
-        visit(m_window->contentItem(), [&](QQuickItem *item) {
-            if (item->objectName() == objectName)
-                found = item;
-        });
-        return found;
-    }
-
-    void click(QQuickItem *item) const
-    {
-        const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-        QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+        auto *body = sheet(sheetName)->property("body").value<QQuickItem *>();
+        return body ? body->property(property).value<State *>() : nullptr;
     }
 
 private:
+    void activate();
+
     QQmlApplicationEngine m_engine;
     QQuickWindow *m_window = nullptr;
-    FlightSearchViewModel *m_viewModel = nullptr;
+    bool m_isReady = false;
 };
 
-/// A calendar of `count` days from 1 December 2026 on, each 100 dearer than the one before.
-inline QJsonObject calendarContent(int count)
+/// A test class in which each test has a window of its own, on a scripted server, as it stands
+/// after its first search. A test fails when Qt or QML warns of anything.
+class WindowTest : public ClientTest
 {
-    using namespace Qt::StringLiterals;
-    QJsonArray days;
-    for (int i = 0; i < count; ++i) {
-        const QString date = QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate);
-        days.append(QJsonObject {
-            { u"date"_s, date }, { u"amount"_s, 4000 + 100 * i }, { u"isBestPrice"_s, i == 0 } });
-    }
-    const QJsonObject best { { u"date"_s, u"2026-12-01"_s }, { u"amount"_s, 4000 } };
-    return { { u"prices"_s, days }, { u"bestPrice"_s, best } };
-}
+    Q_OBJECT
 
+protected Q_SLOTS:
+    void initTestCase() { prepareWindows(); }
+    void init();
+    void cleanup();
+
+protected:
+    /// The calls after those of the first search.
+    QList<ReceivedRequest> questions() const { return m_server->toolCalls().sliced(2); }
+
+    /// What the server answers, by tool; at first 14 days and 3 flights. The others get `{}`.
+    QHash<QString, ScriptedAnswer> m_answers;
+    std::unique_ptr<TestWindow> m_window;
+};
+
+inline const QString calendarTool = QStringLiteral("find_flight_price_calendar");
+inline const QString flightsTool = QStringLiteral("search_flights");
+inline const QString statusTool = QStringLiteral("flight-status");
+inline const QString guideTool = QStringLiteral("get_city_guide");
+inline const QString promotionsTool = QStringLiteral("get_airline_promotions");
+
+/// A calendar of 14 days from 1 December 2026 on, each 100 dearer than the one before.
+ScriptedAnswer calendarAnswer();
 /// `count` flights; the dearer ones are the faster ones, and every one has `segments` segments.
-inline QJsonObject flightsContent(int count, int segments = 1)
-{
-    using namespace Qt::StringLiterals;
-    QJsonArray options;
-    for (int i = 0; i < count; ++i) {
-        const QJsonObject segment { { u"flightNumber"_s, u"VQ%1"_s.arg(100 + i) } };
-        QJsonArray list;
-        for (int s = 0; s < segments; ++s)
-            list.append(segment);
-        options.append(QJsonObject { { u"flightSegments"_s, list },
-                                     { u"cheapestPriceAmount"_s, 4000 + i },
-                                     { u"journeyDuration"_s, 60'000 * (20'000 - i) } });
-    }
-    const QJsonObject information { { u"originDestinationOptions"_s, options } };
-    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
-    return { { u"availabilityData"_s, data } };
-}
+ScriptedAnswer flightsAnswer(int count, int segments = 1);

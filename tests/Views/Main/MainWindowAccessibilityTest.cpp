@@ -1,188 +1,115 @@
-#include "Views/Foundation/SearchChoices.h"
 #include "support/WindowTesting.h"
-
-#include <QAccessible>
 
 using namespace Qt::StringLiterals;
 
-/// The window without eyes and without a mouse.
-class MainWindowAccessibilityTest : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void initTestCase();
-    void everyControlHasRoleNameAndAction();
-    void pickerHasRolesNamesAndActions();
-    void tabReachesEveryControlOnceAndReturns();
-    void errorsAndLoadingAreNamed();
-};
-
 namespace {
 
-void visit(QAccessibleInterface *node, const std::function<void(QAccessibleInterface *)> &look)
-{
-    if (!node || node->state().invisible)
-        return;
-    look(node);
-    for (int i = 0; i < node->childCount(); ++i)
-        visit(node->child(i), look);
-}
-
-QString describe(QAccessibleInterface *node)
-{
-    return u"%1 \"%2\" (%3)"_s.arg(QString::number(node->role()), node->text(QAccessible::Name),
-                                   QString::fromLatin1(node->object()->metaObject()->className()));
-}
-
-/// What a focusable node lacks, by node; `buttons` becomes the number of buttons.
-QStringList faultsOf(const TestWindow &window, int &buttons)
+/// What assistive technology would miss in the window's controls, and how many buttons it finds.
+std::pair<QStringList, int> survey(const TestWindow &window)
 {
     QStringList faults;
-    visit(QAccessible::queryAccessibleInterface(window.window()), [&](QAccessibleInterface *node) {
-        if (!node->state().focusable || node->role() == QAccessible::Window)
-            return;
-        if (node->role() == QAccessible::NoRole || node->text(QAccessible::Name).isEmpty())
-            faults.append(u"no role or name: "_s + describe(node));
-        if (node->role() != QAccessible::Button)
-            return;
-        ++buttons;
-        auto *action = node->actionInterface();
-        if (!action || !action->actionNames().contains(QAccessibleActionInterface::pressAction()))
-            faults.append(u"no press action: "_s + describe(node));
+    int buttons = 0;
+    TestWindow::itemsIn(window.window()->contentItem(), [&](QQuickItem *item) {
+        QAccessibleInterface *node = accessible(item);
+        // Qt calls every text focusable.
+        const bool isControl =
+            node && node->state().focusable && node->role() != QAccessible::StaticText;
+        if (!isControl && !item->activeFocusOnTab())
+            return false;
+        const QString type = QString::fromLatin1(item->metaObject()->className());
+        if (!node || node->role() == QAccessible::NoRole || !node->state().focusable)
+            faults.append(u"no role, or not focusable: "_s + type);
+        else if (node->text(QAccessible::Name).isEmpty())
+            faults.append(u"no name: "_s + type);
+        const bool isButton = node
+            && (node->role() == QAccessible::Button || node->role() == QAccessible::RadioButton);
+        buttons += isButton;
+        if (isButton
+            && !node->actionInterface()->actionNames().contains(
+                QAccessibleActionInterface::pressAction()))
+            faults.append(u"no press action: "_s + type);
+        return false;
     });
-    return faults;
-}
-
-void serveResults(ScriptedServer &server)
-{
-    server.onToolCall = [](const ReceivedRequest &request) {
-        return ScriptedAnswer::content(request.tool() == u"search_flights" ? flightsContent(3)
-                                                                           : calendarContent(14));
-    };
+    return { faults, buttons };
 }
 
 } // namespace
 
-void MainWindowAccessibilityTest::initTestCase()
+/// The window without eyes and without a mouse.
+class MainWindowAccessibilityTest : public WindowTest
 {
-    QAccessible::setActive(true);
-    prepareApplication();
-}
+    Q_OBJECT
 
-void MainWindowAccessibilityTest::everyControlHasRoleNameAndAction()
-{
-    ScriptedServer server;
-    serveResults(server);
-    const TestWindow window(server);
-    QVERIFY(window.waitForSearch());
-    QTRY_COMPARE(window.itemsOfType("FlightCardView").size(), 3);
-
-    QTRY_COMPARE(window.itemsOfType("CalendarBarColumn").size(), 14);
-    int buttons = 0;
-    const QStringList faults = faultsOf(window, buttons);
-    QCOMPARE(faults, QStringList());
-    QVERIFY2(buttons > 14 + 3, qPrintable(QString::number(buttons)));
-
-    const QList<QQuickItem *> choices = window.itemsOfType("ChoiceButton");
-    QVERIFY(choices.size() >= SearchChoices().sortOptions().size());
-    for (QQuickItem *choice : choices)
-        QCOMPARE(QAccessible::queryAccessibleInterface(choice)->role(), QAccessible::RadioButton);
-
-    QQuickItem *bar = window.itemsOfType("CalendarBarColumn").at(3);
-    QAccessibleInterface *node = QAccessible::queryAccessibleInterface(bar);
-    QCOMPARE(node->text(QAccessible::Name), u"4 Ara Cuma, 4300 TRY"_s);
-    node->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    QCOMPARE(window.viewModel()->selectedDate(), u"2026-12-04"_s);
-    QVERIFY(node->state().selected);
-}
-
-void MainWindowAccessibilityTest::pickerHasRolesNamesAndActions()
-{
-    ScriptedServer server;
-    serveResults(server);
-    const TestWindow window(server);
-    QVERIFY(window.waitForSearch());
-    const auto press = [](QQuickItem *item) {
-        QAccessible::queryAccessibleInterface(item)->actionInterface()->doAction(
-            QAccessibleActionInterface::pressAction());
-    };
-    press(window.itemsOfType("AirportButton").constLast());
-    QTRY_VERIFY(window.itemsOfType("AirportRowView").size() > 5);
-    int buttons = 0;
-    QCOMPARE(faultsOf(window, buttons), QStringList());
-
-    QQuickItem *row = nullptr;
-    for (QQuickItem *candidate : window.itemsOfType("AirportRowView")) {
-        if (!candidate->property("isSelected").toBool())
-            row = candidate;
+private Q_SLOTS:
+    void everyControlHasRoleNameAndAction_data()
+    {
+        QTest::addColumn<QString>("opener"); // of the sheet
+        QTest::addColumn<QByteArray>("content"); // that shows then
+        QTest::newRow("main window") << QString() << QByteArray("CalendarBarColumn");
+        QTest::newRow("picker") << u"destinationButton"_s << QByteArray("AirportRowView");
+        QTest::newRow("status") << u"flightStatusButton"_s << QByteArray("FlightStatusQuery");
+        QTest::newRow("guide") << u"cityGuideButton"_s << QByteArray("CityGuideTabs");
     }
-    const QString code = row->property("airport").value<Airport>().code;
-    QVERIFY(QAccessible::queryAccessibleInterface(row)->text(QAccessible::Name).startsWith(code));
-    press(row);
-    QCOMPARE(window.viewModel()->destinationCode(), code);
-    QTRY_VERIFY(window.itemsOfType("AirportRowView").isEmpty());
-}
-
-void MainWindowAccessibilityTest::tabReachesEveryControlOnceAndReturns()
-{
-    ScriptedServer server;
-    serveResults(server);
-    const TestWindow window(server);
-    QVERIFY(window.waitForSearch());
-    QTRY_COMPARE(window.itemsOfType("FlightCardView").size(), 3);
-    window.window()->requestActivate();
-    QVERIFY(QTest::qWaitForWindowActive(window.window()));
-
-    QTest::keyClick(window.window(), Qt::Key_Tab);
-    QQuickItem *first = window.window()->activeFocusItem();
-    QList<QQuickItem *> visited;
-    for (QQuickItem *item = first; visited.isEmpty() || item != first;) {
-        QVERIFY2(!visited.contains(item), "Tab comes to one control twice before it returns.");
-        QVERIFY(item->isVisible() && item->isEnabled());
-        visited.append(item);
-        QVERIFY(visited.size() < 100);
-        QTest::keyClick(window.window(), Qt::Key_Tab);
-        item = window.window()->activeFocusItem();
+    void everyControlHasRoleNameAndAction()
+    {
+        QFETCH(QString, opener);
+        QFETCH(QByteArray, content);
+        QTRY_COMPARE(m_window->itemsOfType("CalendarBarColumn").size(), 14);
+        QTRY_COMPARE(m_window->itemsOfType("FlightCardView").size(), 3);
+        if (!opener.isEmpty())
+            pressAccessibly(m_window->named(opener));
+        QTRY_VERIFY(!m_window->itemsOfType(content).isEmpty());
+        const auto [faults, buttons] = survey(*m_window);
+        QCOMPARE(faults.join(u"; "_s), QString());
+        QVERIFY2(buttons > 14 + 3, qPrintable(QString::number(buttons)));
     }
-    // The rows of days, the chips and the cards are one stop each.
-    QVERIFY2(visited.size() < 30, qPrintable(QString::number(visited.size())));
-    QSet<QString> types;
-    for (QQuickItem *item : std::as_const(visited))
-        types.insert(
-            QString::fromLatin1(item->metaObject()->className()).section(u"_QMLTYPE"_s, 0, 0));
-    for (const char *type :
-         { "HeaderButton", "CalendarBarColumn", "CalendarTileView", "FlightCardView" })
-        QVERIFY2(types.contains(QString::fromLatin1(type)), type);
 
-    // And back again by the same way.
-    for (qsizetype i = visited.size() - 1; i >= 0; --i) {
-        QTest::keyClick(window.window(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(window.window()->activeFocusItem(), visited.at(i));
+    void pressActionsPress()
+    {
+        QTRY_VERIFY(m_window->called(u"4 Ara Cuma, 4300 TRY"_s));
+        QQuickItem *day = m_window->called(u"4 Ara Cuma, 4300 TRY"_s);
+        pressAccessibly(day);
+        QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-04"_s);
+        QVERIFY(accessible(day)->state().selected);
+
+        pressAccessibly(m_window->named(u"destinationButton"_s));
+        QTRY_VERIFY(m_window->itemsOfType("AirportRowView").size() > 5);
+        QQuickItem *row = m_window->itemsOfType("AirportRowView").constLast();
+        const QString code = row->property("airport").value<Airport>().code;
+        QVERIFY(code != m_window->viewModel()->destinationCode());
+        QVERIFY(accessibleName(row).startsWith(code));
+        pressAccessibly(row);
+        QCOMPARE(m_window->viewModel()->destinationCode(), code);
+        QTRY_VERIFY(m_window->itemsOfType("AirportRowView").isEmpty());
     }
-}
 
-void MainWindowAccessibilityTest::errorsAndLoadingAreNamed()
-{
-    ScriptedServer server;
-    server.onToolCall = [](const ReceivedRequest &) {
-        return ScriptedAnswer::closedWithoutAnswer();
-    };
-    const TestWindow window(server);
-    QVERIFY(window.waitForSearch());
-    QTRY_COMPARE(window.itemsOfType("ErrorBanner").size(), 1);
-    QAccessibleInterface *banner =
-        QAccessible::queryAccessibleInterface(window.itemsOfType("ErrorBanner").constFirst());
-    QCOMPARE(banner->role(), QAccessible::AlertMessage);
-    QVERIFY(banner->text(QAccessible::Name).startsWith(u"Uçuş bilgileri alınırken hata oluştu: "));
+    void tabReachesEveryControlOnceAndReturns()
+    {
+        QTRY_COMPARE(m_window->itemsOfType("FlightCardView").size(), 3);
+        m_window->key(Qt::Key_Tab);
+        QList<QQuickItem *> visited;
+        QSet<QString> types;
+        do {
+            QQuickItem *item = m_window->focused();
+            QVERIFY2(!visited.contains(item), "Tab comes to one control twice before it returns.");
+            QVERIFY(item->isVisible() && item->isEnabled());
+            visited.append(item);
+            const QString type = QString::fromLatin1(item->metaObject()->className());
+            types.insert(type.section(u"_QMLTYPE"_s, 0, 0));
+            m_window->key(Qt::Key_Tab);
+        } while (m_window->focused() != visited.constFirst());
+        // The rows of days, the chips and the cards are one stop each.
+        QVERIFY2(visited.size() < 30, qPrintable(QString::number(visited.size())));
+        QVERIFY(types.contains({ u"HeaderButton"_s, u"CalendarBarColumn"_s, u"CalendarTileView"_s,
+                                 u"FlightCardView"_s }));
 
-    server.onToolCall = [](const ReceivedRequest &) { return ScriptedAnswer::silence(); };
-    window.viewModel()->startSearchAll();
-    QTRY_COMPARE(window.itemsOfType("LoadingPanel").size(), 1);
-    QAccessibleInterface *loading =
-        QAccessible::queryAccessibleInterface(window.itemsOfType("LoadingPanel").constFirst());
-    QCOMPARE(loading->text(QAccessible::Name), u"Uçuşlar yükleniyor..."_s);
-}
+        // And back again by the same way.
+        while (!visited.isEmpty()) {
+            m_window->key(Qt::Key_Backtab, Qt::ShiftModifier);
+            QCOMPARE(m_window->focused(), visited.takeLast());
+        }
+    }
+};
 
 QTEST_MAIN(MainWindowAccessibilityTest)
 #include "MainWindowAccessibilityTest.moc"

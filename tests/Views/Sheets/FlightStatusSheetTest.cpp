@@ -1,398 +1,314 @@
-#include "SheetTesting.h"
 #include "ViewModels/FlightStatusViewModel.h"
+#include "support/ConsoleCapture.h"
+#include "support/WindowTesting.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString sheetName = u"flightStatusSheet"_s;
-const QStringList panels { u"statusResultCard"_s, u"statusLoadingPanel"_s, u"statusErrorPanel"_s,
-                           u"statusEmptyPanel"_s };
+const QString cardName = u"statusResultCard"_s;
 
-ScriptedAnswer status(const QJsonObject &data)
+/// A punctual flight, but for these changes.
+ScriptedAnswer status(const QJsonObject &changes = {})
 {
-    return ScriptedAnswer::content({ { u"flightData"_s, data } });
-}
-
-const QJsonObject punctual { { u"flightNumber"_s, u"VQ1983"_s },
-                             { u"status"_s, u"Zamanında"_s },
-                             { u"origin"_s, u"IST"_s },
-                             { u"destination"_s, u"LHR"_s },
-                             { u"scheduledDeparture"_s, u"11:20"_s },
-                             { u"scheduledArrival"_s, u"14:05"_s },
-                             { u"terminal"_s, u"1"_s },
-                             { u"gate"_s, u"F3"_s } };
-
-QJsonObject with(QJsonObject data, const QJsonObject &changes)
-{
+    QJsonObject data {
+        { u"flightNumber"_s, u"VQ1983"_s },
+        { u"status"_s, u"Zamanında"_s },
+        { u"origin"_s, u"IST"_s },
+        { u"destination"_s, u"LHR"_s },
+        { u"scheduledDeparture"_s, u"11:20"_s },
+        { u"scheduledArrival"_s, u"14:05"_s },
+        { u"terminal"_s, u"1"_s },
+        { u"gate"_s, u"F3"_s },
+    };
     for (auto change = changes.begin(); change != changes.end(); ++change)
         data.insert(change.key(), change.value());
-    return data;
+    return ScriptedAnswer::content({ { u"flightData"_s, data } });
 }
 
 } // namespace
 
-/// The flight status sheet in the real window, on a scripted server.
-class FlightStatusSheetTest : public SheetTest
+/// The flight status sheet in the real window.
+class FlightStatusSheetTest : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void questionAsReceived();
-    void oneOfFourPanels();
-    void failureAfterAnAnswerStandsAboveTheCard();
-    void card_data();
-    void card();
-    void absentDetailsAreNotShown();
-    void longTextsKeepToTheirPlaces();
-    void keyboardAlone();
-    void assistiveTechnologyFindsEverything();
-    void aSheetThatClosedGetsNoAnswer();
-    void theWindowMayCloseDuringAQuery();
+    void init()
+    {
+        WindowTest::init();
+        m_answers.insert(statusTool, status());
+        QVERIFY(open());
+    }
+
+    void questionAsReceived()
+    {
+        const QDate today = QDate::currentDate();
+        // Typing replaces the example, Return asks.
+        m_window->type(u"\u00a0vqiıŞ 1 "_s);
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(questions().size(), 1);
+        const QJsonObject first { { u"flightNumber"_s, u"VQIIŞ 1"_s },
+                                  { u"flightDate"_s, today.toString(Qt::ISODate) } };
+        QCOMPARE(questions().constLast().arguments(), first);
+        QTRY_COMPARE(shownPanel(), cardName);
+
+        // The day before yesterday, and the button.
+        m_window->focus(u"statusDateField"_s);
+        m_window->key(Qt::Key_Left);
+        m_window->key(Qt::Key_Left);
+        m_window->click(m_window->named(u"statusQueryButton"_s));
+        QTRY_COMPARE(questions().size(), 2);
+        const QJsonObject second { { u"flightNumber"_s, u"VQIIŞ 1"_s },
+                                   { u"flightDate"_s, today.addDays(-2).toString(Qt::ISODate) } };
+        QCOMPARE(questions().constLast().arguments(), second);
+    }
+
+    void oneOfFourPanels()
+    {
+        QCOMPARE(shownPanel(), u"statusEmptyPanel"_s);
+        m_server->enqueue({ ScriptedAnswer::failure(u"olmadı"_s).held(), status().held(),
+                            status({ { u"status"_s, u"İndi"_s } }).held() });
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        QCOMPARE(shownPanel(), u"statusLoadingPanel"_s);
+        QCOMPARE(accessibleName(m_window->named(u"statusLoadingPanel"_s)),
+                 u"Vantora Hava Yolları MCP sunucusundan canlı durum çekiliyor..."_s);
+        m_server->release();
+        QTRY_COMPARE(shownPanel(), u"statusErrorPanel"_s);
+        QQuickItem *error = m_window->named(u"statusErrorPanel"_s);
+        QCOMPARE(m_window->textIn(error), u"Uçuş bilgisi alınamadı|olmadı"_s);
+        QCOMPARE(accessible(error)->role(), QAccessible::AlertMessage);
+        QVERIFY(accessibleName(error).contains(u"olmadı"));
+
+        // A new question takes the message away; while it runs the button cannot be pressed again.
+        QQuickItem *button = m_window->named(u"statusQueryButton"_s);
+        m_window->click(button);
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        QCOMPARE(shownPanel(), u"statusLoadingPanel"_s);
+        QVERIFY(!button->isEnabled());
+        m_window->click(button);
+        pressAccessibly(button);
+        m_server->release();
+        QTRY_COMPARE(shownPanel(), cardName);
+        QCOMPARE(questions().size(), 2);
+
+        // The card stays while the next question is under way.
+        m_window->click(button);
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        QCOMPARE(shownPanel(), cardName);
+        QVERIFY(cardText().contains(u"|Zamanında|"));
+        m_server->release();
+        QTRY_VERIFY(cardText().contains(u"|İndi|"));
+        QCOMPARE(shownPanel(), cardName);
+    }
+
+    void failureAfterAnAnswerStandsAboveTheCard()
+    {
+        m_server->enqueue({ status(), ScriptedAnswer::failure(u"<b>yok</b>"_s) });
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(shownPanel(), cardName);
+        QVERIFY(!m_window->named(u"statusInlineError"_s));
+
+        ConsoleCapture console;
+        m_window->key(Qt::Key_Return);
+        QTRY_VERIFY(m_window->named(u"statusInlineError"_s));
+        QQuickItem *line = m_window->named(u"statusInlineError"_s);
+        QCOMPARE(m_window->textIn(line), u"<b>yok</b>"_s);
+        QCOMPARE(accessible(line)->role(), QAccessible::AlertMessage);
+        QCOMPARE(shownPanel(), cardName);
+        QCOMPARE(console.text(), QString());
+
+        // Nor is an empty number lost on the user.
+        m_window->type(u" \u2028"_s);
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(m_window->textIn(line),
+                     u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s);
+        QCOMPARE(questions().size(), 2);
+        QCOMPARE(shownPanel(), cardName);
+    }
+
+    void card_data()
+    {
+        QTest::addColumn<QJsonObject>("changes");
+        QTest::addColumn<QColor>("colour");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("punctual, expected as scheduled")
+            << QJsonObject { { u"estimatedDeparture"_s, u"11:20"_s } }
+            << QColor::fromRgbF(0.06F, 0.72F, 0.51F)
+            << u"VQ1983|VANTORA|Zamanında|IST|IST|11:20|LHR|LHR|14:05|Terminal: 1|Kapı: F3"_s;
+        QTest::newRow("delayed and in the air")
+            << QJsonObject { { u"status"_s, u"In Flight, Delayed (45 min)"_s },
+                             { u"actualDeparture"_s, u"12:05"_s },
+                             { u"estimatedDeparture"_s, u"12:00"_s },
+                             { u"estimatedArrival"_s, u"14:50"_s },
+                             { u"baggage"_s, u"7"_s } }
+            << QColor::fromRgbF(0.91F, 0.1F, 0.2F)
+            << u"VQ1983|VANTORA|In Flight, Delayed (45 min)|IST|IST|11:20|Tahmini: 12:05|LHR|LHR|"
+               "14:05|Tahmini: 14:50|Terminal: 1|Kapı: F3|Bagaj: 7"_s;
+        QTest::newRow("in the air, without details")
+            << QJsonObject { { u"status"_s, u"HAVADA"_s },
+                             { u"terminal"_s, QString() },
+                             { u"gate"_s, QString() } }
+            << QColor::fromRgbF(0.23F, 0.51F, 0.96F)
+            << u"VQ1983|VANTORA|HAVADA|IST|IST|11:20|LHR|LHR|14:05"_s;
+    }
+    void card()
+    {
+        QFETCH(const QJsonObject, changes);
+        QFETCH(const QColor, colour);
+        QFETCH(const QString, text);
+        m_server->enqueue({ status(changes) });
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(shownPanel(), cardName);
+        QCOMPARE(cardText(), text);
+        QCOMPARE(m_window->named(u"statusBadge"_s)->property("color").value<QColor>(), colour);
+        QCOMPARE(m_window->named(u"statusDetails"_s) != nullptr, text.contains(u"Terminal"));
+        const QString name = accessibleName(m_window->named(cardName));
+        for (const QString &part : text.split(u'|').sliced(2))
+            QVERIFY2(name.contains(part), qPrintable(name + u" lacks "_s + part));
+    }
+
+    void longTextsKeepToTheirPlaces()
+    {
+        const QString text =
+            u"Afyonkarahisar-Kütahya Zafer Havalimanı, gecikme sebebiyle yönlendirildi "_s.repeated(
+                4);
+        QJsonObject data;
+        for (const QString &key :
+             { u"flightNumber"_s, u"status"_s, u"origin"_s, u"destination"_s,
+               u"scheduledDeparture"_s, u"actualDeparture"_s, u"scheduledArrival"_s,
+               u"estimatedArrival"_s, u"terminal"_s, u"gate"_s, u"baggage"_s })
+            data.insert(key, key + text);
+        m_server->enqueue({ status(data) });
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(shownPanel(), cardName);
+        m_window->layOut();
+
+        QQuickItem *card = m_window->named(cardName);
+        const QList<QQuickItem *> texts =
+            m_window->itemsIn(card, [](QQuickItem *item) { return item->inherits("QQuickText"); });
+        QVERIFY(texts.size() > 14);
+        const QRectF inside(0, 0, card->width(), card->height());
+        for (QQuickItem *item : texts) {
+            const QRectF place = item->mapRectToItem(card, item->boundingRect());
+            QVERIFY2(inside.contains(place), qPrintable(item->property("text").toString()));
+            for (QQuickItem *other : texts.first(texts.indexOf(item))) {
+                const QRectF common =
+                    place.intersected(other->mapRectToItem(card, other->boundingRect()));
+                QVERIFY2(common.width() < 1 || common.height() < 1,
+                         qPrintable(item->property("text").toString() + u" overlaps"_s));
+            }
+        }
+        QVERIFY(card->parentItem()->width() >= card->width());
+    }
+
+    void keyboardAlone()
+    {
+        close();
+        m_window->focus(u"cityGuideButton"_s);
+        m_window->focus(u"flightStatusButton"_s);
+        QQuickItem *header = m_window->focused();
+        m_window->key(Qt::Key_Space);
+        QTRY_VERIFY(m_window->isOpen(sheetName));
+        QCOMPARE(m_window->focused()->property("selectedText").toString(), u"VQ1983"_s);
+
+        // Tab goes round within the sheet and comes to every control once.
+        QStringList names;
+        for (int stop = 0; stop < 5; ++stop) {
+            names.append(m_window->focusedName().section(u':', 0, 0));
+            m_window->key(Qt::Key_Tab);
+        }
+        QCOMPARE(names.join(u'|'), u"Uçuş numarası|Uçuş günü|Sorgula|Kapat|Uçuş numarası"_s);
+
+        // Escape closes even while the button that was pressed is disabled.
+        m_server->enqueue({ status().held() });
+        m_window->key(Qt::Key_Tab);
+        QCOMPARE(m_window->focused(), m_window->named(u"statusQueryButton"_s));
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        close();
+        QCOMPARE(m_window->focused(), header);
+        QVERIFY(header->property("visualFocus").toBool());
+        QVERIFY(!m_window->viewModel()->isLoading());
+    }
+
+    void closesOnlyOnPurpose()
+    {
+        QCOMPARE(accessible(m_window->called(u"Canlı Uçuş Durumu Takibi"_s))->role(),
+                 QAccessible::Dialog);
+        // Neither a click beside it, nor what lies behind, nor the Escape of a panel in it.
+        QTest::mouseClick(m_window->window(), Qt::LeftButton, {}, QPoint(30, 600));
+        m_window->click(m_window->named(u"cityGuideButton"_s));
+        m_window->focus(u"statusDateField"_s);
+        m_window->key(Qt::Key_Space);
+        QTRY_VERIFY(m_window->called(u"Takvim"_s));
+        m_window->key(Qt::Key_Escape);
+        QTRY_VERIFY(!m_window->called(u"Takvim"_s));
+        QTRY_COMPARE(m_window->focused(), m_window->named(u"statusDateField"_s));
+        QVERIFY(m_window->isOpen(sheetName) && m_window->isGone(u"cityGuideSheet"_s));
+        close();
+    }
+
+    void aSheetThatClosedGetsNoAnswer()
+    {
+        m_server->enqueue({ status().held() });
+        m_window->type(u"VQ7"_s);
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        close();
+
+        QVERIFY(open());
+        m_server->release();
+        QVERIFY(settle(call()).value);
+        QCOMPARE(shownPanel(), u"statusEmptyPanel"_s);
+        m_window->key(Qt::Key_Return);
+        QTRY_COMPARE(shownPanel(), cardName);
+        QCOMPARE(questions().constLast().arguments().value("flightNumber"_L1).toString(),
+                 u"VQ1983"_s);
+    }
+
+    void theWindowMayCloseDuringAQuery()
+    {
+        m_answers = { { statusTool, status().held() }, { flightsTool, flightsAnswer(3).held() } };
+        const QPointer<FlightStatusViewModel> state =
+            m_window->stateOf<FlightStatusViewModel>(sheetName, "viewModel");
+        QVERIFY(state);
+        m_window->key(Qt::Key_Return);
+        m_window->viewModel()->startSearchAll();
+        QTRY_COMPARE(m_server->heldCount(), 2);
+        m_window.reset();
+        QVERIFY(!state);
+        m_server->release();
+        m_server->release();
+        QVERIFY(settle(call()).value);
+    }
 
 private:
     /// Opens the sheet by a click on its header button and waits until it stands still.
-    bool open(const SheetWindow &window) const
+    bool open() const
     {
-        window.click(window.named(u"flightStatusButton"_s));
-        return QTest::qWaitFor([&] { return window.isOpen(sheetName); });
+        m_window->click(m_window->named(u"flightStatusButton"_s));
+        return QTest::qWaitFor([this] { return m_window->isOpen(sheetName); });
     }
-    static QString shownPanel(const SheetWindow &window)
+    void close() const
+    {
+        m_window->key(Qt::Key_Escape);
+        QTRY_VERIFY(m_window->isGone(sheetName));
+    }
+    QString shownPanel() const
     {
         QStringList shown;
-        for (const QString &panel : panels) {
-            if (window.named(panel))
+        for (const QString &panel :
+             { cardName, u"statusLoadingPanel"_s, u"statusErrorPanel"_s, u"statusEmptyPanel"_s }) {
+            if (m_window->named(panel))
                 shown.append(panel);
         }
         return shown.join(u'+');
     }
-    QList<ReceivedRequest> questions() const
-    {
-        QList<ReceivedRequest> calls = m_server->toolCalls();
-        calls.removeIf([](const ReceivedRequest &call) { return call.tool() != u"flight-status"; });
-        return calls;
-    }
+    QString cardText() const { return m_window->textIn(m_window->named(cardName)); }
 };
-
-void FlightStatusSheetTest::questionAsReceived()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady());
-    const WarningCatcher catcher;
-    const QDate today = QDate::currentDate();
-    QVERIFY(open(window));
-
-    // Typing replaces the example, Return asks.
-    window.type(u" vq 1907 "_s);
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(questions().size(), 1);
-    const QJsonObject first { { u"flightNumber"_s, u"VQ 1907"_s },
-                              { u"flightDate"_s, today.toString(Qt::ISODate) } };
-    QCOMPARE(questions().constLast().arguments(), first);
-    QTRY_COMPARE(shownPanel(window), panels.at(0));
-
-    // The day before yesterday, and the button.
-    window.key(Qt::Key_Tab);
-    QCOMPARE(window.focused(), window.named(u"statusDateField"_s));
-    window.key(Qt::Key_Left);
-    window.key(Qt::Key_Left);
-    window.click(window.named(u"statusQueryButton"_s));
-    QTRY_COMPARE(questions().size(), 2);
-    const QJsonObject second { { u"flightNumber"_s, u"VQ 1907"_s },
-                               { u"flightDate"_s, today.addDays(-2).toString(Qt::ISODate) } };
-    QCOMPARE(questions().constLast().arguments(), second);
-    QCOMPARE(WarningCatcher::warnings().join(u"; "_s), QString());
-}
-
-void FlightStatusSheetTest::oneOfFourPanels()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    QCOMPARE(shownPanel(window), u"statusEmptyPanel"_s);
-
-    m_server->enqueue({ refusal(u"olmadı"_s).held(), status(punctual).held(),
-                        status(with(punctual, { { u"status"_s, u"İndi"_s } })).held() });
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    QCOMPARE(shownPanel(window), u"statusLoadingPanel"_s);
-    m_server->release();
-    QTRY_COMPARE(shownPanel(window), u"statusErrorPanel"_s);
-    const QStringList error = window.textsIn(window.named(u"statusErrorPanel"_s));
-    QCOMPARE(error, QStringList({ u"Uçuş bilgisi alınamadı"_s, u"olmadı"_s }));
-
-    // A new question takes the message away; while it runs the button cannot be pressed again.
-    QQuickItem *button = window.named(u"statusQueryButton"_s);
-    window.click(button);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    QCOMPARE(shownPanel(window), u"statusLoadingPanel"_s);
-    QVERIFY(!button->isEnabled());
-    window.click(button);
-    pressAccessibly(button);
-    m_server->release();
-    QTRY_COMPARE(shownPanel(window), u"statusResultCard"_s);
-    QCOMPARE(questions().size(), 2);
-
-    // The card stays while the next question is under way.
-    window.click(button);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    QCOMPARE(shownPanel(window), u"statusResultCard"_s);
-    QVERIFY(window.textsIn(window.named(panels.at(0))).contains(u"Zamanında"_s));
-    m_server->release();
-    QTRY_VERIFY(window.textsIn(window.named(panels.at(0))).contains(u"İndi"_s));
-    QCOMPARE(shownPanel(window), u"statusResultCard"_s);
-}
-
-void FlightStatusSheetTest::failureAfterAnAnswerStandsAboveTheCard()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    m_server->enqueue({ status(punctual), refusal(u"<b>yok</b>"_s) });
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(shownPanel(window), u"statusResultCard"_s);
-    QVERIFY(!window.named(u"statusInlineError"_s));
-
-    window.key(Qt::Key_Return);
-    QTRY_VERIFY(window.named(u"statusInlineError"_s));
-    QQuickItem *line = window.named(u"statusInlineError"_s);
-    QCOMPARE(window.textsIn(line), QStringList { u"<b>yok</b>"_s });
-    QCOMPARE(accessible(line)->role(), QAccessible::AlertMessage);
-    QCOMPARE(shownPanel(window), u"statusResultCard"_s);
-
-    // Nor is an empty number lost on the user.
-    window.key(Qt::Key_Backspace);
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(window.textsIn(line),
-                 QStringList { u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s });
-    QCOMPARE(questions().size(), 2);
-    QCOMPARE(shownPanel(window), u"statusResultCard"_s);
-}
-
-void FlightStatusSheetTest::card_data()
-{
-    QTest::addColumn<QJsonObject>("data");
-    QTest::addColumn<QColor>("colour");
-    QTest::addColumn<QStringList>("texts");
-    const QColor red = QColor::fromRgbF(0.91F, 0.1F, 0.2F);
-    const QColor blue = QColor::fromRgbF(0.23F, 0.51F, 0.96F);
-    const QColor green = QColor::fromRgbF(0.06F, 0.72F, 0.51F);
-    const QString vantora = u"VANTORA"_s;
-
-    QTest::newRow("punctual, expected as scheduled")
-        << with(punctual, { { u"estimatedDeparture"_s, u"11:20"_s } }) << green
-        << QStringList { u"VQ1983"_s, vantora,          u"Zamanında"_s, u"IST"_s,
-                         u"IST"_s,    u"11:20"_s,       u"LHR"_s,       u"LHR"_s,
-                         u"14:05"_s,  u"Terminal: 1"_s, u"Kapı: F3"_s };
-    QTest::newRow("delayed and in the air")
-        << with(punctual,
-                { { u"status"_s, u"In Flight, Delayed (45 min)"_s },
-                  { u"actualDeparture"_s, u"12:05"_s },
-                  { u"estimatedDeparture"_s, u"12:00"_s },
-                  { u"estimatedArrival"_s, u"14:50"_s },
-                  { u"baggage"_s, u"7"_s } })
-        << red
-        << QStringList { u"VQ1983"_s,
-                         vantora,
-                         u"In Flight, Delayed (45 min)"_s,
-                         u"IST"_s,
-                         u"IST"_s,
-                         u"11:20"_s,
-                         u"Tahmini: 12:05"_s,
-                         u"LHR"_s,
-                         u"LHR"_s,
-                         u"14:05"_s,
-                         u"Tahmini: 14:50"_s,
-                         u"Terminal: 1"_s,
-                         u"Kapı: F3"_s,
-                         u"Bagaj: 7"_s };
-    QTest::newRow("in the air") << with(
-        punctual,
-        { { u"status"_s, u"HAVADA"_s }, { u"terminal"_s, QString() }, { u"gate"_s, QString() } })
-                                << blue << QStringList { u"VQ1983"_s, vantora,  u"HAVADA"_s,
-                                                         u"IST"_s,    u"IST"_s, u"11:20"_s,
-                                                         u"LHR"_s,    u"LHR"_s, u"14:05"_s };
-}
-
-void FlightStatusSheetTest::card()
-{
-    QFETCH(const QJsonObject, data);
-    QFETCH(const QColor, colour);
-    QFETCH(const QStringList, texts);
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    m_server->enqueue({ status(data) });
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(shownPanel(window), u"statusResultCard"_s);
-
-    QQuickItem *card = window.named(u"statusResultCard"_s);
-    QCOMPARE(window.textsIn(card), texts);
-    QCOMPARE(window.named(u"statusBadge"_s)->property("color").value<QColor>(), colour);
-    const QString name = accessible(card)->text(QAccessible::Name);
-    for (const QString &text : texts.mid(2))
-        QVERIFY2(name.contains(text), qPrintable(name + u" lacks "_s + text));
-}
-
-void FlightStatusSheetTest::absentDetailsAreNotShown()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    m_server->enqueue({ status(punctual) });
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(shownPanel(window), u"statusResultCard"_s);
-    window.settle();
-
-    FlightStatusResult bare;
-    bare.flightNumber = u"VQ1"_s;
-    bare.status = u"Zamanında"_s;
-    bare.scheduledDeparture = u"08:00"_s;
-    bare.scheduledArrival = u"09:00"_s;
-    QQuickItem *card = window.named(u"statusResultCard"_s);
-    const qreal before = card->implicitHeight();
-    QVERIFY(card->setProperty("result", QVariant::fromValue(bare)));
-    window.settle();
-    QVERIFY(card->implicitHeight() < before);
-    QVERIFY(!window.named(u"statusDetails"_s));
-    QVERIFY(window.textsIn(card).filter(u":"_s) == QStringList({ u"08:00"_s, u"09:00"_s }));
-}
-
-void FlightStatusSheetTest::longTextsKeepToTheirPlaces()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    const QString text =
-        u"Afyonkarahisar-Kütahya Zafer Havalimanı, gecikme sebebiyle yönlendirildi "_s.repeated(4);
-    QJsonObject data;
-    for (const QString &key :
-         { u"flightNumber"_s, u"status"_s, u"origin"_s, u"destination"_s, u"scheduledDeparture"_s,
-           u"actualDeparture"_s, u"scheduledArrival"_s, u"estimatedArrival"_s, u"terminal"_s,
-           u"gate"_s, u"baggage"_s })
-        data.insert(key, key + text);
-    m_server->enqueue({ status(data) });
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(shownPanel(window), u"statusResultCard"_s);
-    window.settle();
-
-    QQuickItem *card = window.named(u"statusResultCard"_s);
-    QList<QRectF> places;
-    window.visit(card, [&](QQuickItem *item) {
-        if (item->inherits("QQuickText"))
-            places.append(item->mapRectToItem(card, item->boundingRect()));
-    });
-    QVERIFY(places.size() > 14);
-    const QRectF inside(0, 0, card->width(), card->height());
-    for (qsizetype i = 0; i < places.size(); ++i) {
-        QVERIFY2(inside.contains(places.at(i)), qPrintable(QString::number(i)));
-        for (qsizetype j = 0; j < i; ++j) {
-            const QRectF common = places.at(i).intersected(places.at(j));
-            QVERIFY2(common.width() < 1 || common.height() < 1,
-                     qPrintable(u"%1 and %2 overlap"_s.arg(i).arg(j)));
-        }
-    }
-    QVERIFY(card->parentItem()->width() >= card->width());
-}
-
-void FlightStatusSheetTest::keyboardAlone()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady());
-    QQuickItem *header = window.named(u"flightStatusButton"_s);
-    header->forceActiveFocus(Qt::TabFocusReason);
-    window.key(Qt::Key_Space);
-    QTRY_VERIFY(window.isOpen(sheetName));
-    QQuickItem *field = window.focused();
-    QCOMPARE(field->property("selectedText").toString(), u"VQ1983"_s);
-
-    // Tab goes round within the sheet and comes to every control once.
-    QStringList names;
-    do {
-        names.append(accessible(window.focused())->text(QAccessible::Name));
-        window.key(Qt::Key_Tab);
-    } while (window.focused() != field && names.size() < 10);
-    QCOMPARE(names.size(), 4);
-    QCOMPARE(names.filter(u"Uçuş"_s).size(), 2);
-    QVERIFY(names.contains(u"Sorgula"_s) && names.contains(u"Kapat"_s));
-
-    // Escape closes even while the button that was pressed is disabled.
-    m_server->enqueue({ status(punctual).held() });
-    window.key(Qt::Key_Tab);
-    window.key(Qt::Key_Tab);
-    QCOMPARE(window.focused(), window.named(u"statusQueryButton"_s));
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    window.key(Qt::Key_Escape);
-    QTRY_VERIFY(window.isGone(sheetName));
-    QCOMPARE(window.focused(), header);
-    QVERIFY(header->property("visualFocus").toBool());
-    QVERIFY(!window.viewModel()->isLoading());
-}
-
-void FlightStatusSheetTest::assistiveTechnologyFindsEverything()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady());
-    pressAccessibly(window.named(u"flightStatusButton"_s));
-    QTRY_VERIFY(window.isOpen(sheetName));
-    QQuickItem *content = window.itemsOfType("FlightStatusQuery").constFirst();
-    QCOMPARE(accessibilityFaults(content), QStringList());
-
-    m_server->enqueue({ refusal(u"olmadı"_s).held() });
-    pressAccessibly(window.named(u"statusQueryButton"_s));
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    QAccessibleInterface *loading = accessible(window.named(u"statusLoadingPanel"_s));
-    QCOMPARE(loading->text(QAccessible::Name),
-             u"Vantora Hava Yolları MCP sunucusundan canlı durum çekiliyor..."_s);
-    m_server->release();
-    QTRY_VERIFY(window.named(u"statusErrorPanel"_s));
-    QAccessibleInterface *error = accessible(window.named(u"statusErrorPanel"_s));
-    QCOMPARE(error->role(), QAccessible::AlertMessage);
-    QVERIFY(error->text(QAccessible::Name).contains(u"olmadı"));
-}
-
-void FlightStatusSheetTest::aSheetThatClosedGetsNoAnswer()
-{
-    const SheetWindow window(*m_server);
-    QVERIFY(window.isReady() && open(window));
-    m_server->enqueue({ status(punctual).held() });
-    window.type(u"VQ7"_s);
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(m_server->heldCount(), 1);
-    window.key(Qt::Key_Escape);
-    QTRY_VERIFY(window.isGone(sheetName));
-
-    QVERIFY(open(window));
-    m_server->release();
-    QVERIFY(settle(VTRMCPClient::shared().fetchPromotions()).value);
-    QCOMPARE(shownPanel(window), u"statusEmptyPanel"_s);
-    window.key(Qt::Key_Return);
-    QTRY_COMPARE(questions().size(), 2);
-    QCOMPARE(questions().constLast().arguments().value("flightNumber"_L1).toString(), u"VQ1983"_s);
-}
-
-void FlightStatusSheetTest::theWindowMayCloseDuringAQuery()
-{
-    VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
-    QPointer<FlightStatusViewModel> state;
-    {
-        QQmlApplicationEngine engine;
-        QVERIFY(loadMainWindow(engine, u"Test"_s));
-        auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-        QObject *view = mainView(window);
-        QVERIFY(view && view->setProperty("showFlightStatusSheet", true));
-        state = stateOf<FlightStatusViewModel>(window, sheetName, "viewModel");
-        QVERIFY(state);
-        m_server->onToolCall = [](const ReceivedRequest &) {
-            return ScriptedAnswer::content().held();
-        };
-        state->startSearchStatus();
-        // The question, and the two of the window's first search.
-        QTRY_COMPARE(m_server->heldCount(), 3);
-    }
-    QVERIFY(!state);
-    for (int i = 0; i < 3; ++i)
-        m_server->release();
-    serve(*m_server, {});
-    QVERIFY(settle(VTRMCPClient::shared().fetchPromotions()).value);
-    VTRMCPClientTestAccess::destroyShared();
-}
 
 QTEST_MAIN(FlightStatusSheetTest)
 #include "FlightStatusSheetTest.moc"

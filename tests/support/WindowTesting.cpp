@@ -1,0 +1,193 @@
+#include "support/WindowTesting.h"
+
+#include "App/Application.h"
+
+#include <QFont>
+#include <QJsonArray>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+QString accessibleName(QQuickItem *item)
+{
+    QAccessibleInterface *node = accessible(item);
+    return node ? node->text(QAccessible::Name) : QString();
+}
+
+void pressAccessibly(QQuickItem *item)
+{
+    accessible(item)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+}
+
+TestWindow::TestWindow()
+{
+    if (loadMainWindow(m_engine, u"Test"_s))
+        activate();
+    // High enough for the day tiles, which are clicked.
+    m_window->resize(1280, 1200);
+}
+
+TestWindow::TestWindow(const QByteArray &controls)
+{
+    m_engine.addImportPath(u"qrc:/qt/qml"_s);
+    m_engine.loadData("import QtQuick\nimport QtQuick.Controls.Basic\nimport Vantora\n"
+                      "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
+                      + controls + "}");
+    activate();
+}
+
+void TestWindow::activate()
+{
+    m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+    if (!m_window)
+        qFatal("There is no window.");
+    m_window->requestActivate();
+    m_isReady = QTest::qWaitForWindowActive(m_window);
+}
+
+FlightSearchViewModel *TestWindow::viewModel() const
+{
+    return state("viewModel").value<FlightSearchViewModel *>();
+}
+
+bool TestWindow::waitForSearch() const
+{
+    return QTest::qWaitFor([this] {
+        return viewModel()->hasSearched() && !viewModel()->isLoading()
+            && !viewModel()->isSearchingFlightsOnly();
+    });
+}
+
+QList<QQuickItem *> TestWindow::itemsIn(QQuickItem *root, const Condition &isWanted)
+{
+    QList<QQuickItem *> found;
+    if (!root->isVisible())
+        return found;
+    if (isWanted(root))
+        found.append(root);
+    const auto children = root->childItems();
+    for (QQuickItem *child : children)
+        found += itemsIn(child, isWanted);
+    return found;
+}
+
+QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
+{
+    // QML types are named after their file and a number.
+    return itemsIn(m_window->contentItem(), [&type](QQuickItem *item) {
+        return QByteArray(item->metaObject()->className()).startsWith(type + "_QMLTYPE");
+    });
+}
+
+QQuickItem *TestWindow::named(const QString &objectName) const
+{
+    return itemsIn(m_window->contentItem(),
+                   [&objectName](QQuickItem *item) { return item->objectName() == objectName; })
+        .value(0);
+}
+
+QQuickItem *TestWindow::called(const QString &name) const
+{
+    return itemsIn(m_window->contentItem(),
+                   [&name](QQuickItem *item) { return accessibleName(item) == name; })
+        .value(0);
+}
+
+QString TestWindow::textIn(QQuickItem *root)
+{
+    QStringList texts;
+    itemsIn(root, [&texts](QQuickItem *item) {
+        const bool isSymbol = item->property("font").value<QFont>().family().contains(u"Icons");
+        if (item->inherits("QQuickText") && !isSymbol)
+            texts.append(item->property("text").toString());
+        return false;
+    });
+    return texts.join(u'|');
+}
+
+void TestWindow::focus(const QString &objectName) const
+{
+    QQuickItem *wanted = named(objectName);
+    QVERIFY2(wanted, qPrintable(objectName));
+    wanted->forceActiveFocus(Qt::TabFocusReason);
+}
+
+void TestWindow::key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_window, key, modifiers);
+}
+
+void TestWindow::type(const QString &text) const
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, character, Qt::NoModifier);
+}
+
+void TestWindow::click(QQuickItem *item) const
+{
+    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+}
+
+bool TestWindow::isOpen(const QString &sheetName) const
+{
+    return sheet(sheetName)->property("opened").toBool();
+}
+
+bool TestWindow::isGone(const QString &sheetName) const
+{
+    return !sheet(sheetName)->property("visible").toBool();
+}
+
+void prepareWindows()
+{
+    QAccessible::setActive(true);
+    prepareApplication();
+}
+
+void WindowTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(u"."_s));
+    ClientTest::init();
+    m_answers = { { calendarTool, calendarAnswer() }, { flightsTool, flightsAnswer(3) } };
+    m_server->onToolCall = [this](const ReceivedRequest &request) {
+        return m_answers.value(request.tool(), ScriptedAnswer::content());
+    };
+    m_window = std::make_unique<TestWindow>();
+    QVERIFY(m_window->isReady() && m_window->waitForSearch());
+}
+
+void WindowTest::cleanup()
+{
+    m_window.reset();
+    ClientTest::cleanup();
+}
+
+ScriptedAnswer calendarAnswer()
+{
+    QJsonArray days;
+    for (int i = 0; i < 14; ++i) {
+        const QString date = QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate);
+        days.append(QJsonObject {
+            { u"date"_s, date }, { u"amount"_s, 4000 + 100 * i }, { u"isBestPrice"_s, i == 0 } });
+    }
+    const QJsonObject best { { u"date"_s, u"2026-12-01"_s }, { u"amount"_s, 4000 } };
+    return ScriptedAnswer::content({ { u"prices"_s, days }, { u"bestPrice"_s, best } });
+}
+
+ScriptedAnswer flightsAnswer(int count, int segments)
+{
+    QJsonArray options;
+    for (int i = 0; i < count; ++i) {
+        const QJsonObject segment { { u"flightNumber"_s, u"VQ%1"_s.arg(100 + i) } };
+        QJsonArray list;
+        for (int s = 0; s < segments; ++s)
+            list.append(segment);
+        options.append(QJsonObject { { u"flightSegments"_s, list },
+                                     { u"cheapestPriceAmount"_s, 4000 + i },
+                                     { u"journeyDuration"_s, 60'000 * (20'000 - i) } });
+    }
+    const QJsonObject information { { u"originDestinationOptions"_s, options } };
+    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
+    return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
+}
