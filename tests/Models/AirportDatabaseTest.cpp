@@ -18,10 +18,8 @@ private Q_SLOTS:
             codes.insert(airport.code);
             if (airport.hub)
                 hubs.append(airport.code);
-            QVERIFY(airport.code.size() == 3 && airport.code == airport.code.toUpper());
-            QVERIFY(!airport.city.isEmpty() && !airport.name.isEmpty());
+            QVERIFY(airport.code.size() == 3 && !airport.city.isEmpty() && !airport.name.isEmpty());
         }
-        QCOMPARE(AirportDatabase::allAirports().size(), 121);
         QCOMPARE(codes.size(), 121);
         QCOMPARE(hubs, QStringList({ u"IST"_s, u"SAW"_s }));
     }

@@ -81,8 +81,8 @@ QStringList differences(const QJsonValue &actual, const QJsonValue &expected, co
 
 } // namespace
 
-/// The five tools: their arguments as the server receives them, and their lenient readers on
-/// replies from data files.
+/// The tools: arguments that no view asks for, as the server receives them, and the lenient readers
+/// on replies from data files.
 class ToolsTest : public ClientTest
 {
     Q_OBJECT
@@ -91,47 +91,22 @@ private Q_SLOTS:
     void arguments()
     {
         VTRMCPClient &client = VTRMCPClient::shared();
-        const QString calendar = u"find_flight_price_calendar"_s;
-        expect(client.fetchPriceCalendar(u"ist"_s, u"lhr"_s, u"2026-3-1"_s, TripType::oneWay,
-                                         TimeRange::oneWeek, CabinClass::business),
-               calendar, R"({ "originAirportCode": "IST", "destinationAirportCode": "LHR",
-                "departureDate": "2026-3-1", "tripType": "ONE_WAY", "timeRange": "1_WEEK",
-                "cabinClass": "BUSINESS", "isReturnFlight": false, "stayDuration": 14 })");
-        expect(client.fetchPriceCalendar(u" iı"_s, QString(), u"2026-03-01"_s, TripType::roundTrip,
+        expect(client.fetchPriceCalendar(u" iı"_s, QString(), u"2026-3-1"_s, TripType::oneWay,
                                          TimeRange::fourWeeks, CabinClass::economy),
-               calendar, R"({ "originAirportCode": " II", "destinationAirportCode": "",
-                "departureDate": "2026-03-01", "tripType": "ROUND_TRIP", "timeRange": "4_WEEKS",
+               u"find_flight_price_calendar"_s,
+               R"({ "originAirportCode": " II", "destinationAirportCode": "",
+                "departureDate": "2026-3-1", "tripType": "ONE_WAY", "timeRange": "4_WEEKS",
                 "cabinClass": "ECONOMY", "isReturnFlight": false, "stayDuration": 14 })");
-
-        const auto search = [&client](std::optional<QString> returnDate, TripType tripType,
-                                      int count) {
-            return client.searchFlights(u"ist"_s, u"Lhr"_s, u"2026-03-01"_s, returnDate, tripType,
-                                        count);
-        };
-        const QString flights = u"search_flights"_s;
-        expect(
-            search(std::nullopt, TripType::oneWay, 1), flights,
-            R"({ "from": "IST", "to": "LHR", "departureDate": "2026-03-01", "tripType": "one_way",
-                "passengers": [{ "passengerType": "ADT", "quantity": 1 }] })");
-        expect(search(u"2026-03-08"_s, TripType::roundTrip, 9), flights,
-               R"({ "from": "IST", "to": "LHR", "departureDate": "2026-03-01", "tripType": "round",
-                "returnDate": "2026-03-08",
-                "passengers": [{ "passengerType": "ADT", "quantity": 9 }] })");
         // A return date makes the trip round, but only a round trip sends it.
-        expect(search(u"2026-03-08"_s, TripType::oneWay, 0), flights,
+        expect(client.searchFlights(u"ist"_s, u"Lhr"_s, u"2026-03-01"_s, u"2026-03-08"_s,
+                                    TripType::oneWay, 0),
+               u"search_flights"_s,
                R"({ "from": "IST", "to": "LHR", "departureDate": "2026-03-01", "tripType": "round",
                 "passengers": [{ "passengerType": "ADT", "quantity": 0 }] })");
-
-        const QString status = u"flight-status"_s;
-        expect(client.checkFlightStatus(u"  vq 1983 \n"_s, QString()), status,
+        expect(client.checkFlightStatus(u"  vq 1983 \n"_s, QString()), u"flight-status"_s,
                R"({ "flightNumber": "VQ 1983" })");
-        expect(client.checkFlightStatus(u"1983"_s, u"2026-03-01"_s), status,
-               R"({ "flightNumber": "1983", "flightDate": "2026-03-01" })");
-        expect(client.fetchPromotions(), u"get_airline_promotions"_s,
-               R"({ "departureAirportCode": "IST", "countryCode": "TR" })");
         expect(client.fetchPromotions(u"esb"_s, u"tr"_s), u"get_airline_promotions"_s,
                R"({ "departureAirportCode": "ESB", "countryCode": "TR" })");
-        expect(client.fetchCityGuide(u"fco"_s), u"get_city_guide"_s, R"({ "cityCode": "FCO" })");
     }
 
     void replies_data()

@@ -144,32 +144,6 @@ private Q_SLOTS:
         QCOMPARE(m_model->highestPrice(), 101.0);
     }
 
-    void arguments()
-    {
-        QCOMPARE(m_model->returnDate(), now.addDays(21));
-        m_model->setPassengers(3);
-        m_model->setTimeRange(TimeRange::fourWeeks);
-        m_model->setCabinClass(CabinClass::business);
-        for (const TripType tripType : { TripType::oneWay, TripType::roundTrip }) {
-            const bool isRound = tripType == TripType::roundTrip;
-            m_model->setTripType(tripType);
-            search();
-            const QJsonObject asked = lastArguments(flightsTool);
-            QCOMPARE(asked.value("from"_L1), u"IST"_s);
-            QCOMPARE(asked.value("to"_L1), u"LHR"_s);
-            QCOMPARE(asked.value("departureDate"_L1), u"2026-03-06"_s);
-            QCOMPARE(asked.value("tripType"_L1), isRound ? u"round"_s : u"one_way"_s);
-            QCOMPARE(asked.value("returnDate"_L1).toString(),
-                     isRound ? u"2026-03-13"_s : QString());
-            QCOMPARE(asked.value("passengers"_L1)[0]["quantity"_L1].toInt(), 3);
-            const QJsonObject calendarAsked = lastArguments(calendarTool);
-            QCOMPARE(calendarAsked.value("departureDate"_L1), u"2026-03-06"_s);
-            QCOMPARE(calendarAsked.value("timeRange"_L1), u"4_WEEKS"_s);
-            QCOMPARE(calendarAsked.value("cabinClass"_L1), u"BUSINESS"_s);
-            QCOMPARE(calendarAsked.value("tripType"_L1), SearchOptions::rawValue(tripType));
-        }
-    }
-
     void failures_data()
     {
         QTest::addColumn<QString>("banner");
@@ -256,20 +230,6 @@ private Q_SLOTS:
         QCOMPARE(numbers(m_model->filteredFlights()), shown);
         QCOMPARE(numbers(m_model->flights()), u"1234"_s);
         QVERIFY(resets.isEmpty()); // rows move instead
-    }
-
-    void theObjectMayGoDuringASearch()
-    {
-        ConsoleCapture console;
-        m_calendar = [] { return calendar({}).held(); };
-        m_flights = [] { return failure().held(); };
-        m_model->startSearchAll();
-        m_model->startSelectCalendarDate(u"2026-03-09"_s);
-        QTRY_COMPARE(m_server->heldCount(), 3);
-        m_model.reset();
-        while (m_server->heldCount() > 0)
-            m_server->release();
-        QTRY_COMPARE(console.text(), u"Flights search error: %1 dolu\n"_s);
     }
 
 private:

@@ -66,15 +66,10 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(reply->isFinished(), 10'000);
         QCOMPARE(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 405);
 
-#ifdef Q_OS_UNIX
         process.terminate();
         QVERIFY(process.waitForFinished(20'000));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 0);
-#else
-        process.kill();
-        process.waitForFinished(20'000);
-#endif
     }
 
 private:

@@ -223,9 +223,9 @@ void ScriptedServer::answerLastRequest(QTcpSocket *socket)
         sendPieces(socket, piecesOf(answer), answer);
 }
 
-void ScriptedServer::release(int position)
+void ScriptedServer::release()
 {
-    const auto [socket, answer] = m_held.takeAt(position);
+    const auto [socket, answer] = m_held.takeFirst();
     sendPieces(socket, piecesOf(answer), answer);
 }
 

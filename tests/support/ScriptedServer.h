@@ -90,8 +90,8 @@ public:
     QList<ReceivedRequest> initializations() const { return withMethod(u"initialize"); }
     QList<ReceivedRequest> toolCalls() const { return withMethod(u"tools/call"); }
     int heldCount() const { return static_cast<int>(m_held.size()); }
-    /// Sends the held answer at this position, counted from the oldest one.
-    void release(int position = 0);
+    /// Sends the oldest of the answers that are held.
+    void release();
 
     /// Stops listening and drops every connection.
     void close();

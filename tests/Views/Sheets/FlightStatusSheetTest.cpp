@@ -271,17 +271,20 @@ private Q_SLOTS:
 
     void theWindowMayCloseDuringAQuery()
     {
-        m_answers = { { statusTool, status().held() }, { flightsTool, flightsAnswer(3).held() } };
+        m_answers = { { statusTool, status().held() },
+                      { calendarTool, calendarAnswer().held() },
+                      { flightsTool, ScriptedAnswer::failure(u"olmadı"_s).held() } };
         const QPointer<FlightStatusViewModel> state =
             m_window->stateOf<FlightStatusViewModel>(sheetName, "viewModel");
         QVERIFY(state);
         m_window->key(Qt::Key_Return);
         m_window->viewModel()->startSearchAll();
-        QTRY_COMPARE(m_server->heldCount(), 2);
+        m_window->viewModel()->startSelectCalendarDate(u"2026-12-03"_s);
+        QTRY_COMPARE(m_server->heldCount(), 4);
         m_window.reset();
         QVERIFY(!state);
-        m_server->release();
-        m_server->release();
+        while (m_server->heldCount() > 0)
+            m_server->release();
         QVERIFY(settle(call()).value);
     }
 
