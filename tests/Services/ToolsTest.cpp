@@ -5,6 +5,7 @@
 #include "Services/PromotionsTool.h"
 #include "Services/ServiceAddresses.h"
 #include "support/ClientTesting.h"
+#include "support/ToolAnswers.h"
 
 #include <QDir>
 #include <QFile>
@@ -93,19 +94,19 @@ private Q_SLOTS:
         VTRMCPClient &client = VTRMCPClient::shared();
         expect(client.fetchPriceCalendar(u" iı"_s, QString(), u"2026-3-1"_s, TripType::oneWay,
                                          TimeRange::fourWeeks, CabinClass::economy),
-               u"find_flight_price_calendar"_s,
+               calendarTool,
                R"({ "originAirportCode": " II", "destinationAirportCode": "",
                 "departureDate": "2026-3-1", "tripType": "ONE_WAY", "timeRange": "4_WEEKS",
                 "cabinClass": "ECONOMY", "isReturnFlight": false, "stayDuration": 14 })");
         // A return date makes the trip round, but only a round trip sends it.
         expect(client.searchFlights(u"ist"_s, u"Lhr"_s, u"2026-03-01"_s, u"2026-03-08"_s,
                                     TripType::oneWay, 0),
-               u"search_flights"_s,
+               flightsTool,
                R"({ "from": "IST", "to": "LHR", "departureDate": "2026-03-01", "tripType": "round",
                 "passengers": [{ "passengerType": "ADT", "quantity": 0 }] })");
-        expect(client.checkFlightStatus(u"  vq 1983 \n"_s, QString()), u"flight-status"_s,
+        expect(client.checkFlightStatus(u"  vq 1983 \n"_s, QString()), statusTool,
                R"({ "flightNumber": "VQ 1983" })");
-        expect(client.fetchPromotions(u"esb"_s, u"tr"_s), u"get_airline_promotions"_s,
+        expect(client.fetchPromotions(u"esb"_s, u"tr"_s), promotionsTool,
                R"({ "departureAirportCode": "ESB", "countryCode": "TR" })");
     }
 

@@ -1,8 +1,8 @@
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
 #include "support/ConsoleCapture.h"
+#include "support/ToolAnswers.h"
 
-#include <QJsonArray>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -10,46 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QDateTime now(QDate(2026, 2, 20), QTime(23, 30));
-const QString calendarTool = u"find_flight_price_calendar"_s;
-const QString flightsTool = u"search_flights"_s;
-
 ScriptedAnswer failure() { return ScriptedAnswer::failure(u"%1 dolu"_s); }
-
-ScriptedAnswer calendar(const QStringList &days, const QString &currency = u"EUR"_s)
-{
-    QJsonArray prices;
-    for (const QString &day : days)
-        prices.append(QJsonObject { { u"date"_s, day }, { u"amount"_s, 100 + prices.size() } });
-    const QJsonObject best { { u"date"_s, days.value(0) }, { u"amount"_s, 100 } };
-    return ScriptedAnswer::content(
-        { { u"prices"_s, prices }, { u"bestPrice"_s, best }, { u"currency"_s, currency } });
-}
-
-struct Offer
-{
-    QString number;
-    double price = 1;
-    QString departure = u"2026-03-06T10:00"_s;
-    int minutes = 60;
-    int segments = 1;
-};
-
-ScriptedAnswer flights(const QList<Offer> &offers)
-{
-    QJsonArray options;
-    for (const auto &[number, price, departure, minutes, count] : offers) {
-        QJsonArray segments;
-        for (int index = 0; index < count; ++index)
-            segments.append(QJsonObject { { u"flightNumber"_s, number },
-                                          { u"departureDateTime"_s, departure } });
-        options.append(QJsonObject { { u"flightSegments"_s, segments },
-                                     { u"journeyDuration"_s, minutes * 60'000 },
-                                     { u"cheapestPriceAmount"_s, price } });
-    }
-    const QJsonObject information { { u"originDestinationOptions"_s, options } };
-    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
-    return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
-}
 
 const QList<Offer> fourFlights {
     { u"1"_s, 300, u"2026-03-06T10:00"_s, 240 },
@@ -76,8 +37,8 @@ private Q_SLOTS:
     void init()
     {
         ClientTest::init();
-        m_calendar = [] { return calendar({ u"2026-03-06"_s, u"2026-03-07"_s }); };
-        m_flights = [] { return flights(fourFlights); };
+        m_calendar = [] { return calendarAnswer({ u"2026-03-06"_s, u"2026-03-07"_s }, u"EUR"_s); };
+        m_flights = [] { return flightsAnswer(fourFlights); };
         m_server->onToolCall = [this](const ReceivedRequest &request) {
             return request.tool() == calendarTool ? m_calendar() : m_flights();
         };
@@ -132,7 +93,7 @@ private Q_SLOTS:
             });
         }
 
-        m_flights = [] { return flights(fourFlights).held(); };
+        m_flights = [] { return flightsAnswer(fourFlights).held(); };
         m_model->startSearchAll();
         QCOMPARE(log, QStringList({ u"isLoading"_s, u"hasSearched"_s }));
         QTRY_COMPARE(m_server->heldCount(), 1);
@@ -141,7 +102,7 @@ private Q_SLOTS:
         QVERIFY(m_model->isLoading());
         m_server->release();
         QTRY_COMPARE(log.mid(5), QStringList({ u"filteredFlights"_s, u"isLoading"_s }));
-        QCOMPARE(m_model->highestPrice(), 101.0);
+        QCOMPARE(m_model->highestPrice(), 4100.0);
     }
 
     void failures_data()
@@ -164,9 +125,12 @@ private Q_SLOTS:
         const QByteArray failing = QTest::currentDataTag();
         search();
         m_calendar = [=] {
-            return failing == "calendar" ? failure() : calendar({ u"2026-04-01"_s }, u"USD"_s);
+            return failing == "calendar" ? failure()
+                                         : calendarAnswer({ u"2026-04-01"_s }, u"USD"_s);
         };
-        m_flights = [=] { return failing == "calendar" ? flights({ { u"9"_s } }) : failure(); };
+        m_flights = [=] {
+            return failing == "calendar" ? flightsAnswer({ { u"9"_s } }) : failure();
+        };
         ConsoleCapture capture;
         if (failing == "day")
             m_model->startSelectCalendarDate(u"%2"_s);
@@ -184,7 +148,7 @@ private Q_SLOTS:
         const QDateTime departure = m_model->departureDate();
         m_model->setTripType(TripType::roundTrip);
         m_model->setPassengers(3);
-        m_flights = [] { return flights({ { u"7"_s } }).held(); };
+        m_flights = [] { return flightsAnswer({ { u"7"_s } }).held(); };
         for (const QString &day : { u"2026-13-45"_s, u"2026-03-09"_s }) {
             m_model->startSelectCalendarDate(day);
             QCOMPARE(m_model->selectedDate(), day);

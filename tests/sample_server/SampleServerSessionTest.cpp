@@ -12,24 +12,8 @@ namespace {
 
 constexpr auto ping = R"({"jsonrpc":"2.0","id":5,"method":"ping"})";
 
-struct ToolCall
-{
-    QString tool;
-    QJsonObject arguments;
-
-    QByteArray body(int id) const
-    {
-        const QJsonObject params { { u"name"_s, tool }, { u"arguments"_s, arguments } };
-        const QJsonObject request { { u"jsonrpc"_s, u"2.0"_s },
-                                    { u"id"_s, id },
-                                    { u"method"_s, u"tools/call"_s },
-                                    { u"params"_s, params } };
-        return QJsonDocument(request).toJson(QJsonDocument::Compact);
-    }
-};
-
-/// A different question for each number.
-ToolCall callOf(int number)
+/// A tool and its arguments: a different question for each number.
+std::pair<QString, QJsonObject> questionOf(int number)
 {
     const QString code = QStringList { u"LHR"_s, u"JFK"_s, u"AYT"_s, u"SYD"_s }.at(number % 4);
     switch (number % 3) {
@@ -101,9 +85,16 @@ private Q_SLOTS:
                                       client.initialize("2025-11-25").session };
         QList<QNetworkReply *> replies;
         for (int number = 0; number < 50; ++number) {
+            const auto [tool, arguments] = questionOf(number);
+            const QJsonObject body {
+                { u"jsonrpc"_s, u"2.0"_s },
+                { u"id"_s, number },
+                { u"method"_s, u"tools/call"_s },
+                { u"params"_s, QJsonObject { { u"name"_s, tool }, { u"arguments"_s, arguments } } },
+            };
             for (const QByteArray &session : sessions)
                 replies.append(client.send("POST", TestClient::sessionHeaders(session),
-                                           callOf(number).body(number)));
+                                           QJsonDocument(body).toJson()));
         }
         QTRY_VERIFY_WITH_TIMEOUT(
             std::all_of(replies.cbegin(), replies.cend(),
@@ -115,7 +106,8 @@ private Q_SLOTS:
             QCOMPARE(answer.json()["id"_L1].toInt(), i / 2);
             const QJsonObject result = answer.json()["result"_L1].toObject();
             const QJsonObject content = result.value("structuredContent"_L1).toObject();
-            QCOMPARE(content, call(callOf(i / 2).tool, callOf(i / 2).arguments));
+            const auto [tool, arguments] = questionOf(i / 2);
+            QCOMPARE(content, call(tool, arguments));
             QCOMPARE(result.value("isError"_L1), QJsonValue(false));
             const QString text = result.value("content"_L1)[0]["text"_L1].toString();
             QCOMPARE(QJsonDocument::fromJson(text.toUtf8()).object(), content);

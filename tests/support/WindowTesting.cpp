@@ -3,7 +3,6 @@
 #include "App/Application.h"
 
 #include <QFont>
-#include <QJsonArray>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -165,29 +164,20 @@ void WindowTest::cleanup()
 
 ScriptedAnswer calendarAnswer()
 {
-    QJsonArray days;
-    for (int i = 0; i < 14; ++i) {
-        const QString date = QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate);
-        days.append(QJsonObject {
-            { u"date"_s, date }, { u"amount"_s, 4000 + 100 * i }, { u"isBestPrice"_s, i == 0 } });
-    }
-    const QJsonObject best { { u"date"_s, u"2026-12-01"_s }, { u"amount"_s, 4000 } };
-    return ScriptedAnswer::content({ { u"prices"_s, days }, { u"bestPrice"_s, best } });
+    QStringList days;
+    for (int i = 0; i < 14; ++i)
+        days.append(QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate));
+    return calendarAnswer(days);
 }
 
 ScriptedAnswer flightsAnswer(int count, int segments)
 {
-    QJsonArray options;
+    QList<Offer> offers;
     for (int i = 0; i < count; ++i) {
-        const QJsonObject segment { { u"flightNumber"_s, u"VQ%1"_s.arg(100 + i) } };
-        QJsonArray list;
-        for (int s = 0; s < segments; ++s)
-            list.append(segment);
-        options.append(QJsonObject { { u"flightSegments"_s, list },
-                                     { u"cheapestPriceAmount"_s, 4000 + i },
-                                     { u"journeyDuration"_s, 60'000 * (20'000 - i) } });
+        offers.append({ .number = u"VQ%1"_s.arg(100 + i),
+                        .price = 4000.0 + i,
+                        .minutes = 20'000 - i,
+                        .segments = segments });
     }
-    const QJsonObject information { { u"originDestinationOptions"_s, options } };
-    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
-    return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
+    return flightsAnswer(offers);
 }

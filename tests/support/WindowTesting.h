@@ -2,6 +2,7 @@
 
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
+#include "support/ToolAnswers.h"
 
 #include <QAccessible>
 #include <QQmlApplicationEngine>
@@ -98,13 +99,7 @@ protected:
     std::unique_ptr<TestWindow> m_window;
 };
 
-inline const QString calendarTool = QStringLiteral("find_flight_price_calendar");
-inline const QString flightsTool = QStringLiteral("search_flights");
-inline const QString statusTool = QStringLiteral("flight-status");
-inline const QString guideTool = QStringLiteral("get_city_guide");
-inline const QString promotionsTool = QStringLiteral("get_airline_promotions");
-
-/// A calendar of 14 days from 1 December 2026 on, each 100 dearer than the one before.
+/// 14 days from 1 December 2026 on.
 ScriptedAnswer calendarAnswer();
 /// `count` flights; the dearer ones are the faster ones, and every one has `segments` segments.
 ScriptedAnswer flightsAnswer(int count, int segments = 1);

@@ -92,6 +92,7 @@ private Q_SLOTS:
         m_window->key(Qt::Key_Tab);
         QCOMPARE(m_window->focusedName(), u"Metni temizle"_s);
         m_window->key(Qt::Key_Space);
+        QCOMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
         QTRY_VERIFY(!m_window->named(u"noAirports"_s));
         m_window->type(u"lon"_s);
         m_window->key(Qt::Key_Down);

@@ -59,22 +59,6 @@ private Q_SLOTS:
         QCOMPARE(page.state("choice"), 1);
     }
 
-    void segmentsPressed()
-    {
-        const TestWindow page(segments);
-        QVERIFY(page.isReady());
-        // The segment that holds stays chosen when it is pressed again.
-        for (int press = 0; press < 2; ++press) {
-            page.click(page.called(u"İki"_s));
-            QCOMPARE(page.state("choice"), 1);
-            QVERIFY(accessible(page.called(u"İki"_s))->state().checked);
-        }
-        QCOMPARE(accessible(page.called(u"İki"_s))->role(), QAccessible::RadioButton);
-        pressAccessibly(page.called(u"Üç"_s));
-        QCOMPARE(page.state("choice"), 2);
-        QVERIFY(!accessible(page.called(u"İki"_s))->state().checked);
-    }
-
     void menuByKeyboard()
     {
         const TestWindow page(menu);

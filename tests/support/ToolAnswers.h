@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/ScriptedServer.h"
+
+#include <QDate>
+#include <QJsonArray>
+
+inline const QString calendarTool = QStringLiteral("find_flight_price_calendar");
+inline const QString flightsTool = QStringLiteral("search_flights");
+inline const QString statusTool = QStringLiteral("flight-status");
+inline const QString guideTool = QStringLiteral("get_city_guide");
+inline const QString promotionsTool = QStringLiteral("get_airline_promotions");
+
+/// A calendar of these days, each 100 dearer than the one before; the first is the best.
+inline ScriptedAnswer calendarAnswer(const QStringList &days,
+                                     const QString &currency = QStringLiteral("TRY"))
+{
+    using namespace Qt::StringLiterals;
+    QJsonArray prices;
+    for (const QString &day : days) {
+        prices.append(QJsonObject { { u"date"_s, day },
+                                    { u"amount"_s, 4000 + 100 * prices.size() },
+                                    { u"isBestPrice"_s, prices.isEmpty() } });
+    }
+    return ScriptedAnswer::content(
+        { { u"prices"_s, prices }, { u"bestPrice"_s, prices[0] }, { u"currency"_s, currency } });
+}
+
+/// A flight of the answer to a search.
+struct Offer
+{
+    QString number;
+    double price = 1;
+    QString departure = QStringLiteral("2026-03-06T10:00");
+    int minutes = 60;
+    int segments = 1; ///< all alike
+};
+
+inline ScriptedAnswer flightsAnswer(const QList<Offer> &offers)
+{
+    using namespace Qt::StringLiterals;
+    QJsonArray options;
+    for (const Offer &offer : offers) {
+        const QJsonObject segment { { u"flightNumber"_s, offer.number },
+                                    { u"departureDateTime"_s, offer.departure } };
+        QJsonArray segments;
+        for (int index = 0; index < offer.segments; ++index)
+            segments.append(segment);
+        options.append(QJsonObject { { u"flightSegments"_s, segments },
+                                     { u"journeyDuration"_s, offer.minutes * 60'000 },
+                                     { u"cheapestPriceAmount"_s, offer.price } });
+    }
+    const QJsonObject information { { u"originDestinationOptions"_s, options } };
+    const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
+    return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
+}
