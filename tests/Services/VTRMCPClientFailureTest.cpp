@@ -30,14 +30,6 @@ ScriptedAnswer cut(qsizetype bytes, Ending ending)
     return answer;
 }
 
-ScriptedAnswer notHttp(const QByteArray &bytes, Ending ending = Ending::close)
-{
-    ScriptedAnswer answer;
-    answer.ending = ending;
-    answer.raw = bytes;
-    return answer;
-}
-
 ScriptedAnswer inChunks(ScriptedAnswer answer, qsizetype size, int interval)
 {
     answer.pieceSize = size;
@@ -80,14 +72,18 @@ private Q_SLOTS:
         QTest::newRow("silence") << cut(0, Ending::keepAlive) << idle;
         QTest::newRow("silence in the body") << cut(1000, Ending::keepAlive) << idle;
         QTest::newRow("slow drip") << inChunks(ofSize(2000), 20, 100) << late;
-        QTest::newRow("mail server") << notHttp("220 posta.example ESMTP hazir\r\n\r\n") << closed;
-        QTest::newRow("binary") << notHttp(QByteArray("\x15\x03\x01\x00\x02\x02\x50\r\n\r\n", 11))
-                                << closed;
+        QTest::newRow("mail server")
+            << ScriptedAnswer { .ending = Ending::close,
+                                .raw = "220 posta.example ESMTP hazir\r\n\r\n" }
+            << closed;
+        QTest::newRow("binary") << ScriptedAnswer {
+            .ending = Ending::close, .raw = "\x15\x03\x01\x00\x02\x02\x50\r\n\r\n"_ba
+        } << closed;
         QTest::newRow("encoded otherwise than told")
             << ScriptedAnswer::text(QByteArray(100, 'x')).withHeader("Content-Encoding", "gzip")
             << invalid;
         QTest::newRow("nothing but an early hint")
-            << notHttp("HTTP/1.1 103 Early Hints\r\n\r\n", Ending::keepAlive) << invalid;
+            << ScriptedAnswer { .raw = "HTTP/1.1 103 Early Hints\r\n\r\n" } << invalid;
         QTest::newRow("too large once decompressed")
             << ScriptedAnswer::text(qCompress(QByteArray(100'001, ' ')).sliced(4))
                    .withHeader("Content-Encoding", "deflate")

@@ -90,9 +90,7 @@ private Q_SLOTS:
         for (const auto ending : { ScriptedAnswer::Ending::close, ScriptedAnswer::Ending::reset }) {
             QVERIFY(settle(call()).value);
             const qsizetype before = m_server->requests().size();
-            ScriptedAnswer drop = ScriptedAnswer::silence();
-            drop.ending = ending;
-            m_server->enqueue({ drop });
+            m_server->enqueue({ ScriptedAnswer { .ending = ending, .cutAfter = 0 } });
             QVERIFY(settle(call()).error);
             QCOMPARE(m_server->requests().size(), before + 1);
             QCOMPARE(m_server->requests().at(before).connection,
@@ -105,7 +103,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isApplicationsEnd"); // or else the client's
         QTest::addColumn<ScriptedAnswer>("initialize");
         QTest::addColumn<ScriptedAnswer>("answer");
-        const ScriptedAnswer silence = ScriptedAnswer::silence();
+        const ScriptedAnswer silence { .cutAfter = 0 };
         const ScriptedAnswer session = ScriptedAnswer::session("s");
         const ScriptedAnswer lost = ScriptedAnswer::text("{}", 404);
         for (const bool isQuit : { true, false }) {

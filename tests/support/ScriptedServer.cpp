@@ -123,13 +123,6 @@ ScriptedAnswer ScriptedAnswer::session(const QByteArray &id, int status)
     return text("{}", status).withHeader("mcp-session-id", id);
 }
 
-ScriptedAnswer ScriptedAnswer::silence()
-{
-    ScriptedAnswer answer;
-    answer.cutAfter = 0;
-    return answer;
-}
-
 ScriptedAnswer ScriptedAnswer::held() const
 {
     ScriptedAnswer answer = *this;

@@ -39,14 +39,14 @@ struct ScriptedAnswer
     enum class Ending { keepAlive, close, reset };
 
     int status = 200;
-    HeaderList headers;
-    QByteArray body;
+    HeaderList headers = {};
+    QByteArray body = {};
     /// After the answer, or instead of it when nothing of it is sent.
     Ending ending = Ending::keepAlive;
     /// Only so many bytes of the whole answer are sent; 0 sends nothing at all.
     qsizetype cutAfter = std::numeric_limits<qsizetype>::max();
     /// When set, sent in place of an HTTP answer.
-    QByteArray raw;
+    QByteArray raw = {};
     /// When set, the body is sent in chunks of this size, one each `pieceInterval`.
     qsizetype pieceSize = 0;
     int pieceInterval = 0;
@@ -60,7 +60,6 @@ struct ScriptedAnswer
     static ScriptedAnswer failure(const QString &message);
     /// The answer to "initialize" that opens this session.
     static ScriptedAnswer session(const QByteArray &id, int status = 200);
-    static ScriptedAnswer silence();
 
     ScriptedAnswer held() const;
     ScriptedAnswer withHeader(const QByteArray &name, const QByteArray &value) const;

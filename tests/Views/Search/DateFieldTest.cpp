@@ -2,7 +2,6 @@
 #include "support/WindowTesting.h"
 
 #include <QRegularExpression>
-#include <QScopeGuard>
 
 #include <ctime>
 
@@ -30,6 +29,7 @@ class DateFieldTest : public QObject
 private Q_SLOTS:
     void initTestCase() { prepareWindows(); }
     void init() { QTest::failOnWarning(QRegularExpression(u"."_s)); }
+    void cleanup() { setZone("Europe/Istanbul"); }
 
     void movedDays_data()
     {
@@ -71,13 +71,7 @@ private Q_SLOTS:
     {
         QFETCH(const QByteArray, zone);
         QFETCH(const QDateTime, moment);
-        const QByteArray before = qgetenv("TZ");
-        const auto restore = qScopeGuard([&before] {
-            qputenv("TZ", before);
-            tzset();
-        });
-        qputenv("TZ", zone);
-        tzset();
+        setZone(zone);
 
         // The day counts, forwards, backwards and past it.
         const DateEditing editing;
@@ -194,6 +188,13 @@ private Q_SLOTS:
         // A day of the month before, shown in the same grid.
         pressAccessibly(page.called(u"31 Aralık 2026 Perşembe"_s));
         QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 31));
+    }
+
+private:
+    static void setZone(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        ::tzset();
     }
 };
 
