@@ -58,6 +58,7 @@ FocusScope {
             FlightResultsSection {
                 id: results
 
+                objectName: "flightResults"
                 width: parent.width
                 visible: mainView.viewModel.hasSearched
                 viewModel: mainView.viewModel

@@ -35,7 +35,7 @@ bool showEmpty(Stage &stage)
     const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
     stage.viewModel()->startSelectCalendarDate(stage.viewModel()->formatDate(yesterday));
     return stage.waitForSearch() && !stage.viewModel()->hasErrorMessage()
-        && stage.viewModel()->filteredFlights().isEmpty();
+        && stage.viewModel()->filteredFlights().isEmpty() && stage.scrollTo(u"flightResults"_s);
 }
 
 bool showDirectOnly(Stage &stage)
@@ -44,7 +44,8 @@ bool showDirectOnly(Stage &stage)
     const auto &flights = stage.viewModel()->filteredFlights();
     return hasResults(stage)
         && std::all_of(flights.begin(), flights.end(),
-                       [](const FlightOption &flight) { return flight.isDirect; });
+                       [](const FlightOption &flight) { return flight.isDirect; })
+        && stage.scrollTo(u"flightResults"_s);
 }
 
 /// The item is there, and the sheet that holds it has ended its opening motion.

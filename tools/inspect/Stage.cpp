@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QTimer>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int pollInterval = 20; // milliseconds
@@ -82,6 +84,16 @@ bool Stage::press(const QString &objectName)
         return false;
     accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     return true;
+}
+
+bool Stage::scrollTo(const QString &objectName)
+{
+    QQuickItem *page = item(u"page"_s);
+    QQuickItem *wanted = item(objectName);
+    if (!page || !wanted)
+        return false;
+    const qreal distance = wanted->mapToItem(page, QPointF()).y();
+    return QMetaObject::invokeMethod(page, "scrollBy", Q_ARG(double, distance));
 }
 
 void Stage::pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -30,6 +30,9 @@ public:
     QQuickItem *item(const QString &objectName) const;
     /// Presses the item as assistive technology does. False when there is no such item.
     bool press(const QString &objectName);
+    /// Scrolls the window's page until the item begins at its top. False when there is no such
+    /// item.
+    bool scrollTo(const QString &objectName);
     void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(const QString &text);
 

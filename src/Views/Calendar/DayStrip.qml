@@ -30,6 +30,12 @@ ListView {
             positionViewAtBeginning();
     }
 
+    /// A row in a new layout has not been scrolled yet.
+    function showFromBeginning() {
+        positionViewAtBeginning();
+        showSelection();
+    }
+
     /// Brings a day to the middle, unless it is clear of the edges already.
     function show(index: int) {
         const left = originX + index * (dayWidth + spacing) - contentX;
@@ -48,8 +54,8 @@ ListView {
     Accessible.role: Accessible.List
 
     onSelectedIndexChanged: showSelection()
-    onContentWidthChanged: showSelection()
-    onWidthChanged: showSelection()
+    onContentWidthChanged: showFromBeginning()
+    onWidthChanged: showFromBeginning()
     onCurrentIndexChanged: if (interactive && showsFocus) show(currentIndex)
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {

@@ -10,6 +10,13 @@ Item {
 
     required property FlightSearchViewModel viewModel
 
+    /// Room for the dearest day's amount with this unit, in any digits.
+    function amountWidth(pixelSize: int, unit: string): real {
+        const amount = PriceCalendarFormat.wholeAmount(viewModel.highestPrice).replace(/[0-9]/g, "8");
+        const font = Qt.font({ family: VTRTheme.fontFamily, pixelSize: pixelSize, weight: Font.Bold });
+        return TextWidth.widest([amount + unit], font) + 1;
+    }
+
     implicitHeight: content.implicitHeight + 2 * VTRTheme.padding
 
     CardBackground {
@@ -60,7 +67,7 @@ Item {
             // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
             viewModel: calendar.viewModel
-            narrowestDay: 46
+            narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
             spacing: 12
             leftMargin: 4
             rightMargin: 4
@@ -102,7 +109,7 @@ Item {
             Layout.leftMargin: -1
             Layout.rightMargin: -1
             viewModel: calendar.viewModel
-            narrowestDay: 84
+            narrowestDay: Math.max(84, calendar.amountWidth(11, " " + viewModel.currency) + 2 * 12)
             widestDay: 140
             spacing: 10
             leftMargin: 3

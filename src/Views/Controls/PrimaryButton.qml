@@ -28,8 +28,8 @@ BaseButton {
     background: RoundedSurface {
         opacity: button.busy ? 0.6 : 1
         radius: button.cornerRadius
-        color: VTRTheme.redGradientStart
-        gradientEnd: VTRTheme.redGradientEnd
+        color: VTRTheme.redGradient.start
+        gradientEnd: VTRTheme.redGradient.end
         shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, button.raised ? 0.4 : 0)
         shadowRadius: 8
         shadowOffset: 3

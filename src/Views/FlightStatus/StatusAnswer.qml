@@ -2,23 +2,13 @@ import QtQuick
 import QtQuick.Layouts
 import Vantora
 
-/// The answer to the last question: a status card, progress, an error or an invitation. A card
-/// stays while the next question is under way, and when that fails; what went wrong then stands in
-/// a line above it.
+/// The answer to the last question: a status card, progress, an error or an invitation, one at a
+/// time. A card stays while the next question is under way, and when that fails.
 ColumnLayout {
     id: answer
 
     required property FlightStatusViewModel viewModel
     readonly property bool hasNothing: !viewModel.hasResult && !viewModel.isLoading
-
-    spacing: 12
-
-    InlineError {
-        objectName: "statusInlineError"
-        Layout.fillWidth: true
-        visible: answer.viewModel.hasResult && answer.viewModel.hasErrorMessage
-        text: answer.viewModel.errorMessage
-    }
 
     StatusResultCard {
         objectName: "statusResultCard"

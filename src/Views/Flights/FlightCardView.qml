@@ -125,8 +125,8 @@ Item {
 
                 background: RoundedSurface {
                     radius: VTRTheme.controlRadius
-                    color: bookButton.hovered ? Qt.lighter(VTRTheme.redGradientStart, 1.12) : VTRTheme.redGradientStart
-                    gradientEnd: VTRTheme.redGradientEnd
+                    color: bookButton.hovered ? Qt.lighter(VTRTheme.redGradient.start, 1.12) : VTRTheme.redGradient.start
+                    gradientEnd: VTRTheme.redGradient.end
                     shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
                     shadowRadius: 6
                     shadowOffset: 2

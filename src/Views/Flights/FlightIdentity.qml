@@ -17,8 +17,8 @@ Row {
         width: 44
         height: 44
         radius: 22
-        color: VTRTheme.redGradientStart
-        gradientEnd: VTRTheme.redGradientEnd
+        color: VTRTheme.redGradient.start
+        gradientEnd: VTRTheme.redGradient.end
         shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
         shadowRadius: 6
         shadowOffset: 2

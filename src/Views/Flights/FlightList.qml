@@ -3,10 +3,9 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Vantora
 
-/// The flight cards inside the page that scrolls them. Only the cards in the page's viewport exist,
-/// so that thousands of flights open as fast as ten: the list itself is as high as the viewport and
-/// stays within it while the page scrolls.
-Item {
+/// The flight cards inside the page that scrolls them. Only the cards near the page's viewport
+/// exist, so that thousands of flights open as fast as ten. A card's place follows from its row.
+FocusScope {
     id: area
 
     required property FlightSearchViewModel viewModel
@@ -17,93 +16,87 @@ Item {
     readonly property int cardHeight: 104
     readonly property int cardSpacing: 12
     readonly property int cardPitch: cardHeight + cardSpacing
-    readonly property real visibleTop: Math.max(0, Math.min(page.contentY - topInPage, height - list.height))
+    readonly property int count: viewModel.filteredFlights.count
+    property int currentRow: 0
+    readonly property bool showsFocus: activeFocus && !pointerMovedLast
+    property bool pointerMovedLast: false
+    /// Cards this many rows out of view exist too: a re-sort is seen to move them in and out.
+    readonly property int rowsBeyondView: 6
 
-    implicitHeight: Math.max(0, viewModel.filteredFlights.count * cardPitch - cardSpacing)
+    implicitHeight: Math.max(0, count * cardPitch - cardSpacing)
+    activeFocusOnTab: count > 0
+    Accessible.role: Accessible.List
+    Accessible.name: "Uçuşlar"
 
-    ListView {
-        id: list
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            pointerMovedLast = false;
+        else if (!pointerMovedLast)
+            showRow(currentRow);
+    }
+    Keys.onUpPressed: moveTo(currentRow - 1)
+    Keys.onDownPressed: moveTo(currentRow + 1)
+    Keys.onReturnPressed: event => bookCurrent(event.isAutoRepeat)
+    Keys.onEnterPressed: event => bookCurrent(event.isAutoRepeat)
+    Keys.onSpacePressed: event => bookCurrent(event.isAutoRepeat)
 
-        readonly property bool showsFocus: activeFocus && !pointerMovedLast
-        property bool pointerMovedLast: false
-        readonly property real position: originY + area.visibleTop
+    VisibleFlights {
+        id: visibleFlights
 
-        onPositionChanged: contentY = position
+        viewModel: area.viewModel
+        firstRow: Math.floor((area.page.contentY - area.topInPage) / area.cardPitch) - area.rowsBeyondView
+        rowsInView: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
+        currentRow: area.currentRow
+    }
 
-        y: area.visibleTop
-        width: parent.width
-        height: Math.min(area.height, area.page.height + area.cardHeight)
-        interactive: false
-        keyNavigationEnabled: false
-        spacing: area.cardSpacing
-        cacheBuffer: 2 * area.cardHeight
-        activeFocusOnTab: count > 0
-        highlightFollowsCurrentItem: false
-        model: area.viewModel.filteredFlights
-        Accessible.role: Accessible.List
-        Accessible.name: "Uçuşlar"
-        onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
+    Connections {
+        target: area.viewModel
+
+        function onFilteredFlightsChanged() {
+            area.currentRow = 0;
+        }
+    }
+
+    Repeater {
+        id: cards
+
+        model: visibleFlights.rows
 
         delegate: FlightCardView {
             id: card
 
-            required property int index
+            required property flightRow flightRow
 
-            width: list.width
+            flight: flightRow.flight
+            y: flightRow.row * area.cardPitch
+            width: area.width
             height: area.cardHeight
-            focus: ListView.isCurrentItem
-            showsFocus: list.showsFocus && ListView.isCurrentItem
+            focus: flightRow.row === area.currentRow
+            showsFocus: area.showsFocus && focus
+            Component.onCompleted: if (visibleFlights.isRearranging) appearance.start()
+
+            Behavior on y {
+                CardMotion {}
+            }
+
+            CardMotion {
+                id: appearance
+
+                target: card
+                property: "opacity"
+                from: 0
+                to: 1
+            }
 
             TapHandler {
                 onPressedChanged: {
                     if (!pressed)
                         return;
-                    list.pointerMovedLast = true;
-                    list.currentIndex = card.index;
-                    list.forceActiveFocus(Qt.MouseFocusReason);
+                    area.pointerMovedLast = true;
+                    area.currentRow = card.flightRow.row;
+                    area.forceActiveFocus(Qt.MouseFocusReason);
                 }
             }
-        }
-
-        Keys.onUpPressed: area.moveTo(currentIndex - 1)
-        Keys.onDownPressed: area.moveTo(currentIndex + 1)
-        Keys.onReturnPressed: event => area.bookCurrent(event.isAutoRepeat)
-        Keys.onEnterPressed: event => area.bookCurrent(event.isAutoRepeat)
-        Keys.onSpacePressed: event => area.bookCurrent(event.isAutoRepeat)
-
-        move: Transition {
-            CardMotion { property: "y" }
-        }
-        moveDisplaced: Transition {
-            CardMotion { property: "y" }
-        }
-        removeDisplaced: Transition {
-            CardMotion { property: "y" }
-        }
-        addDisplaced: Transition {
-            CardMotion { property: "y" }
-        }
-        add: Transition {
-            CardMotion {
-                property: "opacity"
-                from: 0
-                to: 1
-            }
-        }
-        remove: Transition {
-            CardMotion {
-                property: "opacity"
-                to: 0
-            }
-        }
-    }
-
-    Connections {
-        target: area.viewModel.filteredFlights
-
-        // A long list in a new order is a new list: it is read from its top.
-        function onModelReset() {
-            area.page.scrollTo(Math.min(area.page.contentY, Math.max(0, area.topInPage - area.cardPitch)));
         }
     }
 
@@ -113,18 +106,26 @@ Item {
         easing.bezierCurve: Motion.easeInOut
     }
 
-    /// Moves the keyboard to the card at `index` and scrolls the page to it; stays at the ends.
-    function moveTo(index: int) {
-        list.pointerMovedLast = false;
-        const bounded = Math.max(0, Math.min(index, list.count - 1));
-        const top = topInPage + bounded * cardPitch;
+    /// Moves the keyboard to the card in `row` and scrolls the page to it; stays at the ends.
+    function moveTo(row: int) {
+        pointerMovedLast = false;
+        const bounded = Math.max(0, Math.min(row, count - 1));
+        currentRow = bounded;
+        showRow(bounded);
+    }
+
+    function showRow(row: int) {
+        const top = topInPage + row * cardPitch;
         page.showRange(top, top + cardHeight);
-        list.currentIndex = bounded;
     }
 
     function bookCurrent(isAutoRepeat: bool) {
-        const card = list.currentItem as FlightCardView;
-        if (card && !isAutoRepeat)
-            card.book();
+        if (isAutoRepeat)
+            return;
+        for (let i = 0; i < cards.count; ++i) {
+            const card = cards.itemAt(i) as FlightCardView;
+            if (card.focus)
+                card.book();
+        }
     }
 }

@@ -5,6 +5,8 @@ import Vantora
 
 /// The one source of colours, fonts and metrics. The window has a dark look only.
 QtObject {
+    id: theme
+
     readonly property color vtrRed: Qt.rgba(0.91, 0.1, 0.2, 1)
     readonly property color vtrRedDark: Qt.rgba(0.78, 0.06, 0.18, 1)
     readonly property color vtrRedGlow: Qt.rgba(0.91, 0.1, 0.2, 0.35)
@@ -20,10 +22,14 @@ QtObject {
     readonly property color blue: Qt.rgba(0.23, 0.51, 0.96, 1)
 
     // Gradients run from the top left to the bottom right.
-    readonly property color redGradientStart: vtrRed
-    readonly property color redGradientEnd: vtrRedDark
-    readonly property color darkCardGradientStart: cardBg
-    readonly property color darkCardGradientEnd: withOpacity(cardBgLight, 0.6)
+    readonly property ThemeGradient redGradient: ThemeGradient {
+        start: theme.vtrRed
+        end: theme.vtrRedDark
+    }
+    readonly property ThemeGradient darkCardGradient: ThemeGradient {
+        start: theme.cardBg
+        end: theme.withOpacity(theme.cardBgLight, 0.6)
+    }
 
     // The embedded families; the system's own on macOS.
     readonly property string fontFamily: Qt.platform.os === "osx" ? ".AppleSystemUIFont" : "Inter"

@@ -15,8 +15,8 @@ RowLayout {
         Layout.preferredWidth: 36
         Layout.preferredHeight: 36
         radius: 10
-        color: VTRTheme.redGradientStart
-        gradientEnd: VTRTheme.redGradientEnd
+        color: VTRTheme.redGradient.start
+        gradientEnd: VTRTheme.redGradient.end
 
         Symbol {
             anchors.centerIn: parent

@@ -24,8 +24,8 @@ Column {
         GradientText {
             text: "En Ucuz Uçuşları"
             font: first.font
-            startColor: VTRTheme.redGradientStart
-            endColor: VTRTheme.redGradientEnd
+            startColor: VTRTheme.redGradient.start
+            endColor: VTRTheme.redGradient.end
         }
 
         Heading { text: "Keşfedin" }

@@ -43,6 +43,7 @@ FocusScope {
         id: top
 
         width: parent.width
+        spacing: VTRTheme.spacing
 
         SheetHeader {
             width: parent.width
@@ -90,6 +91,7 @@ FocusScope {
         id: list
 
         anchors.top: top.bottom
+        anchors.topMargin: top.spacing
         anchors.bottom: parent.bottom
         x: VTRTheme.padding
         // The scroll bar has the room beside the rows.

@@ -39,8 +39,7 @@ private Q_SLOTS:
         QCOMPARE(m_window->itemsOfType("DayStrip").constLast()->property("currentIndex"), 1);
 
         QDesktopServices::setUrlHandler(u"https"_s, this, "rememberUrl");
-        QQuickItem *card = m_window->itemsOfType("FlightCardView").constFirst();
-        card->parentItem()->parentItem()->forceActiveFocus(Qt::TabFocusReason);
+        flightList()->forceActiveFocus(Qt::TabFocusReason);
         m_window->key(Qt::Key_Down);
         m_window->key(Qt::Key_Return);
         QDesktopServices::unsetUrlHandler(u"https"_s);
@@ -104,9 +103,34 @@ private Q_SLOTS:
         QTRY_VERIFY(shownFlights().endsWith(u"VQ10099"_s));
         QVERIFY(m_window->itemsOfType("FlightCardView").size() < 40);
         m_window->viewModel()->applyFilter(FlightSortOption::fastest);
-        // A long list in a new order is shown from its top.
-        QTRY_VERIFY(shownFlights().startsWith(u"VQ10099"_s));
+        QTRY_VERIFY(shownFlights().endsWith(u"VQ100"_s));
         QVERIFY(m_window->itemsOfType("FlightCardView").size() < 40);
+    }
+
+    void everyCardEndsInItsPlace_data()
+    {
+        QTest::addColumn<int>("countAfterwards");
+        QTest::newRow("changes of order in mid-motion") << 40;
+        QTest::newRow("a shorter list while scrolled to the end") << 9;
+        QTest::newRow("a longer list while scrolled to the end") << 80;
+    }
+    void everyCardEndsInItsPlace()
+    {
+        QFETCH(const int, countAfterwards);
+        m_answers.insert(flightsTool, flightsAnswer(40));
+        m_window->viewModel()->startSearchAll();
+        QVERIFY(m_window->waitForSearch());
+        m_window->layOut();
+        scrollToTheEnd();
+        m_answers.insert(flightsTool, flightsAnswer(countAfterwards));
+        m_window->viewModel()->startSelectCalendarDate(u"2026-12-03"_s);
+        QVERIFY(m_window->waitForSearch());
+        for (const FlightSortOption order :
+             { FlightSortOption::fastest, FlightSortOption::cheapest, FlightSortOption::fastest }) {
+            m_window->viewModel()->applyFilter(order);
+            QTest::qWait(60);
+        }
+        QTRY_VERIFY(hasAllCardsInView());
     }
 
     void thePageStaysWhileADayLoads()
@@ -151,6 +175,26 @@ private:
         for (QQuickItem *card : std::as_const(cards))
             numbers.append(card->property("flight").value<FlightOption>().flightNumber);
         return numbers.join(u' ');
+    }
+    QQuickItem *flightList() const { return m_window->itemsOfType("FlightList").constFirst(); }
+    /// Whether every part of the list in view has its card, fully opaque.
+    bool hasAllCardsInView() const
+    {
+        constexpr double pitch = 116;
+        const QList<FlightOption> &flights = m_window->viewModel()->filteredFlights();
+        QSet<qsizetype> shown;
+        for (QQuickItem *card : m_window->itemsOfType("FlightCardView")) {
+            const qsizetype row = flights.indexOf(card->property("flight").value<FlightOption>());
+            if (row >= 0 && card->y() == double(row) * pitch && card->opacity() == 1)
+                shown.insert(row);
+        }
+        const double top = flightList()->mapToItem(page(), QPointF()).y();
+        for (qsizetype row = 0; row < flights.size(); ++row) {
+            const double y = top + double(row) * pitch;
+            if (y > -pitch && y < page()->height() && !shown.contains(row))
+                return false;
+        }
+        return !shown.isEmpty();
     }
     QQuickItem *page() const { return m_window->named(u"page"_s); }
     qreal scrollToTheEnd() const
