@@ -221,20 +221,6 @@ bool FlightNetwork::isConnected(const AirportSite &from, const AirportSite &to) 
     return serviceBetween(from, to);
 }
 
-/// Trunk routes fly daily, thin ones on some weekdays.
-bool FlightNetwork::operates(const Service &service, int slot, QDate date) const
-{
-    if (service.onlyForTransfers || service.demand >= 3)
-        return true;
-    const int daysOfWeek = service.demand == 2 ? 5 : 3;
-    StableRandom random =
-        stableRandom(u"weekdays", service.base->code, service.outstation->code, quint64(slot));
-    const int shift = random.below(7);
-    // Days are spread over the week: every second day first, then those between.
-    const int position = (((date.dayOfWeek() + shift) % 7) * 4) % 7;
-    return position < daysOfWeek;
-}
-
 ScheduledFlight FlightNetwork::makeFlight(const Service &service, bool outbound, int slot,
                                           QDate date) const
 {
@@ -267,25 +253,19 @@ QList<ScheduledFlight> FlightNetwork::flights(const AirportSite &from, const Air
     const Service *service = serviceBetween(from, to);
     if (!service)
         return flights;
-    for (int slot = 0; slot < service->slots; ++slot) {
-        if (operates(*service, slot, date))
-            flights.append(makeFlight(*service, service->base == &from, slot, date));
-    }
+    for (int slot = 0; slot < service->slots; ++slot)
+        flights.append(makeFlight(*service, service->base == &from, slot, date));
     return flights;
 }
 
-std::optional<ScheduledFlight> FlightNetwork::flight(int number, QDate date, Lookup *outcome) const
+std::optional<ScheduledFlight> FlightNetwork::flight(int number, QDate date) const
 {
     const int index = m_serviceOfNumber.value(number, -1);
-    *outcome = index < 0 ? Lookup::UnknownNumber : Lookup::NotThatDay;
     if (index < 0)
         return std::nullopt;
     const Service &service = m_services.at(index);
-    const int slot = (number - service.firstNumber) / 2;
-    if (!operates(service, slot, date))
-        return std::nullopt;
-    *outcome = Lookup::Found;
-    return makeFlight(service, (number - service.firstNumber) % 2 == 0, slot, date);
+    const int place = number - service.firstNumber;
+    return makeFlight(service, place % 2 == 0, place / 2, date);
 }
 
 } // namespace Sample

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// The airline's timetable: which airports it connects non-stop, and with which flights on a day.
+/// The airline's timetable: which airports it connects non-stop, and with which flights a day.
 namespace Sample {
 
 /// One departure of one flight number. Local times carry no zone of their own: they are what the
@@ -44,15 +44,12 @@ public:
     /// Airports at which travellers change aircraft, in a fixed order: the hubs first.
     const QList<const AirportSite *> &transferAirports() const { return m_transferAirports; }
 
-    /// The flights of a local day in order of departure; none when the two are not connected or on
-    /// a weekday on which a thin route rests.
+    /// The flights of a local day in order of departure; none when the two are not connected.
     QList<ScheduledFlight> flights(const AirportSite &from, const AirportSite &to,
                                    QDate date) const;
 
-    enum class Lookup { Found, UnknownNumber, NotThatDay };
-    /// The flight of this number that departs on the local day `date`. `*outcome` tells why there
-    /// is none.
-    std::optional<ScheduledFlight> flight(int number, QDate date, Lookup *outcome) const;
+    /// The flight of this number that departs on the local day `date`; none when no flight has it.
+    std::optional<ScheduledFlight> flight(int number, QDate date) const;
 
 private:
     struct Service
@@ -73,7 +70,6 @@ private:
     void add(const AirportSite &base, const AirportSite &outstation, bool onlyForTransfers);
     int allocateNumbers(const Service &service);
     const Service *serviceBetween(const AirportSite &from, const AirportSite &to) const;
-    bool operates(const Service &service, int slot, QDate date) const;
     ScheduledFlight makeFlight(const Service &service, bool outbound, int slot, QDate date) const;
 
     QList<Service> m_services;

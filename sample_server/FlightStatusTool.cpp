@@ -50,13 +50,9 @@ ScheduledFlight flightOf(int number, QDate date, QDate today)
         throw refusal(u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da sonraki "
                       "günler sorgulanabilir."_s.arg(turkishDate(date))
                           .arg(daysWithStatus));
-    FlightNetwork::Lookup outcome {};
-    if (const auto flight = FlightNetwork::shared().flight(number, date, &outcome))
+    if (const auto flight = FlightNetwork::shared().flight(number, date))
         return *flight;
-    throw refusal(
-        outcome == FlightNetwork::Lookup::UnknownNumber
-            ? u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number)
-            : u"VQ%1 sefer sayılı uçuş %2 günü yapılmıyor."_s.arg(number).arg(turkishDate(date)));
+    throw refusal(u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number));
 }
 
 int delayOf(const ScheduledFlight &flight)

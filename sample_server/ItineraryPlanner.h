@@ -12,7 +12,7 @@ public:
     /// Days further ahead than this are not on sale yet.
     static constexpr int daysOnSale = 355;
     static constexpr int shortestConnectionMinutes = 55;
-    static constexpr int longestConnectionMinutes = 5 * 60;
+    static constexpr int longestConnectionMinutes = 10 * 60;
 
     ItineraryPlanner(const AirportSite &origin, const AirportSite &destination, QDate today);
 

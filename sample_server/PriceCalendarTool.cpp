@@ -25,10 +25,11 @@ int windowDays(const QString &timeRange)
     return timeRange.left(1).toInt() * 7; // "1_WEEK", "2_WEEKS", …
 }
 
-/// The window lies around the departure day, but never begins before today.
+/// The window lies around the departure day, as far as all its days are on sale.
 QDate firstDay(QDate departure, int days, QDate today)
 {
-    return std::max(departure.addDays(-(days / 2)), today);
+    const QDate last = today.addDays(ItineraryPlanner::daysOnSale);
+    return std::clamp(departure.addDays(-(days / 2)), today, last.addDays(1 - days));
 }
 
 QList<DayFare> dayFares(ItineraryPlanner &planner, QDate first, int days, Cabin cabin, QDate today)

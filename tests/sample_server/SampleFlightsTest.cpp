@@ -117,7 +117,7 @@ private Q_SLOTS:
                     const Segment before = readSegment(segments.at(i - 1));
                     QCOMPARE(segment.from->code, before.to->code);
                     const qint64 wait = minutesBetween(before.arrival, segment.departure);
-                    QVERIFY(wait >= 55 && wait <= 300);
+                    QVERIFY(wait >= 55 && wait <= 600);
                 }
                 QCOMPARE(option["journeyDuration"_L1].toInteger(),
                          minutesBetween(first.departure, last.arrival) * 60'000);
@@ -195,7 +195,8 @@ private Q_SLOTS:
                 best = date;
             }
         }
-        const int first = std::max(day - 14, 0);
+        QCOMPARE(fares.size(), from + to == u"ISTSAW" ? 0 : 28);
+        const int first = std::clamp(day - 14, 0, 355 - 27);
         for (int ahead = first; ahead < first + 28; ++ahead)
             QCOMPARE(fares.value(dayText(ahead)), lowestFare(options(from, to, dayText(ahead))));
         // The best day is the first of the cheapest ones.
@@ -217,12 +218,12 @@ private Q_SLOTS:
         for (const auto &[departure, range, first, count] :
              { Row(14, u"1_WEEK"_s, 11, 7), Row(14, u"2_WEEKS"_s, 7, 14),
                Row(14, u"3_WEEKS"_s, 4, 21), Row(2, u"4_WEEKS"_s, 0, 28),
-               Row(-30, u"2_WEEKS"_s, 0, 14), Row(355, u"1_WEEK"_s, 352, 4),
-               Row(380, u"4_WEEKS"_s, 0, 0) }) {
+               Row(-30, u"2_WEEKS"_s, 0, 14), Row(355, u"1_WEEK"_s, 349, 7),
+               Row(380, u"4_WEEKS"_s, 328, 28) }) {
             const QJsonArray prices =
                 calendar(u"IST"_s, u"LHR"_s, departure, range)["prices"_L1].toArray();
             QCOMPARE(prices.size(), count);
-            QCOMPARE(prices[0]["date"_L1].toString(), count > 0 ? dayText(first) : QString());
+            QCOMPARE(prices[0]["date"_L1].toString(), dayText(first));
         }
         QVERIFY(options(u"IST"_s, u"LHR"_s, dayText(-1)).isEmpty());
         QVERIFY(options(u"IST"_s, u"LHR"_s, dayText(356)).isEmpty());
