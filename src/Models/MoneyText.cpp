@@ -16,8 +16,10 @@ namespace {
 icu::Locale userLocale()
 {
     const QLocale locale;
-    const QString name = locale.language() == QLocale::C ? QStringLiteral("tr_TR") : locale.name();
-    return icu::Locale(name.toLatin1().constData());
+    // QLocale::name() would leave the script out.
+    const QString tag = locale.language() == QLocale::C ? QStringLiteral("tr") : locale.bcp47Name();
+    UErrorCode status = U_ZERO_ERROR;
+    return icu::Locale::forLanguageTag(tag.toLatin1().constData(), status);
 }
 
 /// A null text when ICU cannot format the amount.

@@ -16,7 +16,15 @@ namespace {
 constexpr int defaultDaysToDeparture = 14;
 constexpr int defaultDaysToReturn = 21;
 
-void writeConsoleLine(const QString &line) { QTextStream(stdout) << line << Qt::endl; }
+/// An error's description may hold what a server sent: it stays one line and gives the terminal no
+/// orders.
+void writeConsoleLine(QString line)
+{
+    std::replace_if(
+        line.begin(), line.end(),
+        [](QChar character) { return character.category() == QChar::Other_Control; }, u' ');
+    QTextStream(stdout) << line << Qt::endl;
+}
 
 template<typename Key>
 QList<FlightOption> sortedBy(QList<FlightOption> flights, Key key)

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QDateTime now(QDate(2026, 2, 20), QTime(23, 30));
-ScriptedAnswer failure() { return ScriptedAnswer::failure(u"%1 dolu"_s); }
+ScriptedAnswer failure() { return ScriptedAnswer::failure(u"%1\ndolu"_s); }
 
 const QList<Offer> fourFlights {
     { u"1"_s, 300, u"2026-03-06T10:00"_s, 240 },
@@ -112,9 +112,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("kept"); // flights, days and currency
         QTest::newRow("calendar") << QString() << u"Price calendar fetch error: %1 dolu\n"_s
                                   << u"9 2 EUR"_s;
-        QTest::newRow("flights") << u"Uçuş bilgileri alınırken hata oluştu: %1 dolu"_s
+        QTest::newRow("flights") << u"Uçuş bilgileri alınırken hata oluştu: %1\ndolu"_s
                                  << u"Flights search error: %1 dolu\n"_s << u"4213 1 USD"_s;
-        QTest::newRow("day") << u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1 dolu"_s
+        QTest::newRow("day") << u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1\ndolu"_s
                              << QString() << u"4213 2 EUR"_s;
     }
     void failures()

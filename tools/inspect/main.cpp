@@ -22,7 +22,7 @@ struct Options
     QString scene = u"search"_s;
     QString origin;
     QString destination;
-    QSize size { 1280, 860 };
+    QSize size { 1080, 720 };
     double scale = 1;
     QString picture;
     QString state;
@@ -66,7 +66,7 @@ Options parseOptions(const QStringList &arguments)
         { u"scene"_s, u"What to show (see --list-scenes)."_s, u"NAME"_s, u"search"_s },
         { u"origin"_s, u"Searches from this airport."_s, u"CODE"_s },
         { u"destination"_s, u"Searches to this airport."_s, u"CODE"_s },
-        { u"size"_s, u"Size of the window."_s, u"WxH"_s, u"1280x860"_s },
+        { u"size"_s, u"Size of the window."_s, u"WxH"_s, u"1080x720"_s },
         { u"scale"_s, u"Device pixels for each pixel."_s, u"FACTOR"_s, u"1"_s },
         { u"picture"_s, u"Writes a picture of the window."_s, u"FILE.png"_s },
         { u"state"_s, u"Writes the view model's published state."_s, u"FILE.json"_s },
