@@ -24,20 +24,19 @@ ListView {
         if (width <= 0 || selectedIndex < 0 || selectedIndex >= count)
             return;
         currentIndex = selectedIndex;
-        if (interactive)
-            show(selectedIndex);
-        else
-            positionViewAtBeginning();
+        show(selectedIndex);
     }
 
     /// A row in a new layout has not been scrolled yet.
     function showFromBeginning() {
-        positionViewAtBeginning();
+        contentX = originX - leftMargin;
         showSelection();
     }
 
     /// Brings a day to the middle, unless it is clear of the edges already.
     function show(index: int) {
+        if (!interactive)
+            return;
         const left = originX + index * (dayWidth + spacing) - contentX;
         if (left < edgeWidth || left + dayWidth > width - edgeWidth)
             positionViewAtIndex(index, ListView.Center);
@@ -56,7 +55,7 @@ ListView {
     onSelectedIndexChanged: showSelection()
     onContentWidthChanged: showFromBeginning()
     onWidthChanged: showFromBeginning()
-    onCurrentIndexChanged: if (interactive && showsFocus) show(currentIndex)
+    onCurrentIndexChanged: if (showsFocus) show(currentIndex)
     onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
     Keys.onPressed: event => {
         const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;
