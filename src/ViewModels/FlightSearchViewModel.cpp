@@ -27,13 +27,22 @@ void writeConsoleLine(QString line)
 }
 
 template<typename Key>
-QList<FlightOption> sortedBy(QList<FlightOption> flights, Key key)
+QList<FlightOption> sortedBy(const QList<FlightOption> &flights, Key key)
 {
-    std::stable_sort(flights.begin(), flights.end(),
-                     [key](const FlightOption &left, const FlightOption &right) {
+    // Records are large: each is copied once, to its place.
+    QList<const FlightOption *> order;
+    order.reserve(flights.size());
+    for (const FlightOption &flight : flights)
+        order.append(&flight);
+    std::stable_sort(order.begin(), order.end(),
+                     [key](const FlightOption *left, const FlightOption *right) {
                          return std::invoke(key, left) < std::invoke(key, right);
                      });
-    return flights;
+    QList<FlightOption> sorted;
+    sorted.reserve(flights.size());
+    for (const FlightOption *flight : std::as_const(order))
+        sorted.append(*flight);
+    return sorted;
 }
 
 QList<FlightOption> arranged(const QList<FlightOption> &flights, FlightSortOption option)

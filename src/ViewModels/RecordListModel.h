@@ -57,12 +57,9 @@ public:
         if (records == m_records)
             return;
         const qsizetype oldCount = m_records.size();
-        const QSet<QString> wanted = identities(records);
-        const bool isRowWise = wanted.size() == records.size()
-            && identities(m_records).size() == oldCount
-            && std::max(oldCount, records.size()) < largestRowWiseList;
-        if (isRowWise)
-            changeRowByRow(records, wanted);
+        if (std::max(oldCount, records.size()) < largestRowWiseList && areDistinct(m_records)
+            && areDistinct(records))
+            changeRowByRow(records);
         else
             replaceAll(records);
         if (m_records.size() != oldCount)
@@ -79,6 +76,11 @@ private:
         return set;
     }
 
+    static bool areDistinct(const QList<Record> &records)
+    {
+        return identities(records).size() == records.size();
+    }
+
     void replaceAll(const QList<Record> &records)
     {
         beginResetModel();
@@ -86,8 +88,9 @@ private:
         endResetModel();
     }
 
-    void changeRowByRow(const QList<Record> &records, const QSet<QString> &wanted)
+    void changeRowByRow(const QList<Record> &records)
     {
+        const QSet<QString> wanted = identities(records);
         for (int row = rowCount() - 1; row >= 0; --row) {
             if (wanted.contains(identity(m_records.at(row))))
                 continue;

@@ -21,7 +21,7 @@ FocusScope {
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
     /// Cards this many rows out of view exist too: a re-sort is seen to move them in and out.
-    readonly property int rowsBeyondView: 6
+    readonly property int rowsBeyondView: 4
 
     implicitHeight: Math.max(0, count * cardPitch - cardSpacing)
     activeFocusOnTab: count > 0
