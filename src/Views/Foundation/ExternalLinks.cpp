@@ -18,7 +18,7 @@ void open(const QUrl &url)
 bool ExternalLinks::isOpenable(const QUrl &url)
 {
     const bool isWeb = url.scheme() == u"http" || url.scheme() == u"https";
-    return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty();
+    return url.isValid() && isWeb && !url.host().isEmpty();
 }
 
 void ExternalLinks::openBooking(const FlightOption &flight) const

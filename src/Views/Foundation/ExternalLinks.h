@@ -22,6 +22,6 @@ public:
     /// The root of the MCP server's host.
     Q_INVOKABLE void openMcpServer() const;
 
-    /// True for http and https addresses with a host and no user information.
+    /// True for http and https addresses with a host.
     static bool isOpenable(const QUrl &url);
 };
