@@ -18,17 +18,23 @@ ListView {
     /// How much of either end is covered while there are more days past it.
     readonly property real edgeWidth: 32
     readonly property int selectedIndex: viewModel.selectedDayIndex
+    property int laidOutCount: 0
 
     /// Puts the keyboard on the selected day and brings it into view.
     function showSelection() {
-        if (width <= 0 || selectedIndex < 0 || selectedIndex >= count)
+        if (selectedIndex < 0 || selectedIndex >= count)
             return;
         currentIndex = selectedIndex;
         show(selectedIndex);
     }
 
-    /// A row in a new layout has not been scrolled yet.
-    function showFromBeginning() {
+    /// New days are shown from the first one on, the same days in another width where they were.
+    function layOut() {
+        if (laidOutCount === count) {
+            show(currentIndex);
+            return;
+        }
+        laidOutCount = count;
         contentX = originX - leftMargin;
         showSelection();
     }
@@ -36,6 +42,8 @@ ListView {
     /// Brings a day to the middle, unless it is clear of the edges already.
     function show(index: int) {
         if (!interactive)
+            contentX = originX - leftMargin;
+        if (!interactive || index < 0)
             return;
         const left = originX + index * (dayWidth + spacing) - contentX;
         if (left < edgeWidth || left + dayWidth > width - edgeWidth)
@@ -53,10 +61,11 @@ ListView {
     Accessible.role: Accessible.List
 
     onSelectedIndexChanged: showSelection()
-    onContentWidthChanged: showFromBeginning()
-    onWidthChanged: showFromBeginning()
+    onContentWidthChanged: layOut()
+    onWidthChanged: layOut()
     onCurrentIndexChanged: if (showsFocus) show(currentIndex)
-    onActiveFocusChanged: if (!activeFocus) pointerMovedLast = false
+    // Another window may take the keyboard and give it back.
+    onActiveFocusChanged: if (!activeFocus && Window.active) pointerMovedLast = false
     Keys.onPressed: event => {
         const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         if (jumps || event.key === Qt.Key_Left || event.key === Qt.Key_Right)

@@ -17,75 +17,65 @@ FocusScope {
     readonly property int cardSpacing: 12
     readonly property int cardPitch: cardHeight + cardSpacing
     readonly property int count: viewModel.filteredFlights.count
-    property int currentRow: 0
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
-    /// Cards this many rows out of view exist too: a re-sort is seen to move them in and out.
+    /// So many rows out of view have cards too: a re-sort is seen to move them in and out.
     readonly property int rowsBeyondView: 4
 
     implicitHeight: Math.max(0, count * cardPitch - cardSpacing)
+    // Cards that are not seen do not act.
+    enabled: visible
     activeFocusOnTab: count > 0
     Accessible.role: Accessible.List
     Accessible.name: "Uçuşlar"
 
-    onActiveFocusChanged: {
-        if (!activeFocus)
-            pointerMovedLast = false;
-        else if (!pointerMovedLast)
-            showRow(currentRow);
-    }
-    Keys.onUpPressed: moveTo(currentRow - 1)
-    Keys.onDownPressed: moveTo(currentRow + 1)
-    Keys.onReturnPressed: event => bookCurrent(event.isAutoRepeat)
-    Keys.onEnterPressed: event => bookCurrent(event.isAutoRepeat)
-    Keys.onSpacePressed: event => bookCurrent(event.isAutoRepeat)
+    // Another window may take the keyboard and give it back.
+    onActiveFocusChanged: if (!activeFocus && Window.active) pointerMovedLast = false
+    Keys.onUpPressed: moveTo(cards.currentRow - 1)
+    Keys.onDownPressed: moveTo(cards.currentRow + 1)
 
     VisibleFlights {
-        id: visibleFlights
+        id: cards
 
         viewModel: area.viewModel
         firstRow: Math.floor((area.page.contentY - area.topInPage) / area.cardPitch) - area.rowsBeyondView
-        rowsInView: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
-        currentRow: area.currentRow
-    }
-
-    Connections {
-        target: area.viewModel
-
-        function onFilteredFlightsChanged() {
-            area.currentRow = 0;
-        }
+        rowCount: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
     }
 
     Repeater {
-        id: cards
-
-        model: visibleFlights.rows
+        model: cards.rows
 
         delegate: FlightCardView {
             id: card
 
             required property flightRow flightRow
+            readonly property bool isCurrent: !flightRow.isLeaving && flightRow.row === cards.currentRow
+            property bool hasAppeared: !cards.isRearranging()
 
             flight: flightRow.flight
             y: flightRow.row * area.cardPitch
             width: area.width
             height: area.cardHeight
-            focus: flightRow.row === area.currentRow
-            showsFocus: area.showsFocus && focus
-            Component.onCompleted: if (visibleFlights.isRearranging) appearance.start()
+            opacity: hasAppeared && !flightRow.isLeaving ? 1 : 0
+            enabled: !flightRow.isLeaving
+            focus: isCurrent
+            showsFocus: area.showsFocus && isCurrent
+            Accessible.ignored: flightRow.isLeaving
+            Component.onCompleted: hasAppeared = true
+            Keys.onReturnPressed: event => bookUnless(event.isAutoRepeat)
+            Keys.onEnterPressed: event => bookUnless(event.isAutoRepeat)
+            Keys.onSpacePressed: event => bookUnless(event.isAutoRepeat)
+
+            function bookUnless(isAutoRepeat: bool) {
+                if (!isAutoRepeat)
+                    book();
+            }
 
             Behavior on y {
                 CardMotion {}
             }
-
-            CardMotion {
-                id: appearance
-
-                target: card
-                property: "opacity"
-                from: 0
-                to: 1
+            Behavior on opacity {
+                CardMotion {}
             }
 
             TapHandler {
@@ -93,7 +83,7 @@ FocusScope {
                     if (!pressed)
                         return;
                     area.pointerMovedLast = true;
-                    area.currentRow = card.flightRow.row;
+                    cards.currentRow = card.flightRow.row;
                     area.forceActiveFocus(Qt.MouseFocusReason);
                 }
             }
@@ -109,23 +99,8 @@ FocusScope {
     /// Moves the keyboard to the card in `row` and scrolls the page to it; stays at the ends.
     function moveTo(row: int) {
         pointerMovedLast = false;
-        const bounded = Math.max(0, Math.min(row, count - 1));
-        currentRow = bounded;
-        showRow(bounded);
-    }
-
-    function showRow(row: int) {
-        const top = topInPage + row * cardPitch;
+        cards.currentRow = Math.max(0, Math.min(row, count - 1));
+        const top = topInPage + cards.currentRow * cardPitch;
         page.showRange(top, top + cardHeight);
-    }
-
-    function bookCurrent(isAutoRepeat: bool) {
-        if (isAutoRepeat)
-            return;
-        for (let i = 0; i < cards.count; ++i) {
-            const card = cards.itemAt(i) as FlightCardView;
-            if (card.focus)
-                card.book();
-        }
     }
 }

@@ -1,55 +1,103 @@
 #include "Views/Flights/VisibleFlights.h"
 
+#include "Views/Foundation/Motion.h"
+
 #include <algorithm>
+
+VisibleFlights::VisibleFlights(QObject *parent)
+    : QObject(parent)
+{
+    m_rearrangement.setSingleShot(true);
+    m_rearrangement.setInterval(Motion().resortDuration());
+    connect(&m_rearrangement, &QTimer::timeout, this, [this] {
+        m_leaving.clear();
+        update();
+    });
+}
 
 void VisibleFlights::setViewModel(FlightSearchViewModel *viewModel)
 {
-    if (m_viewModel == viewModel)
-        return;
-    if (m_viewModel)
-        m_viewModel->disconnect(this);
     m_viewModel = viewModel;
-    if (m_viewModel) {
-        connect(m_viewModel, &FlightSearchViewModel::filteredFlightsChanged, this,
-                &VisibleFlights::rearrange);
-    }
+    connect(viewModel, &FlightSearchViewModel::filteredFlightsChanged, this,
+            &VisibleFlights::rearrange);
     Q_EMIT viewModelChanged();
     update();
 }
 
-void VisibleFlights::setInRange(int &field, int value)
+void VisibleFlights::setFirstRow(int row)
 {
-    if (field == value)
+    if (m_firstRow == row)
         return;
-    field = value;
-    Q_EMIT rangeChanged();
+    m_firstRow = row;
+    Q_EMIT firstRowChanged();
+    update();
+}
+
+void VisibleFlights::setRowCount(int count)
+{
+    if (m_rowCount == count)
+        return;
+    m_rowCount = count;
+    Q_EMIT rowCountChanged();
+    update();
+}
+
+void VisibleFlights::setCurrentRow(int row)
+{
+    if (m_currentRow == row)
+        return;
+    m_currentRow = row;
+    Q_EMIT currentRowChanged();
     update();
 }
 
 void VisibleFlights::rearrange()
 {
-    m_isRearranging = true;
-    Q_EMIT isRearrangingChanged();
-    update();
-    m_isRearranging = false;
-    Q_EMIT isRearrangingChanged();
+    m_rearrangement.start();
+    QHash<QString, FlightRow *> leaving;
+    m_leaving = m_rows.records();
+    for (FlightRow &row : m_leaving) {
+        row.isLeaving = true;
+        leaving.insert(identity(row), &row);
+    }
+    // On its way out a card moves towards its new place.
+    const QList<FlightOption> &flights = m_viewModel->filteredFlights();
+    for (int row = 0; row < flights.size(); ++row) {
+        if (FlightRow *moved = leaving.value(flights.at(row).id))
+            moved->row = row;
+    }
+    if (m_currentRow == 0)
+        update();
+    else
+        setCurrentRow(0);
 }
 
 void VisibleFlights::update()
 {
+    const QList<FlightRow> wanted = wantedRows();
+    QSet<QString> staying;
+    for (const FlightRow &row : wanted)
+        staying.insert(identity(row));
+    m_leaving.removeIf([&](const FlightRow &row) { return staying.contains(identity(row)); });
+    // The leaving ones come first, so that the others are drawn over them.
+    m_rows.setRecords(m_leaving + wanted);
+}
+
+QList<FlightRow> VisibleFlights::wantedRows() const
+{
     QList<FlightRow> rows;
-    if (m_viewModel) {
-        const QList<FlightOption> &flights = m_viewModel->filteredFlights();
-        const int count = int(flights.size());
-        const int first = std::clamp(m_firstRow, 0, count);
-        const int end = std::clamp(m_firstRow + m_rowsInView, first, count);
-        const auto append = [&](int row) { rows.append({ row, flights.at(row) }); };
-        if (m_currentRow >= 0 && m_currentRow < first)
-            append(m_currentRow);
-        for (int row = first; row < end; ++row)
-            append(row);
-        if (m_currentRow >= end && m_currentRow < count)
-            append(m_currentRow);
-    }
-    m_rows.setRecords(rows);
+    if (!m_viewModel)
+        return rows;
+    const QList<FlightOption> &flights = m_viewModel->filteredFlights();
+    const int count = int(flights.size());
+    const int first = std::clamp(m_firstRow, 0, count);
+    const int end = std::clamp(m_firstRow + m_rowCount, first, count);
+    const auto append = [&](int row) { rows.append({ row, flights.at(row) }); };
+    if (m_currentRow >= 0 && m_currentRow < first)
+        append(m_currentRow);
+    for (int row = first; row < end; ++row)
+        append(row);
+    if (m_currentRow >= end && m_currentRow < count)
+        append(m_currentRow);
+    return rows;
 }

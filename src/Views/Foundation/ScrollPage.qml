@@ -7,6 +7,10 @@ import Vantora
 Flickable {
     id: page
 
+    /// The last item that the keyboard brought into view. It may come back to it by itself, from
+    /// another window or a menu, and the page has been scrolled meanwhile.
+    property Item shownItem: null
+
     /// Scrolls as little as needed to show the content from `top` to `bottom`.
     function showRange(top: real, bottom: real) {
         const margin = 24;
@@ -24,11 +28,14 @@ Flickable {
         scrollTo(contentY + distance);
     }
 
-    /// Shows the item, if it lies in this page and fits into it.
+    /// Shows the item that the keyboard has come to, if it lies in this page and fits into it.
     function showItem(item: Item) {
         for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
             if (ancestor !== contentItem)
                 continue;
+            if (item === shownItem)
+                return;
+            shownItem = item;
             const top = item.mapToItem(contentItem, 0, 0).y;
             if (item.height < height)
                 showRange(top, top + item.height);

@@ -36,7 +36,9 @@ T.MenuBar {
 
         background: Rectangle {
             radius: 6
-            color: barItem.highlighted || barItem.hovered ? VTRTheme.cardBgLight : "transparent"
+            // After a menu was closed its title stays highlighted, for the arrow keys.
+            color: barItem.hovered || barItem.menu.visible || (barItem.highlighted && menuBar.activeFocus)
+                   ? VTRTheme.cardBgLight : "transparent"
         }
 
         contentItem: MnemonicText {

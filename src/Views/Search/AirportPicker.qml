@@ -101,7 +101,8 @@ FocusScope {
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         highlightMoveDuration: 0
-        // Rows out of sight are made later, and while one types they would come too late.
+        // Buffered rows are made in the background: while one types, what comes into view would
+        // still be missing.
         cacheBuffer: 0
         model: airports
         Accessible.role: Accessible.List

@@ -58,6 +58,26 @@ private Q_SLOTS:
             QVERIFY(cards.contains(card));
     }
 
+    void aNewOrderFadesCardsInAndOut()
+    {
+        m_answers.insert(flightsTool, flightsAnswer(40));
+        m_window->viewModel()->startSearchAll();
+        QVERIFY(m_window->waitForSearch());
+        waitForTheCalendar();
+        QTRY_VERIFY(hasAllCardsInView());
+        flightList()->forceActiveFocus(Qt::TabFocusReason);
+        m_window->key(Qt::Key_Down);
+        QPointer<QQuickItem> leaving = m_window->itemsOfType("FlightCardView").constFirst();
+        m_window->viewModel()->applyFilter(FlightSortOption::fastest);
+        QVERIFY(leaving && !leaving->isEnabled());
+        int appearing = 0;
+        for (QQuickItem *card : m_window->itemsOfType("FlightCardView"))
+            appearing += card->isEnabled() && card->opacity() < 1 ? 1 : 0;
+        QVERIFY(appearing > 3);
+        QTRY_VERIFY(!leaving);
+        QTRY_VERIFY(hasAllCardsInView());
+    }
+
     void panelsTakeThePlaceOfWhatIsNotThere()
     {
         m_answers.insert(flightsTool, flightsAnswer(2, 3));
@@ -154,6 +174,30 @@ private Q_SLOTS:
         QTRY_VERIFY(!shownFlights().isEmpty());
         m_window->layOut();
         QCOMPARE(page()->property("contentY").toReal(), place);
+    }
+
+    void thePageStaysWhenTheKeyboardComesBack()
+    {
+        m_answers.insert(flightsTool, flightsAnswer(20));
+        m_window->viewModel()->startSearchAll();
+        QVERIFY(m_window->waitForSearch());
+        waitForTheCalendar();
+        m_window->focus(u"searchButton"_s);
+        m_window->layOut();
+        const qreal place = scrollToTheEnd();
+        QVERIFY(place > 1000);
+        QWindow other;
+        other.show();
+        other.requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QVERIFY(!m_window->focused() || !m_window->window()->isActive());
+        m_window->window()->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(m_window->window()));
+        QCOMPARE(m_window->focused(), m_window->named(u"searchButton"_s));
+        QCOMPARE(page()->property("contentY").toReal(), place);
+        // The user's own move is followed.
+        m_window->key(Qt::Key_Tab);
+        QVERIFY(page()->property("contentY").toReal() < 500);
     }
 
 public Q_SLOTS:
