@@ -13,6 +13,7 @@
 #include <QtQml/QQmlExtensionPlugin>
 
 Q_IMPORT_QML_PLUGIN(VantoraPlugin)
+Q_IMPORT_QML_PLUGIN(Vantora_ControlsPlugin)
 
 using namespace Qt::StringLiterals;
 

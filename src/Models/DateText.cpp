@@ -6,12 +6,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QLocale turkish() { return QLocale(QLocale::Turkish, QLocale::Turkey); }
-
 QString inTurkish(const QString &day, const QString &pattern)
 {
     const auto parsed = DateText::parseDay(day);
-    return parsed ? turkish().toString(parsed->date(), pattern) : QString();
+    const QLocale turkish(QLocale::Turkish, QLocale::Turkey);
+    return parsed ? turkish.toString(parsed->date(), pattern) : QString();
 }
 
 } // namespace
@@ -33,9 +32,5 @@ std::optional<QDateTime> parseDay(const QString &text)
 QString shortDate(const QString &day) { return inTurkish(day, u"d MMM"_s); }
 QString shortWeekday(const QString &day) { return inTurkish(day, u"ddd"_s); }
 QString weekday(const QString &day) { return inTurkish(day, u"dddd"_s); }
-
-QString fullDate(const QDate &date) { return turkish().toString(date, u"d MMMM yyyy dddd"_s); }
-QString mediumDate(const QDate &date) { return turkish().toString(date, u"d MMM yyyy ddd"_s); }
-QString monthAndYear(const QDate &date) { return turkish().toString(date, u"MMMM yyyy"_s); }
 
 } // namespace DateText

@@ -21,11 +21,4 @@ QString shortWeekday(const QString &day);
 /// "Cumartesi": Turkish weekday. Empty when `day` is not a "yyyy-MM-dd" date.
 QString weekday(const QString &day);
 
-/// "5 Aralık 2026 Cumartesi".
-QString fullDate(const QDate &date);
-/// "5 Ara 2026 Cmt".
-QString mediumDate(const QDate &date);
-/// "Aralık 2026".
-QString monthAndYear(const QDate &date);
-
 } // namespace DateText

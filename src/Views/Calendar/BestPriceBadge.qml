@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// The green badge that names the cheapest day.
 Item {

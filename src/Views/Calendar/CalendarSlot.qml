@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The place of the fare chart in the page. The chart fades and slides in when a calendar with days
 /// arrives, and out when one without any does.

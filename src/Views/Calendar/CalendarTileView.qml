@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// One day of the fare chart as a tile.
 BaseButton {

@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
 /// Its delegate is a button of the width `dayWidth` that takes `focus` while it is current.

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The fares of the searched days, as bars and as tiles. Choosing a day loads its flights.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The guide of a city: what it is, what to see, what to know.
 Column {

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The guide of a destination and the airline's promotions, on two tabs. Every opening loads them
 /// anew, for the destination of that moment.

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The content of the city guide sheet: header, tabs and the page of the chosen tab.
 FocusScope {

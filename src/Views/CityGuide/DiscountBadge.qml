@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// A discount in white on green.
 Item {

@@ -2,7 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
-import Vantora
+import Vantora.Controls
 
 /// A titled list of short texts, each behind a mark.
 VTRCard {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The city in a few sentences, and when it is at its best.
 VTRCard {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// One promotion of the airline: what it offers, where and until when.
 VTRCard {

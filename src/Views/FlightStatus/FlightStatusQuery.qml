@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The content of the flight status sheet: header, question and answer.
 FocusScope {

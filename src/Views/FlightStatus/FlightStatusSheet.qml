@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// Asks for the live status of one flight. Every opening starts with a state of its own.
 Sheet {

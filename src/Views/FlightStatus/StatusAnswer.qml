@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The answer to the last question: a status card, progress, an error or an invitation, one at a
 /// time. A card stays while the next question is under way, and when that fails.

@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// A status in words, with a dot, on a tint of its colour.
 Item {

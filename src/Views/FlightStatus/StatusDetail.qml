@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// One detail of a status, such as the gate. It is seen only when there is a value.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// What stands in the place of a status card: a symbol, a heading and a line that explains it.
 Item {

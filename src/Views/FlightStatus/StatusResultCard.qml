@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The live status of one flight: where it goes, when, and what is known about the airports.
 VTRCard {

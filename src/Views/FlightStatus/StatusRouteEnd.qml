@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// One end of the route: airport, city, the scheduled time and, when it differs, the expected one.
 Column {

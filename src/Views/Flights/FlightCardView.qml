@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// One flight offer: who flies when, what it costs, and where it is booked.
 Item {

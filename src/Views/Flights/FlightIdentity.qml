@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// The airline's mark with the flight number and the aircraft.
 Row {

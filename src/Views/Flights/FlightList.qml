@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The flight cards inside the page that scrolls them. Only the cards near the page's viewport
 /// exist, so that thousands of flights open as fast as ten. A card's place follows from its row.

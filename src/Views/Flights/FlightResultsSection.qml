@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The flights of the selected day: heading, chips, and the list or what stands for it.
 Item {

@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// Departure and arrival of a flight with the way between them.
 Row {

@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// What stands for the cards when the day has none to show.
 Item {

@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// The way of a flight: from a red dot over an aeroplane to a green one.
 Row {

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// How the flights are sorted or filtered: one tab stop, within which the arrows move and choose.
 Row {

@@ -1,6 +1,6 @@
 #include "Views/Flights/VisibleFlights.h"
 
-#include "Views/Foundation/Motion.h"
+#include "Controls/Look/Motion.h"
 
 #include <algorithm>
 

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Vantora
+import Vantora.Controls
 
 /// The menu bar of the window: the help menu with the airline's two addresses.
 T.MenuBar {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The top of the window: logo, the buttons of the two sheets, and where the data comes from.
 RowLayout {

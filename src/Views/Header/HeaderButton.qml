@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// A button of the header bar: a symbol and a text.
 BaseButton {

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Vantora
+import Vantora.Controls
 
 /// "Yardım": the airline's web site and its MCP server, opened in the browser.
 T.Menu {

@@ -1,5 +1,5 @@
 import QtQuick
-import Vantora
+import Vantora.Controls
 
 /// A menu's text whose access key, the letter behind "&", is underlined.
 Row {

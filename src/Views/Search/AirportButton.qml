@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// An airport of the route: a caption, the code and the name. Pressing it lets one choose another.
 BaseButton {

@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The ground of an airport button, drawn apart from it: see RouteRow.
 RoundedSurface {

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Templates as T
 import Vantora
+import Vantora.Controls
 
 /// The content of the airport picker: header, search field, and the list under it. The keyboard
 /// stays in the field; Up and Down move through the list, Return takes the marked row.

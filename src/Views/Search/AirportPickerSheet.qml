@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// Chooses an airport: the table, filtered as one types. Choosing closes the sheet with `chosen`;
 /// closing it otherwise changes nothing. `selectedCode` is the airport chosen so far.

@@ -3,6 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// The search form. It edits the view model's form and starts searches; its own state is only which
 /// of its two sheets is open.

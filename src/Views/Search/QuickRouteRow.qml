@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The popular routes. Pressing one fills the form with it and searches at once.
 Row {

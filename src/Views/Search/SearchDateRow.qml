@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The day of departure and, for a round trip, the day of return.
 Row {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Vantora
+import Vantora.Controls
 
 /// Trip type, cabin, calendar window and passengers.
 RowLayout {

@@ -1,7 +1,7 @@
+#include "Controls/Look/Motion.h"
 #include "Views/Calendar/PriceCalendarFormat.h"
+#include "Views/ExternalLinks.h"
 #include "Views/Flights/FlightCardFormat.h"
-#include "Views/Foundation/ExternalLinks.h"
-#include "Views/Foundation/Motion.h"
 
 #include <QDesktopServices>
 #include <QLocale>

@@ -1,4 +1,4 @@
-#include "Views/Controls/DateEditing.h"
+#include "Controls/Fields/DateEditing.h"
 #include "support/WindowTesting.h"
 
 #include <QRegularExpression>

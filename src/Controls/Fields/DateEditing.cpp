@@ -1,0 +1,113 @@
+#include "Controls/Fields/DateEditing.h"
+
+#include <QFontMetricsF>
+#include <QLocale>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString inTurkish(const QDate &date, const QString &pattern)
+{
+    return QLocale(QLocale::Turkish, QLocale::Turkey).toString(date, pattern);
+}
+
+QString full(const QDate &date) { return inTurkish(date, u"d MMMM yyyy dddd"_s); }
+
+QDateTime onDate(const QDateTime &moment, const QDate &date)
+{
+    if (date == moment.date())
+        return moment;
+    const QDateTime moved(date, moment.time());
+    return moved.isValid() && moved.date() == date ? moved : date.startOfDay();
+}
+
+QDate dayAfterKey(const QDate &day, int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return day.addDays(-1);
+    case Qt::Key_Right:
+        return day.addDays(1);
+    case Qt::Key_Up:
+        return day.addDays(-7);
+    case Qt::Key_Down:
+        return day.addDays(7);
+    case Qt::Key_PageUp:
+        return day.addMonths(-1);
+    case Qt::Key_PageDown:
+        return day.addMonths(1);
+    case Qt::Key_Home:
+        return QDate(day.year(), day.month(), 1);
+    case Qt::Key_End:
+        return QDate(day.year(), day.month(), day.daysInMonth());
+    default:
+        return day;
+    }
+}
+
+} // namespace
+
+QDateTime DateEditing::addDays(const QDateTime &moment, int days) const
+{
+    return onDate(moment, moment.date().addDays(days));
+}
+
+QDateTime DateEditing::addMonths(const QDateTime &moment, int months) const
+{
+    return onDate(moment, moment.date().addMonths(months));
+}
+
+QDateTime DateEditing::onDay(const QDateTime &moment, int year, int month, int day) const
+{
+    return onDate(moment, QDate(year, month + 1, day));
+}
+
+bool DateEditing::moves(int key) const
+{
+    return dayAfterKey(QDate(2000, 1, 15), key) != QDate(2000, 1, 15);
+}
+
+QDateTime DateEditing::moved(const QDateTime &moment, int key) const
+{
+    return onDate(moment, dayAfterKey(moment.date(), key));
+}
+
+int DateEditing::year(const QDateTime &moment) const { return moment.date().year(); }
+int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
+int DateEditing::day(const QDateTime &moment) const { return moment.date().day(); }
+
+QString DateEditing::fullText(const QDateTime &moment) const { return full(moment.date()); }
+
+QString DateEditing::fittingText(const QDateTime &moment, const QFont &font, qreal width) const
+{
+    const QFontMetricsF metrics(font);
+    const QDate date = moment.date();
+    for (const QString &text : { full(date), inTurkish(date, u"d MMM yyyy ddd"_s) }) {
+        if (std::ceil(metrics.horizontalAdvance(text)) <= width)
+            return text;
+    }
+    return inTurkish(date, u"d MMM"_s);
+}
+
+qreal DateEditing::widestFullText(const QFont &font) const
+{
+    const QFontMetricsF metrics(font);
+    qreal widest = 0;
+    // The 20th to the 26th of each month: seven weekdays, each with two digits.
+    for (int month = 1; month <= 12; ++month) {
+        for (int day = 20; day <= 26; ++day) {
+            const QString text = full(QDate(2026, month, day));
+            widest = std::max(widest, metrics.horizontalAdvance(text));
+        }
+    }
+    return std::ceil(widest) + 2;
+}
+
+QString DateEditing::monthText(const QDateTime &moment) const
+{
+    return inTurkish(moment.date(), u"MMMM yyyy"_s);
+}

@@ -1,0 +1,82 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Vantora.Controls
+
+/// A field for a day. It shows `value` in Turkish, as long as there is room for, and changes its
+/// day alone: the time of day stays. Right and Up step a day forward, Left and Down back; Space,
+/// Return and a click open the month. The owner binds `value` and stores what `edited` brings.
+BaseButton {
+    id: field
+
+    /// What the date means; the accessible name begins with it.
+    required property string label
+    required property date value
+    property color fill: VTRTheme.cardBgLight
+    /// While it is open.
+    property MonthPanel month: null
+
+    signal edited(date value)
+
+    leftPadding: 10
+    rightPadding: 8
+    implicitHeight: implicitBackgroundHeight
+    text: label + ": " + DateEditing.fullText(value)
+    down: pressed || month !== null
+    Accessible.description: "Oklar günü değiştirir, Boşluk takvimi açar"
+    Accessible.onIncreaseAction: step(1)
+    Accessible.onDecreaseAction: step(-1)
+    Keys.onLeftPressed: step(-1)
+    Keys.onDownPressed: step(-1)
+    Keys.onRightPressed: step(1)
+    Keys.onUpPressed: step(1)
+    onClicked: {
+        month = monthPanel.createObject(field) as MonthPanel;
+        month.open();
+    }
+
+    function step(days: int) {
+        edited(DateEditing.addDays(value, days));
+    }
+
+    background: FieldSurface {
+        color: field.fill
+
+        PressTint {
+            control: field
+            radius: field.cornerRadius
+        }
+    }
+    contentItem: RowLayout {
+        spacing: 8
+
+        Symbol {
+            name: "calendar"
+            size: 14
+            color: VTRTheme.textSecondary
+        }
+        PlainText {
+            Layout.fillWidth: true
+            Layout.preferredWidth: DateEditing.widestFullText(font)
+            text: DateEditing.fittingText(field.value, font, width)
+            Accessible.ignored: true
+        }
+        Symbol {
+            name: "chevron.down"
+            size: 14
+            color: VTRTheme.textMuted
+        }
+    }
+
+    Component {
+        id: monthPanel
+
+        MonthPanel {
+            parent: field
+            value: field.value
+            onTaken: value => field.edited(value)
+            onClosed: destroy()
+        }
+    }
+}

@@ -1,0 +1,11 @@
+import QtQuick
+import Vantora.Controls
+
+/// The ground of everything one types or chooses in; its implicit height is that of every field.
+RoundedSurface {
+    implicitHeight: 36
+    radius: VTRTheme.controlRadius
+    color: VTRTheme.cardBgLight
+    borderColor: VTRTheme.cardBorder
+    borderWidth: 1
+}

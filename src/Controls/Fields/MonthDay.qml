@@ -1,0 +1,47 @@
+import QtQuick
+import Vantora.Controls
+
+/// One day in the month panel. The panel has the keyboard; the day answers the pointer and
+/// assistive technology.
+BaseButton {
+    id: cell
+
+    required property int day
+    required property int month
+    required property int year
+    required property bool today
+    /// The day chosen in the panel, with the time of day to keep.
+    required property date cursor
+
+    readonly property bool isShownMonth: month === DateEditing.month(cursor)
+    readonly property bool isChosen: isShownMonth && day === DateEditing.day(cursor)
+    readonly property date value: DateEditing.onDay(cursor, year, month, day)
+
+    implicitWidth: 36
+    implicitHeight: 32
+    focusPolicy: Qt.NoFocus
+    text: DateEditing.fullText(value) + (today ? ", bugün" : "")
+    Accessible.focusable: false
+    Accessible.checkable: true
+    Accessible.checked: isChosen
+
+    background: RoundedSurface {
+        radius: cell.cornerRadius
+        color: cell.isChosen ? VTRTheme.vtrRed : "transparent"
+        borderColor: VTRTheme.vtrRed
+        borderWidth: cell.today && !cell.isChosen ? 1 : 0
+
+        PressTint {
+            control: cell
+            radius: cell.cornerRadius
+        }
+    }
+    contentItem: PlainText {
+        text: cell.day
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        font.weight: cell.isChosen || cell.today ? Font.Bold : Font.Normal
+        color: cell.isShownMonth ? VTRTheme.textPrimary : VTRTheme.textMuted
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,143 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Vantora.Controls
+
+/// One month to choose a day from. The arrows move by days and weeks, PageUp and PageDown by
+/// months, Home and End within the month; Return, Space and a click take the day.
+FocusScope {
+    id: monthView
+
+    /// The day that Return would take, with the time of day to keep.
+    required property date cursor
+
+    /// A day was chosen.
+    signal taken(date day)
+
+    implicitWidth: rows.implicitWidth
+    implicitHeight: rows.implicitHeight
+    Accessible.role: Accessible.Dialog
+    Accessible.name: "Takvim"
+
+    Keys.onPressed: event => {
+        event.accepted = DateEditing.moves(event.key);
+        cursor = DateEditing.moved(cursor, event.key);
+    }
+
+    /// The key that opened the month may still be held.
+    function take(isAutoRepeat: bool) {
+        if (!isAutoRepeat)
+            taken(cursor);
+    }
+
+    function showMonth(step: int) {
+        cursor = DateEditing.addMonths(cursor, step);
+    }
+
+    ColumnLayout {
+        id: rows
+
+        anchors.fill: parent
+        spacing: 4
+
+        RowLayout {
+            spacing: 4
+
+            PlainText {
+                Layout.fillWidth: true
+                leftPadding: 8
+                text: DateEditing.monthText(monthView.cursor)
+                font.weight: Font.Bold
+            }
+            IconButton {
+                symbol: "chevron.left"
+                text: "Önceki ay"
+                focusPolicy: Qt.TabFocus
+                onClicked: monthView.showMonth(-1)
+            }
+            IconButton {
+                symbol: "chevron.right"
+                text: "Sonraki ay"
+                focusPolicy: Qt.TabFocus
+                onClicked: monthView.showMonth(1)
+            }
+        }
+
+        T.AbstractDayOfWeekRow {
+            id: weekdays
+
+            implicitWidth: implicitContentWidth
+            implicitHeight: implicitContentHeight
+            spacing: 2
+            locale: Qt.locale("tr_TR") // qmllint disable
+            Accessible.ignored: true
+
+            delegate: PlainText {
+                required property string shortName
+
+                width: 36
+                height: 24
+                text: shortName
+                horizontalAlignment: Text.AlignHCenter
+                verticalAlignment: Text.AlignVCenter
+                font.pixelSize: 11
+                color: VTRTheme.textMuted
+                Accessible.ignored: true
+            }
+            contentItem: Row {
+                spacing: weekdays.spacing
+
+                Repeater {
+                    model: weekdays.source
+                    delegate: weekdays.delegate
+                }
+            }
+        }
+
+        Item {
+            id: days
+
+            implicitWidth: grid.implicitWidth
+            implicitHeight: grid.implicitHeight
+            focus: true
+            activeFocusOnTab: true
+            Accessible.role: Accessible.Table
+            Accessible.name: DateEditing.fullText(monthView.cursor)
+            Accessible.focusable: true
+
+            Keys.onReturnPressed: event => monthView.take(event.isAutoRepeat)
+            Keys.onEnterPressed: event => monthView.take(event.isAutoRepeat)
+            Keys.onSpacePressed: event => monthView.take(event.isAutoRepeat)
+
+            // It lays out no delegates of its own: it would write into their context, which bound
+            // components do not allow.
+            T.AbstractMonthGrid {
+                id: calendar
+
+                visible: false
+                locale: Qt.locale("tr_TR") // qmllint disable
+                month: DateEditing.month(monthView.cursor)
+                year: DateEditing.year(monthView.cursor)
+            }
+
+            Grid {
+                id: grid
+
+                rows: 6
+                columns: 7
+                spacing: 2
+
+                Repeater {
+                    model: calendar.source
+                    delegate: MonthDay {
+                        cursor: monthView.cursor
+                        showsFocus: isChosen && days.activeFocus
+                        onClicked: monthView.taken(value)
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,23 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantora.Controls
+
+/// The veil that a control wears under the pointer and, stronger, while it is pressed. Where the
+/// hover has a look of its own, `isHovered` is false.
+Rectangle {
+    id: tint
+
+    /// The button that wears it; a control of another kind binds the two states.
+    property T.AbstractButton control: null
+    property bool isDown: control !== null && control.down
+    property bool isHovered: control !== null && control.hovered
+
+    anchors.fill: parent
+    color: VTRTheme.textPrimary
+    opacity: isDown ? 0.12 : isHovered ? 0.06 : 0
+    Accessible.ignored: true
+
+    Behavior on opacity {
+        NumberAnimation { duration: Motion.hoverDuration }
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import Vantora.Controls
+
+/// A symbol of the design, by its name. It decorates and is hidden from assistive technology.
+Item {
+    id: symbol
+
+    required property string name
+    property int size: VTRTheme.bodySize
+    property color color: VTRTheme.textPrimary
+    /// On a filled circle the glyph is drawn in this colour.
+    property color glyphColor: VTRTheme.textPrimary
+
+    readonly property bool isCircled: SymbolCatalogue.isCircled(name)
+    readonly property bool isDisc: SymbolCatalogue.isDisc(name)
+    // Glyphs of the icon font fill their em square less than the design's symbols fill theirs.
+    readonly property int glyphSize: isCircled || isDisc ? Math.round(size * 0.72) : Math.round(size * 1.2)
+
+    implicitWidth: isCircled || isDisc ? Math.round(size * 1.2) : glyphSize
+    implicitHeight: implicitWidth
+    Accessible.ignored: true
+
+    Rectangle {
+        anchors.fill: parent
+        visible: symbol.isCircled || symbol.isDisc
+        radius: width / 2
+        color: symbol.isDisc ? symbol.color : "transparent"
+        border.width: symbol.isCircled ? Math.max(1, Math.round(symbol.size / 14)) : 0
+        border.color: symbol.color
+        antialiasing: true
+    }
+
+    PlainText {
+        anchors.centerIn: parent
+        Accessible.ignored: true
+        text: SymbolCatalogue.ligature(symbol.name)
+        rotation: SymbolCatalogue.rotation(symbol.name)
+        color: symbol.isDisc ? symbol.glyphColor : symbol.color
+        font.family: VTRTheme.symbolFamily
+        font.pixelSize: symbol.glyphSize
+        font.weight: Font.Normal
+    }
+}

@@ -1,0 +1,30 @@
+import QtQuick
+import Vantora.Controls
+
+/// A symbol with a text beside it.
+Row {
+    id: label
+
+    required property string symbol
+    required property string text
+    property color color: VTRTheme.textMuted
+    property int size: 10
+    property int weight: Font.Normal
+
+    spacing: 4
+
+    Symbol {
+        anchors.verticalCenter: parent.verticalCenter
+        name: label.symbol
+        size: label.size
+        color: label.color
+    }
+
+    PlainText {
+        anchors.verticalCenter: parent.verticalCenter
+        text: label.text
+        color: label.color
+        font.pixelSize: label.size
+        font.weight: label.weight
+    }
+}

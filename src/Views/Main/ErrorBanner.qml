@@ -1,0 +1,46 @@
+import QtQuick
+import Vantora.Controls
+
+/// What went wrong, in the window's own place for it.
+Item {
+    id: banner
+
+    required property string text
+
+    implicitHeight: Math.max(message.implicitHeight, symbol.implicitHeight) + 2 * 12
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: text
+
+    RoundedSurface {
+        anchors.fill: parent
+        radius: 10
+        color: VTRTheme.cardBg
+        borderWidth: 1
+        borderColor: VTRTheme.cardBorder
+    }
+
+    Symbol {
+        id: symbol
+
+        x: VTRTheme.padding
+        y: 12
+        name: "exclamationmark.triangle.fill"
+        size: 14
+        color: VTRTheme.gold
+    }
+
+    PlainText {
+        id: message
+
+        // A server may answer with a whole page; its beginning says enough.
+        anchors.left: symbol.right
+        anchors.right: parent.right
+        anchors.leftMargin: 10
+        anchors.rightMargin: VTRTheme.padding
+        y: 12
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
+        elide: Text.ElideRight
+        text: banner.text
+    }
+}

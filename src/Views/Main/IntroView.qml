@@ -1,0 +1,57 @@
+import QtQuick
+import Vantora.Controls
+
+/// The introduction under the header.
+Column {
+    component Heading: PlainText {
+        font.pixelSize: 26
+        font.weight: Font.ExtraBold
+    }
+
+    spacing: VTRTheme.spacing
+
+    Row {
+        spacing: 8
+        Accessible.role: Accessible.Heading
+        Accessible.name: "Tarihlere Göre En Ucuz Uçuşları Keşfedin"
+
+        Heading {
+            id: first
+
+            text: "Tarihlere Göre"
+        }
+
+        GradientText {
+            text: "En Ucuz Uçuşları"
+            font: first.font
+            startColor: VTRTheme.redGradient.start
+            endColor: VTRTheme.redGradient.end
+        }
+
+        Heading { text: "Keşfedin" }
+    }
+
+    PlainText {
+        width: parent.width
+        wrapMode: Text.Wrap
+        text: "Esnek tarihlerle fiyat grafiğini inceleyin, en uygun günleri yakalayın ve doğrudan VTR biletinizi alın."
+        color: VTRTheme.textMuted
+    }
+
+    Row {
+        spacing: 4
+
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "bolt.fill"
+            size: 11
+            color: VTRTheme.vtrRed
+        }
+
+        PlainText {
+            text: "Powered by Vantora MCP Server"
+            font.pixelSize: 11
+            color: VTRTheme.textSecondary
+        }
+    }
+}

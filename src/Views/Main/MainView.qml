@@ -1,0 +1,85 @@
+import QtQuick
+import Vantora
+import Vantora.Controls
+
+/// The content of the window: the search form, the fare chart and the flights, on one page.
+FocusScope {
+    id: mainView
+
+    readonly property FlightSearchViewModel viewModel: FlightSearchViewModel {}
+    property bool showFlightStatusSheet: false
+    property bool showCityGuideSheet: false
+
+    // A wider window gives its content room up to here, and then margins.
+    readonly property real widestContent: 1440
+
+    Component.onCompleted: viewModel.startSearchAll()
+
+    ScrollPage {
+        id: scrollPage
+
+        objectName: "page"
+        anchors.fill: parent
+        contentHeight: content.y + content.height + results.roomBelow
+
+        Column {
+            id: content
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: 20
+            width: Math.min(scrollPage.width - 2 * 28, mainView.widestContent)
+            spacing: 20
+
+            HeaderBar {
+                width: parent.width
+                onFlightStatusRequested: mainView.showFlightStatusSheet = true
+                onCityGuideRequested: mainView.showCityGuideSheet = true
+            }
+
+            IntroView {
+                width: parent.width
+            }
+
+            FlightSearchCardView {
+                width: parent.width
+                viewModel: mainView.viewModel
+            }
+
+            ErrorBanner {
+                width: parent.width
+                visible: mainView.viewModel.hasErrorMessage
+                text: mainView.viewModel.errorMessage
+            }
+
+            CalendarSlot {
+                width: parent.width
+                viewModel: mainView.viewModel
+            }
+
+            FlightResultsSection {
+                id: results
+
+                objectName: "flightResults"
+                width: parent.width
+                visible: mainView.viewModel.hasSearched
+                viewModel: mainView.viewModel
+                page: scrollPage
+                topInPage: content.y + y
+                roomBelow: 40
+            }
+        }
+    }
+
+    FlightStatusSheet {
+        objectName: "flightStatusSheet"
+        visible: mainView.showFlightStatusSheet
+        onClosed: mainView.showFlightStatusSheet = false
+    }
+
+    CityGuideSheet {
+        objectName: "cityGuideSheet"
+        destinationCode: mainView.viewModel.destinationCode
+        visible: mainView.showCityGuideSheet
+        onClosed: mainView.showCityGuideSheet = false
+    }
+}
