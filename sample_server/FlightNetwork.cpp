@@ -2,6 +2,8 @@
 
 #include "sample_server/StableRandom.h"
 
+#include <QTimeZone>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -83,7 +85,7 @@ qint64 toUtcMinute(const QDateTime &local, const QTimeZone &zone)
 QDateTime toLocal(qint64 utcMinute, const QTimeZone &zone)
 {
     const QDateTime moment = QDateTime::fromSecsSinceEpoch(utcMinute * 60, zone);
-    return QDateTime(moment.date(), moment.time(), Qt::UTC);
+    return QDateTime(moment.date(), moment.time(), QTimeZone::utc());
 }
 
 } // namespace
@@ -234,7 +236,7 @@ ScheduledFlight FlightNetwork::makeFlight(const Service &service, bool outbound,
     const int minute = std::clamp(
         roundedToFive(firstDepartureMinute + slotLength * (slot + ofFlight.between(0.1, 0.9))),
         firstDepartureMinute, lastDepartureMinute);
-    flight.departure = QDateTime(date, QTime(minute / 60, minute % 60), Qt::UTC);
+    flight.departure = QDateTime(date, QTime(minute / 60, minute % 60), QTimeZone::utc());
     flight.departureMinute = toUtcMinute(flight.departure, flight.origin->timeZone);
     flight.arrivalMinute = flight.departureMinute + blockMinutes(service.km);
     flight.arrival = toLocal(flight.arrivalMinute, flight.destination->timeZone);

@@ -1,13 +1,12 @@
 #include "sample_server/SampleServer.h"
 
+#include "sample_server/HttpServerCompat.h"
 #include "sample_server/McpEndpoint.h"
 #include "sample_server/RequestCheck.h"
 #include "sample_server/StableRandom.h"
 
 #include <QHttpServer>
-#include <QPointer>
 #include <QTcpServer>
-#include <QTcpSocket>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -16,30 +15,10 @@
 using namespace Qt::StringLiterals;
 using namespace Sample;
 
-namespace {
-
-/// A request whose answer is not written yet. The socket goes away when the client does.
-struct PendingAnswer
-{
-    QHttpServerResponder responder;
-    QPointer<QTcpSocket> socket;
-};
-
-void write(const HttpAnswer &answer, QHttpServerResponder &&responder)
-{
-    const QByteArray type = answer.body.isEmpty() ? QByteArray() : QByteArray("application/json");
-    QHttpServerResponse response(type, answer.body, answer.status);
-    for (const auto &header : answer.headers)
-        response.addHeader(header.first, header.second);
-    response.write(std::move(responder));
-}
-
-} // namespace
-
 struct SampleServer::Private
 {
     explicit Private(SampleServer *server);
-    void serve(const QHttpServerRequest &request, QHttpServerResponder &&responder);
+    void serve(const QHttpServerRequest &request, const HttpServerCompat::Send &send);
     void finish(quint64 key, const HttpAnswer &answer);
     std::chrono::milliseconds answerDelay(quint64 key) const;
 
@@ -53,7 +32,8 @@ struct SampleServer::Private
     std::chrono::milliseconds jitter { 0 };
     QString errorString;
 
-    std::unordered_map<quint64, PendingAnswer> pending;
+    // What waits for its answer.
+    std::unordered_map<quint64, HttpServerCompat::Send> pending;
     quint64 lastKey = 0;
     QThreadPool workers;
 };
@@ -62,15 +42,15 @@ SampleServer::Private::Private(SampleServer *server)
     : q(server)
     , http(new QHttpServer(server))
 {
-    http->route(u"/mcp"_s, QHttpServerRequest::Method::AnyKnown,
-                [this](const QHttpServerRequest &request, QHttpServerResponder &&responder) {
-                    serve(request, std::move(responder));
-                });
-    http->setMissingHandler([](const QHttpServerRequest &, QHttpServerResponder &&responder) {
-        write(RequestCheck::errorAnswer(HttpAnswer::Status::NotFound, JsonRpc::InvalidRequest,
-                                        u"Burada bir şey yok; sunucu /mcp adresinde."_s),
-              std::move(responder));
-    });
+    HttpServerCompat::setHandlers(
+        http, u"/mcp"_s,
+        [this](const QHttpServerRequest &request, const HttpServerCompat::Send &send) {
+            serve(request, send);
+        },
+        [](const QHttpServerRequest &, const HttpServerCompat::Send &send) {
+            send(RequestCheck::errorAnswer(HttpAnswer::Status::NotFound, JsonRpc::InvalidRequest,
+                                           u"Burada bir şey yok; sunucu /mcp adresinde."_s));
+        });
     endpoint.setToolCallObserver([this](const QJsonObject &params) {
         Q_EMIT q->toolCalled(params.value("name"_L1).toString(),
                              params.value("arguments"_L1).toObject());
@@ -78,11 +58,10 @@ SampleServer::Private::Private(SampleServer *server)
 }
 
 void SampleServer::Private::serve(const QHttpServerRequest &request,
-                                  QHttpServerResponder &&responder)
+                                  const HttpServerCompat::Send &send)
 {
     const quint64 key = ++lastKey;
-    QTcpSocket *socket = responder.socket();
-    pending.emplace(key, PendingAnswer { std::move(responder), socket });
+    pending.emplace(key, send);
 
     context.now = clock();
     auto reception = endpoint.receive(request, context, std::chrono::steady_clock::now());
@@ -99,12 +78,9 @@ void SampleServer::Private::serve(const QHttpServerRequest &request,
 void SampleServer::Private::finish(quint64 key, const HttpAnswer &answer)
 {
     const auto send = [this, key, answer] {
-        auto entry = pending.extract(key);
-        if (entry.empty())
-            return;
-        PendingAnswer &waiting = entry.mapped();
-        if (waiting.socket && waiting.socket->state() == QAbstractSocket::ConnectedState)
-            write(answer, std::move(waiting.responder));
+        const auto entry = pending.extract(key);
+        if (!entry.empty())
+            entry.mapped()(answer);
     };
     const std::chrono::milliseconds held = answerDelay(key);
     if (held.count() > 0)
@@ -142,7 +118,8 @@ std::optional<quint16> SampleServer::listen(quint16 port)
         return std::nullopt;
     }
     const quint16 chosen = tcp->serverPort();
-    d->http->bind(tcp.release()); // takes it over
+    if (!HttpServerCompat::bind(d->http, std::move(tcp)))
+        return std::nullopt;
     return chosen;
 }
 

