@@ -2,6 +2,8 @@
 
 #include "App/DarkFrame.h"
 #include "Services/PlatformErrorText.h"
+#include "Services/ServiceAddresses.h"
+#include "Views/ExternalLinks.h"
 
 #include <QDirIterator>
 #include <QFontDatabase>
@@ -43,6 +45,8 @@ void prepareApplication()
 
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
 {
+    ExternalLinks::setAddresses(QUrl(ServiceAddresses::webSite(), QUrl::StrictMode),
+                                ServiceAddresses::mcpEndpoint());
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.setInitialProperties({ { u"title"_s, title } });
     engine.load(QUrl(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s));

@@ -1,10 +1,20 @@
 #include "Views/ExternalLinks.h"
 
-#include "Services/ServiceAddresses.h"
-
 #include <QDesktopServices>
 
 namespace {
+
+struct Addresses
+{
+    QUrl webSite;
+    QUrl mcpServer;
+};
+
+Addresses &addresses()
+{
+    static Addresses addresses;
+    return addresses;
+}
 
 /// An address that is not openable is ignored.
 void open(const QUrl &url)
@@ -14,6 +24,11 @@ void open(const QUrl &url)
 }
 
 } // namespace
+
+void ExternalLinks::setAddresses(const QUrl &webSite, const QUrl &mcpServer)
+{
+    addresses() = { webSite, mcpServer };
+}
 
 bool ExternalLinks::isOpenable(const QUrl &url)
 {
@@ -30,14 +45,11 @@ void ExternalLinks::openBooking(const FlightOption &flight) const
         openWebSite();
 }
 
-void ExternalLinks::openWebSite() const
-{
-    open(QUrl(ServiceAddresses::webSite(), QUrl::StrictMode));
-}
+void ExternalLinks::openWebSite() const { open(addresses().webSite); }
 
 void ExternalLinks::openMcpServer() const
 {
-    QUrl root = ServiceAddresses::mcpEndpoint();
+    QUrl root = addresses().mcpServer;
     root.setPath(QStringLiteral("/"));
     root.setQuery(QString());
     root.setFragment(QString());

@@ -16,6 +16,10 @@ class ExternalLinks : public QObject
 public:
     using QObject::QObject;
 
+    /// What the program that shows the window says, before it does. Until then nothing opens
+    /// beside the booking links.
+    static void setAddresses(const QUrl &webSite, const QUrl &mcpServer);
+
     /// The booking page of the flight, or the airline's web site when the flight has no usable one.
     Q_INVOKABLE void openBooking(const FlightOption &flight) const;
     Q_INVOKABLE void openWebSite() const;

@@ -7,6 +7,7 @@
 #include "Models/PriceCalendar.h"
 #include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
+#include "ViewModels/CityGuideViewModel.h"
 #include "ViewModels/FlightSearchViewModel.h"
 #include "ViewModels/FlightStatusViewModel.h"
 
@@ -93,6 +94,13 @@ struct FlightSearchViewModelForeign
     Q_GADGET
     QML_FOREIGN(FlightSearchViewModel)
     QML_NAMED_ELEMENT(FlightSearchViewModel)
+};
+
+struct CityGuideViewModelForeign
+{
+    Q_GADGET
+    QML_FOREIGN(CityGuideViewModel)
+    QML_NAMED_ELEMENT(CityGuideViewModel)
 };
 
 struct FlightStatusViewModelForeign

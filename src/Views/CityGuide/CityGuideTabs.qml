@@ -8,7 +8,7 @@ FocusScope {
     id: tabs
 
     required property Sheet sheet
-    readonly property CityGuideState guide: CityGuideState {}
+    readonly property CityGuideViewModel guide: CityGuideViewModel {}
     /// 0 is the guide, 1 the promotions.
     property int activeTab: 0
 

@@ -1,4 +1,4 @@
-#include "Views/CityGuide/CityGuideState.h"
+#include "ViewModels/CityGuideViewModel.h"
 #include "support/WindowTesting.h"
 
 #include <QJsonArray>
@@ -108,7 +108,7 @@ private Q_SLOTS:
             m_window->key(Qt::Key_Right);
             QTest::qWait(50);
             QVERIFY(isLoading());
-            const auto *state = m_window->stateOf<CityGuideState>(sheetName, "guide");
+            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName, "guide");
             QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
 
             // Only opening the sheet again asks again.
@@ -163,8 +163,8 @@ private Q_SLOTS:
         m_answers.insert(guideTool, guideOf(u"Eski"_s).held());
         QVERIFY(open());
         QTRY_COMPARE(m_server->heldCount(), 1);
-        const QPointer<CityGuideState> first =
-            m_window->stateOf<CityGuideState>(sheetName, "guide");
+        const QPointer<CityGuideViewModel> first =
+            m_window->stateOf<CityGuideViewModel>(sheetName, "guide");
         close();
         QTRY_VERIFY(!first);
 

@@ -1,5 +1,5 @@
+#include "ViewModels/CityGuideViewModel.h"
 #include "ViewModels/FlightStatusViewModel.h"
-#include "Views/CityGuide/CityGuideState.h"
 #include "sample_server/SampleServer.h"
 #include "support/WindowTesting.h"
 
@@ -58,7 +58,7 @@ private Q_SLOTS:
                 return;
         }
         QTRY_VERIFY(!m_window->window()->findChild<FlightStatusViewModel *>());
-        QVERIFY(!m_window->window()->findChild<CityGuideState *>());
+        QVERIFY(!m_window->window()->findChild<CityGuideViewModel *>());
 
         // The last window closes with a sheet open and its questions under way, then the client.
         pressAccessibly(m_window->named(u"cityGuideButton"_s));
@@ -99,7 +99,7 @@ private:
         const QString destination = one(destinations);
         m_window->viewModel()->setDestinationCode(destination);
         pressAccessibly(m_window->named(u"cityGuideButton"_s));
-        auto *state = m_window->stateOf<CityGuideState>(guideSheet, "guide");
+        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet, "guide");
         QVERIFY(state);
         QCOMPARE(state->destinationCode(), destination);
         QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());

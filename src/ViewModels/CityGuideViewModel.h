@@ -6,7 +6,6 @@
 #include "ViewModels/RecordListModel.h"
 
 #include <QCoroTask>
-#include <QQmlEngine>
 
 #include <optional>
 
@@ -16,10 +15,9 @@ using PromotionListModel = RecordListModel<PromotionItem>;
 
 /// What one opening of the city guide sheet shows. It lives on the main thread and goes with the
 /// sheet's content, whatever is under way then.
-class CityGuideState : public ObservableObject
+class CityGuideViewModel : public ObservableObject
 {
     Q_OBJECT
-    QML_ELEMENT
     Q_PROPERTY(QString destinationCode READ destinationCode NOTIFY destinationCodeChanged)
     Q_PROPERTY(bool hasGuideInfo READ hasGuideInfo NOTIFY guideInfoChanged)
     Q_PROPERTY(CityGuideInfo guideInfo READ guideInfoOrEmpty NOTIFY guideInfoChanged)

@@ -1,16 +1,16 @@
-#include "Views/CityGuide/CityGuideState.h"
+#include "ViewModels/CityGuideViewModel.h"
 
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
 
-QCoro::Task<> CityGuideState::load(QString destinationCode)
+QCoro::Task<> CityGuideViewModel::load(QString destinationCode)
 {
-    publish(m_destinationCode, destinationCode, &CityGuideState::destinationCodeChanged);
-    publish(m_isLoading, true, &CityGuideState::isLoadingChanged);
+    publish(m_destinationCode, destinationCode, &CityGuideViewModel::destinationCodeChanged);
+    publish(m_isLoading, true, &CityGuideViewModel::isLoadingChanged);
 
     // The sheet may close, and take this object with it, while the server answers.
-    const QPointer<CityGuideState> self(this);
+    const QPointer<CityGuideViewModel> self(this);
     const QCoro::Task<CityGuideInfo> guideTask =
         VTRMCPClient::shared().fetchCityGuide(destinationCode);
     const QCoro::Task<QList<PromotionItem>> promotionsTask =
@@ -26,12 +26,12 @@ QCoro::Task<> CityGuideState::load(QString destinationCode)
     }
 }
 
-void CityGuideState::store(const CityGuideInfo &guide, const QList<PromotionItem> &promotions)
+void CityGuideViewModel::store(const CityGuideInfo &guide, const QList<PromotionItem> &promotions)
 {
     Q_EMIT objectWillChange();
     m_guideInfo = guide;
     Q_EMIT guideInfoChanged();
     Q_EMIT objectWillChange();
     m_promotions.setRecords(promotions);
-    publish(m_isLoading, false, &CityGuideState::isLoadingChanged);
+    publish(m_isLoading, false, &CityGuideViewModel::isLoadingChanged);
 }
