@@ -2,155 +2,261 @@
 
 #include "Services/McpError.h"
 #include "Services/PlatformErrorText.h"
+#include "Services/ServiceAddresses.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
+#include <QHostAddress>
+#include <QLocale>
+#include <QNetworkCookie>
+#include <QNetworkCookieJar>
+#include <QSslCertificate>
 #include <QSslError>
+#include <QSslSocket>
 
 #include <algorithm>
-#include <cstring>
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-/// A request body that can be read once. The network stack repeats a POST on a new connection when
-/// one drops before the answer, unless the body cannot be rewound.
-class UnrepeatableBody : public QIODevice
+/// A host that cannot be reached by IPv4 is tried by IPv6 beside it, after this time or as soon as
+/// the first attempt fails.
+constexpr auto patience = 300ms;
+
+bool isAddress(const QUrl &url) { return !QHostAddress(url.host()).isNull(); }
+
+QNetworkProxy proxyFor(const QUrl &url)
 {
-public:
-    explicit UnrepeatableBody(const QByteArray &bytes)
-        : m_bytes(bytes)
-    {
-        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    if (!ServiceAddresses::isLoopback(url)) {
+        for (const QNetworkProxy &proxy :
+             QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url))) {
+            if (proxy.capabilities() & QNetworkProxy::TunnelingCapability)
+                return proxy;
+        }
     }
+    return QNetworkProxy::NoProxy;
+}
 
-    qint64 size() const override { return m_bytes.size(); }
-    /// Qt also rewinds the body of an answered request when the status is 307 or 308, and drops the
-    /// answer if it cannot. It may then: nothing is left to read either way.
-    bool reset() override { return m_isAnswered; }
-    void setAnswered() { m_isAnswered = true; }
-
-protected:
-    qint64 readData(char *data, qint64 maxSize) override
-    {
-        const qint64 length = std::min<qint64>(maxSize, m_bytes.size() - m_read);
-        std::memcpy(data, m_bytes.constData() + m_read, static_cast<size_t>(length));
-        m_read += length;
-        return length > 0 || maxSize == 0 ? length : -1;
-    }
-    qint64 writeData(const char *, qint64) override { return -1; }
-
-private:
-    QByteArray m_bytes;
-    qint64 m_read = 0;
-    bool m_isAnswered = false;
-};
-
-/// Whether Qt reports `status`, of an answer that arrived whole, by this error.
-bool reportsStatus(QNetworkReply::NetworkError error, int status)
+/// Whether one of the names for which the certificate was made is the host. Qt, which has verified
+/// it before, also takes a common name for such a name, though others are there.
+bool isMadeFor(const QSslCertificate &certificate, const QUrl &url)
 {
-    if (status < 400 || error == QNetworkReply::ContentReSendError)
-        return false;
-    return error == QNetworkReply::ProtocolInvalidOperationError // 400
-        || error == QNetworkReply::ProxyAuthenticationRequiredError // 407
-        || (error >= QNetworkReply::ContentAccessDenied
-            && error <= QNetworkReply::UnknownContentError)
-        || (error >= QNetworkReply::InternalServerError
-            && error <= QNetworkReply::UnknownServerError);
+    const auto names = certificate.subjectAlternativeNames();
+    const QStringList addresses = names.values(QSsl::IpAddressEntry);
+    const QStringList hosts = names.values(QSsl::DnsEntry);
+    if (addresses.isEmpty() && hosts.isEmpty())
+        return true;
+    const QString host = url.host(QUrl::FullyEncoded);
+    if (isAddress(url)) {
+        return std::any_of(addresses.begin(), addresses.end(), [&url](const QString &entry) {
+            return QHostAddress(entry) == QHostAddress(url.host());
+        });
+    }
+    return std::any_of(hosts.begin(), hosts.end(), [&host](const QString &entry) {
+        const bool isWildcard = entry.startsWith("*."_L1) && entry.count(u'.') > 1;
+        const QString compared = isWildcard ? u'*' + host.mid(host.indexOf(u'.')) : host;
+        return entry.compare(compared, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// The languages that the user's system asks for, as servers are told.
+QByteArray acceptedLanguages()
+{
+    const QLocale locale = QLocale::system();
+    return locale.language() == QLocale::C ? "tr,*"_ba : locale.bcp47Name().toLatin1() + ",*";
+}
+
+QByteArray requestBytes(const HttpRequest &request, const QList<QNetworkCookie> &cookies)
+{
+    const QByteArray target =
+        request.url.toEncoded(QUrl::RemoveScheme | QUrl::RemoveAuthority | QUrl::RemoveFragment);
+    QByteArray bytes = "POST " + (target.startsWith('/') ? target : '/' + target) + " HTTP/1.1\r\n";
+    const auto add = [&bytes](const QByteArray &name, const QByteArray &value) {
+        bytes += name + ": " + value + "\r\n";
+    };
+    add("Host", request.url.authority(QUrl::FullyEncoded).toLatin1());
+    add("Connection", "close");
+    // What is not packed needs no unpacking, which a hostile server can make endless.
+    add("Accept-Encoding", "identity");
+    add("Accept-Language", acceptedLanguages());
+    add("User-Agent", "Vantora/1.0");
+    add("Content-Length", QByteArray::number(request.body.size()));
+    QByteArrayList crumbs;
+    for (const QNetworkCookie &cookie : cookies)
+        crumbs.append(cookie.toRawForm(QNetworkCookie::NameAndValueOnly));
+    if (!crumbs.isEmpty())
+        add("Cookie", crumbs.join("; "));
+    for (const auto &[name, value] : request.headers)
+        add(name, value);
+    return bytes + "\r\n" + request.body;
 }
 
 } // namespace
 
-HttpExchange::HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest &request,
-                           const QByteArray &body, const HttpLimits &limits)
-    : m_limits(limits)
+HttpExchange::HttpExchange(const HttpRequest &request, const HttpLimits &limits)
+    : m_request(request)
+    , m_limits(limits)
+    , m_reader(limits)
 {
     m_promise.start();
-
-    auto *source = new UnrepeatableBody(body);
-    m_reply = manager->post(request, source);
-    m_reply->setParent(this);
-    source->setParent(m_reply);
-    connect(m_reply, &QNetworkReply::readyRead, this, &HttpExchange::takeBytes);
-    connect(m_reply, &QNetworkReply::finished, this, &HttpExchange::finish);
-    connect(m_reply, &QNetworkReply::sslErrors, this, [this](const QList<QSslError> &errors) {
-        if (!errors.isEmpty())
-            m_certificateError = errors.first().errorString();
-    });
-
-    m_idleTimer.setSingleShot(true);
-    m_totalTimer.setSingleShot(true);
-    const auto restartIdleTimer = [this] { m_idleTimer.start(); };
-    connect(m_reply, &QNetworkReply::uploadProgress, this, restartIdleTimer);
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, restartIdleTimer);
-    connect(m_reply, &QNetworkReply::metaDataChanged, source, &UnrepeatableBody::setAnswered);
-    connect(&m_idleTimer, &QTimer::timeout, this,
-            [this] { abort(QNetworkReply::TimeoutError, PlatformErrorText::idleTimeout()); });
-    connect(&m_totalTimer, &QTimer::timeout, this,
-            [this] { abort(QNetworkReply::TimeoutError, PlatformErrorText::totalTimeout()); });
-    m_idleTimer.start(limits.idle);
-    m_totalTimer.start(limits.total);
 }
 
 HttpExchange::~HttpExchange()
 {
-    abort(QNetworkReply::OperationCanceledError, PlatformErrorText::applicationQuits());
+    abort(QAbstractSocket::OperationError, PlatformErrorText::applicationQuits());
+}
+
+void HttpExchange::start(QNetworkCookieJar *cookies)
+{
+    m_cookies = cookies;
+    m_idleTimer.setSingleShot(true);
+    m_totalTimer.setSingleShot(true);
+    connect(&m_idleTimer, &QTimer::timeout, this, [this] {
+        abort(QAbstractSocket::SocketTimeoutError, PlatformErrorText::idleTimeout());
+    });
+    connect(&m_totalTimer, &QTimer::timeout, this, [this] {
+        abort(QAbstractSocket::SocketTimeoutError, PlatformErrorText::totalTimeout());
+    });
+    m_idleTimer.start(m_limits.idle);
+    m_totalTimer.start(m_limits.total);
+
+    m_proxy = proxyFor(m_request.url);
+    if (m_proxy.type() != QNetworkProxy::NoProxy || isAddress(m_request.url)) {
+        connectTo(QAbstractSocket::AnyIPProtocol);
+        return;
+    }
+    m_canConnectOtherwise = true;
+    QTimer::singleShot(patience, this, &HttpExchange::connectOtherwise);
+    connectTo(QAbstractSocket::IPv4Protocol);
+}
+
+void HttpExchange::connectTo(QAbstractSocket::NetworkLayerProtocol protocol)
+{
+    auto *socket = new QSslSocket(this);
+    m_attempts.append(socket);
+    socket->setProxy(m_proxy);
+    connect(socket, &QSslSocket::connected, this, [this, socket] { noteConnection(socket); });
+    connect(socket, &QSslSocket::errorOccurred, this,
+            [this, socket](QAbstractSocket::SocketError error) { noteError(socket, error); });
+    const bool isSecure = m_request.url.scheme() == u"https";
+    socket->connectToHost(m_request.url.host(),
+                          static_cast<quint16>(m_request.url.port(isSecure ? 443 : 80)),
+                          QIODevice::ReadWrite, protocol);
+}
+
+void HttpExchange::connectOtherwise()
+{
+    if (!m_canConnectOtherwise || m_hasEnded)
+        return;
+    m_canConnectOtherwise = false;
+    connectTo(QAbstractSocket::IPv6Protocol);
+}
+
+void HttpExchange::noteConnection(QSslSocket *socket)
+{
+    if (m_socket || m_hasEnded)
+        return;
+    m_socket = socket;
+    m_canConnectOtherwise = false;
+    m_attempts.removeOne(socket);
+    for (QSslSocket *attempt : std::exchange(m_attempts, {}))
+        attempt->deleteLater();
+
+    m_idleTimer.start();
+    connect(socket, &QSslSocket::readyRead, this, &HttpExchange::takeBytes);
+    connect(socket, &QSslSocket::bytesWritten, &m_idleTimer, qOverload<>(&QTimer::start));
+    if (m_request.url.scheme() != u"https") {
+        sendRequest();
+        return;
+    }
+    connect(socket, &QSslSocket::sslErrors, this, [this](const QList<QSslError> &errors) {
+        m_certificateError = errors.value(0).errorString();
+    });
+    connect(socket, &QSslSocket::encrypted, this, [this] {
+        if (isMadeFor(m_socket->peerCertificate(), m_request.url)) {
+            sendRequest();
+        } else {
+            m_certificateError = QSslError(QSslError::HostNameMismatch).errorString();
+            noteError(m_socket, QAbstractSocket::SslHandshakeFailedError);
+        }
+    });
+    socket->startClientEncryption();
+}
+
+void HttpExchange::noteError(QSslSocket *socket, QAbstractSocket::SocketError error)
+{
+    if (m_hasEnded || (m_socket && socket != m_socket))
+        return;
+    if (socket == m_socket) {
+        takeBytes();
+        takeState(m_reader.takeEnd());
+    } else {
+        m_attempts.removeOne(socket);
+        socket->deleteLater();
+        // A host has addresses of one kind more often than of both.
+        if (!m_failure || m_failure == QAbstractSocket::HostNotFoundError)
+            m_failure = error;
+        connectOtherwise();
+    }
+    if (m_attempts.isEmpty()) {
+        const auto failure = m_failure.value_or(error);
+        abort(failure, PlatformErrorText::network(failure, m_certificateError));
+    }
+}
+
+void HttpExchange::sendRequest()
+{
+    m_socket->write(requestBytes(m_request, m_cookies->cookiesForUrl(m_request.url)));
 }
 
 void HttpExchange::takeBytes()
 {
     m_idleTimer.start();
-    // Piece by piece: what is left is not decompressed yet, and may be a thousand times larger.
     constexpr qint64 piece = 64 * 1024;
-    for (QByteArray bytes = m_reply->read(piece); !bytes.isEmpty(); bytes = m_reply->read(piece)) {
-        m_body += bytes;
-        if (m_body.size() > m_limits.bodyBytes) {
-            abort(QNetworkReply::UnknownContentError, PlatformErrorText::tooLarge());
+    while (!m_hasEnded) {
+        const QByteArray bytes = m_socket->read(piece);
+        if (bytes.isEmpty())
             return;
-        }
+        takeState(m_reader.take(bytes));
     }
 }
 
-void HttpExchange::finish()
+void HttpExchange::takeState(HttpAnswerReader::State state)
 {
-    if (m_hasEnded)
+    using State = HttpAnswerReader::State;
+    if (m_hasEnded || state == State::unfinished)
         return;
-    takeBytes();
-    if (m_hasEnded)
-        return;
-
-    const QNetworkReply::NetworkError error = m_reply->error();
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (error == QNetworkReply::NoError || reportsStatus(error, status)) {
-        // Qt takes an early hint (103) for the answer, and the answer is lost.
-        if (status >= 200)
-            succeed(status);
-        else
-            abort(QNetworkReply::ProtocolFailure, PlatformErrorText::badServerResponse());
+    if (state != State::whole) {
+        abort(QAbstractSocket::OperationError,
+              state == State::tooLarge ? PlatformErrorText::tooLarge()
+                                       : PlatformErrorText::badServerResponse());
         return;
     }
-    abort(error, PlatformErrorText::network(error, m_certificateError));
-}
-
-void HttpExchange::succeed(int status)
-{
-    m_hasEnded = true;
-    m_idleTimer.stop();
-    m_totalTimer.stop();
-    m_promise.addResult(HttpAnswer { status, m_reply->rawHeaderPairs(), m_body });
-    m_promise.finish();
-    deleteLater();
+    for (const auto &[name, value] : m_reader.answer().headers) {
+        if (name.compare("Set-Cookie", Qt::CaseInsensitive) == 0)
+            m_cookies->setCookiesFromUrl(QNetworkCookie::parseCookies(value), m_request.url);
+    }
+    m_promise.addResult(m_reader.answer());
+    end();
 }
 
 void HttpExchange::abort(int code, const QString &localizedDescription)
 {
     if (m_hasEnded)
         return;
-    m_hasEnded = true;
-    m_idleTimer.stop();
-    m_totalTimer.stop();
-    // The reply is not aborted but destroyed with this object: an error that its thread has already
-    // posted would be its second one, and Qt complains of that on the console.
     m_promise.setException(McpError(McpError::Domain::Network, code, localizedDescription));
+    end();
+}
+
+void HttpExchange::end()
+{
+    m_hasEnded = true;
     m_promise.finish();
+    // Nothing that still arrives is read, or does any work.
+    for (QSslSocket *socket : findChildren<QSslSocket *>(Qt::FindDirectChildrenOnly)) {
+        socket->disconnect(this);
+        socket->abort();
+    }
     deleteLater();
 }

@@ -1,62 +1,69 @@
 #pragma once
 
-#include <QByteArray>
+#include "Services/HttpAnswer.h"
+#include "Services/HttpAnswerReader.h"
+
+#include <QAbstractSocket>
 #include <QFuture>
-#include <QList>
-#include <QNetworkRequest>
+#include <QNetworkProxy>
 #include <QObject>
 #include <QPromise>
 #include <QTimer>
+#include <QUrl>
 
-#include <chrono>
+#include <optional>
 
-class QNetworkAccessManager;
-class QNetworkReply;
+class QNetworkCookieJar;
+class QSslSocket;
 
-/// Any HTTP answer, whatever its status.
-struct HttpAnswer
+/// What is posted. The headers are those beside the ones of HTTP itself.
+struct HttpRequest
 {
-    int status = 0;
-    QList<std::pair<QByteArray, QByteArray>> headers; ///< names as received
-    QByteArray body; ///< decompressed
+    QUrl url; ///< https or http, with a host
+    HttpHeaders headers;
+    QByteArray body;
 };
 
-/// When a request is given up.
-struct HttpLimits
-{
-    std::chrono::milliseconds idle = std::chrono::seconds(30); ///< without a byte
-    std::chrono::milliseconds total = std::chrono::seconds(60);
-    qint64 bodyBytes = 64 * 1024 * 1024;
-};
-
-/// One POST. It ends exactly once: with an answer, or with McpError of the domain Network. The body
-/// is sent at most once: where the network stack would send it again on a new connection, the
-/// request fails instead, because a server may already have acted on the first.
-/// The object deletes itself after the end.
+/// One POST on a connection of its own, which ends with it: what a server sends too much, too late
+/// or unasked never reaches another question, and no request is ever sent twice. It ends exactly
+/// once: with an answer, or with McpError of the domain Network. The object deletes itself after
+/// the end.
 class HttpExchange : public QObject
 {
     Q_OBJECT
 
 public:
-    HttpExchange(QNetworkAccessManager *manager, const QNetworkRequest &request,
-                 const QByteArray &body, const HttpLimits &limits);
+    HttpExchange(const HttpRequest &request, const HttpLimits &limits);
     ~HttpExchange() override;
 
     QFuture<HttpAnswer> answer() const { return m_promise.future(); }
+    /// To be called once, in the thread in which the object lives. `cookies` outlives it.
+    void start(QNetworkCookieJar *cookies);
     /// Ends the exchange with this error, unless it has ended.
     void abort(int code, const QString &localizedDescription);
 
 private:
+    void connectTo(QAbstractSocket::NetworkLayerProtocol protocol);
+    void connectOtherwise();
+    void noteConnection(QSslSocket *socket);
+    void noteError(QSslSocket *socket, QAbstractSocket::SocketError error);
+    void sendRequest();
     void takeBytes();
-    void finish();
-    void succeed(int status);
+    void takeState(HttpAnswerReader::State state);
+    void end();
 
-    QPromise<HttpAnswer> m_promise;
-    QNetworkReply *m_reply;
+    HttpRequest m_request;
     HttpLimits m_limits;
-    QTimer m_idleTimer;
-    QTimer m_totalTimer;
-    QByteArray m_body;
+    QPromise<HttpAnswer> m_promise;
+    HttpAnswerReader m_reader;
+    QNetworkCookieJar *m_cookies = nullptr;
+    QNetworkProxy m_proxy { QNetworkProxy::NoProxy };
+    QList<QSslSocket *> m_attempts; ///< that may still become the connection
+    QSslSocket *m_socket = nullptr; ///< the connection, once it stands
+    bool m_canConnectOtherwise = false;
+    std::optional<QAbstractSocket::SocketError> m_failure; ///< of an attempt
+    QTimer m_idleTimer { this };
+    QTimer m_totalTimer { this };
     QString m_certificateError;
     bool m_hasEnded = false;
 };

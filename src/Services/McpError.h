@@ -10,8 +10,9 @@ class McpError : public QException
 public:
     enum class Domain {
         Client, ///< the protocol: "VTRMCPClient"
-        Network, ///< no usable HTTP answer arrived; the code is a QNetworkReply::NetworkError
+        Network, ///< no usable HTTP answer arrived; the code is a QAbstractSocket::SocketError
         Json, ///< the answer is no JSON document; the code is a QJsonParseError::ParseError
+        Internal, ///< the program itself failed, from want of memory for instance
     };
 
     McpError(Domain domain, int code, const QString &localizedDescription)
@@ -20,6 +21,10 @@ public:
         , m_localizedDescription(localizedDescription)
         , m_utf8(localizedDescription.toUtf8())
     { }
+
+    /// The exception that is being handled, to be called in a handler: itself when it is an
+    /// McpError, or else one of the domain Internal.
+    static McpError current();
 
     Domain domain() const { return m_domain; }
     /// For a protocol error the HTTP status of a failed "initialize", else -1.

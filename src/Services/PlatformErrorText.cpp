@@ -27,40 +27,32 @@ void installTurkishCatalogue()
         qWarning("The embedded Turkish catalogue cannot be read.");
 }
 
-QString network(QNetworkReply::NetworkError error, const QString &certificateError)
+QString network(QAbstractSocket::SocketError error, const QString &certificateError)
 {
     switch (error) {
-    case QNetworkReply::ConnectionRefusedError:
+    case QAbstractSocket::ConnectionRefusedError:
         return u"Sunucuya bağlanılamadı: bağlantı reddedildi. Lütfen daha sonra yeniden deneyin."_s;
-    case QNetworkReply::RemoteHostClosedError:
-    case QNetworkReply::ContentReSendError:
-        // Qt reports a missing, a cut and an unreadable answer alike.
+    case QAbstractSocket::RemoteHostClosedError:
         return u"Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı. Lütfen yeniden deneyin."_s;
-    case QNetworkReply::HostNotFoundError:
+    case QAbstractSocket::HostNotFoundError:
         return u"Sunucu bulunamadı. İnternet bağlantınızı denetleyin."_s;
-    case QNetworkReply::TimeoutError:
+    case QAbstractSocket::SocketTimeoutError:
         return idleTimeout();
-    case QNetworkReply::SslHandshakeFailedError:
+    case QAbstractSocket::SslHandshakeFailedError:
+    case QAbstractSocket::SslInternalError:
+    case QAbstractSocket::SslInvalidUserDataError:
         return tls(certificateError);
-    case QNetworkReply::OperationCanceledError:
-        return u"İstek iptal edildi."_s;
-    case QNetworkReply::TemporaryNetworkFailureError:
-    case QNetworkReply::NetworkSessionFailedError:
-    case QNetworkReply::UnknownNetworkError:
+    case QAbstractSocket::NetworkError:
+    case QAbstractSocket::SocketAccessError:
+    case QAbstractSocket::SocketResourceError:
         return u"Ağ bağlantısı kurulamadı. İnternet bağlantınızı denetleyin."_s;
-    case QNetworkReply::ProxyConnectionRefusedError:
-    case QNetworkReply::ProxyConnectionClosedError:
-    case QNetworkReply::ProxyNotFoundError:
-    case QNetworkReply::ProxyTimeoutError:
-    case QNetworkReply::ProxyAuthenticationRequiredError:
-    case QNetworkReply::UnknownProxyError:
+    case QAbstractSocket::ProxyAuthenticationRequiredError:
+    case QAbstractSocket::ProxyConnectionRefusedError:
+    case QAbstractSocket::ProxyConnectionClosedError:
+    case QAbstractSocket::ProxyConnectionTimeoutError:
+    case QAbstractSocket::ProxyNotFoundError:
+    case QAbstractSocket::ProxyProtocolError:
         return u"Vekil sunucuya (proxy) bağlanılamadı. Ağ ayarlarınızı denetleyin."_s;
-    case QNetworkReply::ProtocolFailure:
-    case QNetworkReply::ProtocolUnknownError:
-    case QNetworkReply::ProtocolInvalidOperationError:
-    case QNetworkReply::UnknownContentError:
-    case QNetworkReply::UnknownServerError:
-        return badServerResponse();
     default:
         return u"İstek tamamlanamadı. Lütfen yeniden deneyin."_s;
     }
@@ -81,6 +73,8 @@ QString tooLarge() { return u"Sunucunun yanıtı kabul edilemeyecek kadar büyü
 QString badServerResponse() { return u"Sunucudan geçersiz bir yanıt alındı."_s; }
 
 QString applicationQuits() { return u"Uygulama kapanıyor, istek tamamlanmadı."_s; }
+
+QString unexpected() { return u"Beklenmeyen bir sorun oluştu. Lütfen yeniden deneyin."_s; }
 
 QString json(const QJsonParseError &error)
 {

@@ -22,9 +22,12 @@ bool isAcceptableEndpoint(const QUrl &endpoint)
 {
     if (!endpoint.isValid() || endpoint.host().isEmpty() || !endpoint.userInfo().isEmpty())
         return false;
-    const QString host = endpoint.host();
-    const bool isLoopback = host == u"localhost" || QHostAddress(host).isLoopback();
-    return endpoint.scheme() == u"https" || (endpoint.scheme() == u"http" && isLoopback);
+    return endpoint.scheme() == u"https" || (endpoint.scheme() == u"http" && isLoopback(endpoint));
+}
+
+bool isLoopback(const QUrl &url)
+{
+    return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
 }
 
 QString webSite() { return QStringLiteral(VANTORA_WEB_SITE); }

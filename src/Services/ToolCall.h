@@ -16,11 +16,15 @@ QCoro::Task<Record> VTRMCPClient::callTool(QString name, QJsonObject arguments,
 {
     ++m_callsUnderWay;
     const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
-    const QByteArray body = co_await exchangeToolCall(name, arguments);
-    if (body.size() <= largestBodyParsedOnMainThread)
-        co_return reader(readToolResult(body));
+    try {
+        const QByteArray body = co_await exchangeToolCall(name, arguments);
+        if (body.size() <= largestBodyParsedOnMainThread)
+            co_return reader(readToolResult(body));
 
-    const QFuture<Record> parsed =
-        QtConcurrent::run(&m_readerPool, [body, reader] { return reader(readToolResult(body)); });
-    co_return co_await parsed;
+        const QFuture<Record> parsed = QtConcurrent::run(
+            &m_readerPool, [body, reader] { return reader(readToolResult(body)); });
+        co_return co_await parsed;
+    } catch (...) {
+        throw McpError::current();
+    }
 }

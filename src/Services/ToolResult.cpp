@@ -8,8 +8,39 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// What one reply may hold. Each object or array of three bytes may become a record of a kilobyte.
+// A list of ten thousand flights has 30,000 of them and 250,000 values.
+constexpr int mostContainers = 50'000;
+constexpr int mostValues = 1'000'000;
+
+bool isTooMuch(const QByteArray &json)
+{
+    int containers = 0;
+    int values = 0;
+    bool isText = false;
+    for (const char *sign = json.cbegin(); sign != json.cend(); ++sign) {
+        if (isText && *sign == '\\' && sign + 1 != json.cend())
+            ++sign;
+        else if (*sign == '"')
+            isText = !isText;
+        else if (!isText && (*sign == '{' || *sign == '['))
+            ++containers;
+        else if (!isText && *sign == ',')
+            ++values;
+    }
+    return containers > mostContainers || values > mostValues;
+}
+
+} // namespace
+
 QJsonObject readToolResult(const QByteArray &body)
 {
+    if (isTooMuch(body)) {
+        throw McpError(McpError::Domain::Network, QAbstractSocket::OperationError,
+                       PlatformErrorText::tooLarge());
+    }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(body, &parseError);
     if (parseError.error != QJsonParseError::NoError) {

@@ -7,10 +7,12 @@
 #include <QCoroFuture>
 
 #include <QCoreApplication>
-#include <QHostAddress>
 #include <QJsonDocument>
-#include <QNetworkProxy>
 #include <QStringDecoder>
+#include <QTimer>
+#include <QtConcurrentRun>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -44,16 +46,6 @@ QByteArray toolCallBody(qint64 id, const QString &name, const QJsonObject &argum
     return QJsonDocument(request).toJson(QJsonDocument::Compact);
 }
 
-/// Empty when there is no such header.
-QString sessionIdOf(const HttpAnswer &answer)
-{
-    for (const auto &[name, value] : answer.headers) {
-        if (name.toLower() == "mcp-session-id")
-            return QString::fromLatin1(value);
-    }
-    return {};
-}
-
 /// Empty when the bytes are no UTF-8.
 QString utf8Text(const QByteArray &bytes)
 {
@@ -63,21 +55,34 @@ QString utf8Text(const QByteArray &bytes)
     return decoder.hasError() ? QString() : text;
 }
 
-bool isLoopback(const QUrl &url)
+/// The session that an answer to "initialize" opens; an McpError when it opens none.
+QString readSessionId(const HttpAnswer &answer)
 {
-    return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
+    const auto header =
+        std::find_if(answer.headers.begin(), answer.headers.end(), [](const auto &candidate) {
+            return candidate.first.compare("mcp-session-id", Qt::CaseInsensitive) == 0;
+        });
+    if (header != answer.headers.end() && !header->second.isEmpty())
+        return QString::fromLatin1(header->second);
+    throw McpError(McpError::Domain::Client, answer.status,
+                   u"No mcp-session-id header: "_s + utf8Text(answer.body));
+}
+
+HttpHeaders commonHeaders()
+{
+    return { { "Content-Type", "application/json" },
+             { "Accept", "application/json, text/event-stream" } };
 }
 
 } // namespace
 
 VTRMCPClient::VTRMCPClient(const QUrl &endpoint, const HttpLimits &limits)
-    : m_endpoint(endpoint)
-    , m_limits(limits)
+    : m_transport(endpoint, limits)
 {
-    if (!endpoint.isValid())
-        qFatal("The MCP endpoint is no address: %s", qPrintable(endpoint.toString()));
-    if (isLoopback(endpoint))
-        m_manager.setProxy(QNetworkProxy::NoProxy);
+    if (!ServiceAddresses::isAcceptableEndpoint(endpoint))
+        qFatal("The MCP endpoint is no address to use: %s", qPrintable(endpoint.toString()));
+    // Two large answers at once would cost twice the memory.
+    m_readerPool.setMaxThreadCount(1);
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             &VTRMCPClient::shutDown);
 }
@@ -104,44 +109,15 @@ VTRMCPClient &VTRMCPClient::shared()
 void VTRMCPClient::shutDown()
 {
     m_isShutDown = true;
-    const auto exchanges = findChildren<HttpExchange *>(Qt::FindDirectChildrenOnly);
-    for (HttpExchange *exchange : exchanges)
-        exchange->abort(QNetworkReply::OperationCanceledError,
-                        PlatformErrorText::applicationQuits());
+    m_transport.stop();
+    for (const auto &breath : std::exchange(m_breaths, {}))
+        breath->finish();
     // Awaiting tasks are resumed by posted events, and no event loop follows. The number of rounds
     // is that of the awaits inside one another, with room to spare.
     for (int round = 0; m_callsUnderWay > 0 && round < 32; ++round) {
         m_readerPool.waitForDone();
         QCoreApplication::sendPostedEvents();
     }
-}
-
-QNetworkRequest VTRMCPClient::makeRequest() const
-{
-    QNetworkRequest request(m_endpoint);
-    request.setHeader(QNetworkRequest::ContentTypeHeader, u"application/json"_s);
-    request.setRawHeader("Accept", "application/json, text/event-stream");
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                         QNetworkRequest::ManualRedirectPolicy);
-    // HttpExchange has a limit of its own; Qt's would refuse a list that compresses well.
-    request.setDecompressedSafetyCheckThreshold(-1);
-    // Qt would answer a 401 itself, by sending the request again, and the server's words were lost.
-    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    // HttpExchange's promise to send a body only once holds for HTTP/1.1.
-    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    return request;
-}
-
-QFuture<HttpAnswer> VTRMCPClient::post(const QNetworkRequest &request, const QByteArray &body)
-{
-    if (m_isShutDown) {
-        return QtFuture::makeExceptionalFuture<HttpAnswer>(
-            McpError(McpError::Domain::Network, QNetworkReply::OperationCanceledError,
-                     PlatformErrorText::applicationQuits()));
-    }
-    auto *exchange = new HttpExchange(&m_manager, request, body, m_limits);
-    exchange->setParent(this);
-    return exchange->answer();
 }
 
 QCoro::Task<QString> VTRMCPClient::getSessionId()
@@ -166,9 +142,9 @@ QCoro::Task<QString> VTRMCPClient::getSessionId()
         m_isInitialized = true;
         m_initTask.reset();
         promise.addResult(sessionId);
-    } catch (const McpError &error) {
+    } catch (...) {
         // The failed task stays: later calls get its error without asking the server again.
-        promise.setException(error);
+        promise.setException(McpError::current());
     }
     const QFuture<QString> settled = promise.future();
     promise.finish();
@@ -177,32 +153,50 @@ QCoro::Task<QString> VTRMCPClient::getSessionId()
 
 QCoro::Task<QString> VTRMCPClient::initialize()
 {
-    const QNetworkRequest request = makeRequest();
-    const QFuture<HttpAnswer> exchange = post(request, initializeBody());
+    const QFuture<HttpAnswer> exchange = m_transport.post(commonHeaders(), initializeBody());
     const HttpAnswer answer = co_await exchange;
-    const QString sessionId = sessionIdOf(answer);
-    if (sessionId.isEmpty()) {
-        throw McpError(McpError::Domain::Client, answer.status,
-                       u"No mcp-session-id header: "_s + utf8Text(answer.body));
-    }
-    co_return sessionId;
+    // The body of a refusal becomes its description, and may be large.
+    const QFuture<QString> sessionId = QtConcurrent::run(&m_readerPool, readSessionId, answer);
+    co_return co_await sessionId;
 }
 
 QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject arguments)
 {
-    while (true) {
+    for (int repetition = 1;; ++repetition) {
         const QString sessionId = co_await getSessionId();
-        QNetworkRequest request = makeRequest();
-        request.setRawHeader("mcp-session-id", sessionId.toLatin1());
+        HttpHeaders headers = commonHeaders();
+        headers.append({ "mcp-session-id", sessionId.toLatin1() });
         const qint64 id = m_requestId++;
-        const QFuture<HttpAnswer> exchange = post(request, toolCallBody(id, name, arguments));
+        const QFuture<HttpAnswer> exchange =
+            m_transport.post(headers, toolCallBody(id, name, arguments));
         const HttpAnswer answer = co_await exchange;
         if (answer.status != 400 && answer.status != 404)
             co_return answer.body;
         m_isInitialized = false;
         m_sessionId.reset();
         m_initTask.reset();
+        const QFuture<void> pause = breath(repetition);
+        co_await pause;
     }
+}
+
+QFuture<void> VTRMCPClient::breath(int repetition)
+{
+    const auto breath = std::make_shared<QPromise<void>>();
+    breath->start();
+    const QFuture<void> end = breath->future();
+    // The first is free: a session may simply have grown old.
+    if (repetition == 1 || m_isShutDown) {
+        breath->finish();
+        return end;
+    }
+    const std::chrono::milliseconds grown(50 << std::min(repetition, 10));
+    m_breaths.append(breath);
+    QTimer::singleShot(std::min(grown, m_longestBreath), this, [this, breath] {
+        m_breaths.removeOne(breath);
+        breath->finish();
+    });
+    return end;
 }
 
 QCoro::Task<QJsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)

@@ -6,18 +6,20 @@
 #include "Models/PriceCalendar.h"
 #include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
-#include "Services/HttpExchange.h"
+#include "Services/HttpTransport.h"
 #include "Services/McpError.h"
 
 #include <QCoroTask>
 
 #include <QFuture>
 #include <QJsonObject>
-#include <QNetworkAccessManager>
+#include <QList>
 #include <QObject>
+#include <QPromise>
 #include <QThreadPool>
 #include <QUrl>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -52,8 +54,8 @@ public:
 
     /// Calls one tool of the server. Returns the result's "structuredContent", else the whole
     /// "result", else an empty object. A status of 400 or 404 means that the session is lost: the
-    /// call is repeated in a new one, without limit, until the server says something else or the
-    /// application quits.
+    /// call is repeated in a new one, at first at once and then after breaths that grow to two
+    /// seconds, without limit, until the server says something else or the application quits.
     QCoro::Task<QJsonObject> callTool(QString name, QJsonObject arguments);
 
     /// The lowest fare of each day around `departureDate` ("yyyy-MM-dd").
@@ -88,25 +90,26 @@ private:
     /// Ends every exchange and starts no other. Tasks under way end before this returns: with an
     /// error, or with their result when its body was being read already.
     void shutDown();
-    QNetworkRequest makeRequest() const;
-    QFuture<HttpAnswer> post(const QNetworkRequest &request, const QByteArray &body);
     QCoro::Task<QString> initialize();
     /// The body of the first answer that is neither 400 nor 404.
     QCoro::Task<QByteArray> exchangeToolCall(QString name, QJsonObject arguments);
+    /// Ends after the breath that is due before a call is repeated for the nth time; at once when
+    /// the application quits.
+    QFuture<void> breath(int repetition);
 
     /// Calls a tool and reads its result with `reader`, off the main thread when it is large.
     template<typename Record>
     QCoro::Task<Record> callTool(QString name, QJsonObject arguments,
                                  std::function<Record(const QJsonObject &)> reader);
 
-    QUrl m_endpoint;
-    HttpLimits m_limits;
-    QNetworkAccessManager m_manager;
-    QThreadPool m_readerPool; ///< where large bodies are read
+    HttpTransport m_transport;
+    QThreadPool m_readerPool; ///< where large bodies are read, one after the other
     std::optional<QString> m_sessionId;
     qint64 m_requestId = 1; ///< of the next tool call; "initialize" always has 1
     std::optional<QFuture<QString>> m_initTask;
     bool m_isInitialized = false;
     bool m_isShutDown = false;
     int m_callsUnderWay = 0;
+    std::chrono::milliseconds m_longestBreath = std::chrono::seconds(2);
+    QList<std::shared_ptr<QPromise<void>>> m_breaths; ///< being taken
 };

@@ -5,6 +5,7 @@
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 #include <QTextStream>
 
 #include <algorithm>
@@ -16,10 +17,13 @@ namespace {
 constexpr int defaultDaysToDeparture = 14;
 constexpr int defaultDaysToReturn = 21;
 
-/// An error's description may hold what a server sent: it stays one line and gives the terminal no
-/// orders.
+/// An error's description may hold what a server sent: it stays one line of a length that can be
+/// read, and gives the terminal no orders.
 void writeConsoleLine(QString line)
 {
+    constexpr qsizetype longestLine = 1000;
+    if (line.size() > longestLine)
+        line = line.left(longestLine) + u'…';
     std::replace_if(
         line.begin(), line.end(),
         [](QChar character) { return character.category() == QChar::Other_Control; }, u' ');
@@ -179,19 +183,21 @@ QCoro::Task<> FlightSearchViewModel::searchAll()
         setErrorMessage(u"Lütfen kalkış ve varış havalimanlarını seçin."_s);
         co_return;
     }
+    const QPointer<FlightSearchViewModel> self(this);
     const QString searchDay = formatDate(m_departureDate);
     setSelectedDate(searchDay);
     setLoading(true);
+    const auto lowerFlag = qScopeGuard([self] {
+        if (self)
+            self->setLoading(false);
+    });
     setErrorMessage(std::nullopt);
     publish(m_hasSearched, true, &FlightSearchViewModel::hasSearchedChanged);
 
-    const QPointer<FlightSearchViewModel> self(this);
     const QCoro::Task<> calendar = loadCalendar(searchDay);
     const QCoro::Task<> flights = loadFlights(searchDay);
     co_await calendar;
     co_await flights;
-    if (self)
-        setLoading(false);
 }
 
 QCoro::Task<> FlightSearchViewModel::loadCalendar(QString searchDay)
@@ -209,8 +215,9 @@ QCoro::Task<> FlightSearchViewModel::loadCalendar(QString searchDay)
         m_bestPrice = calendar.bestPrice;
         Q_EMIT bestPriceChanged();
         publish(m_currency, calendar.currency, &FlightSearchViewModel::currencyChanged);
-    } catch (const McpError &error) {
-        writeConsoleLine(u"Price calendar fetch error: "_s + error.localizedDescription());
+    } catch (...) {
+        writeConsoleLine(u"Price calendar fetch error: "_s
+                         + McpError::current().localizedDescription());
     }
 }
 
@@ -223,7 +230,8 @@ QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
             m_originCode, m_destinationCode, searchDay, returnDate, m_tripType, m_passengers);
         if (self)
             setFlights(flights);
-    } catch (const McpError &error) {
+    } catch (...) {
+        const McpError error = McpError::current();
         writeConsoleLine(u"Flights search error: "_s + error.localizedDescription());
         if (self) {
             setErrorMessage(u"Uçuş bilgileri alınırken hata oluştu: "_s
@@ -234,27 +242,29 @@ QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
 
 QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
 {
+    const QPointer<FlightSearchViewModel> self(this);
     setSelectedDate(date);
     if (const auto parsed = parseDate(date))
         setDepartureDate(*parsed);
     setSearchingFlightsOnly(true);
+    const auto lowerFlag = qScopeGuard([self] {
+        if (self)
+            self->setSearchingFlightsOnly(false);
+    });
     setErrorMessage(std::nullopt);
 
-    const QPointer<FlightSearchViewModel> self(this);
     try {
         const std::optional<QString> returnDate = returnDay();
         const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
             m_originCode, m_destinationCode, date, returnDate, m_tripType, m_passengers);
         if (self)
             setFlights(flights);
-    } catch (const McpError &error) {
+    } catch (...) {
         if (self) {
             setErrorMessage(u"Seçilen tarih (%1) için uçuşlar yüklenemedi: "_s.arg(date)
-                            + error.localizedDescription());
+                            + McpError::current().localizedDescription());
         }
     }
-    if (self)
-        setSearchingFlightsOnly(false);
 }
 
 void FlightSearchViewModel::applyFilter(FlightSortOption option)

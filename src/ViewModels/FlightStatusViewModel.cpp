@@ -4,6 +4,7 @@
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -39,11 +40,15 @@ QCoro::Task<> FlightStatusViewModel::searchStatus()
         setErrorMessage(u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s);
         co_return;
     }
-    setLoading(true);
-    setErrorMessage(std::nullopt);
-
     // The sheet may close, and take this object with it, while the server answers.
     const QPointer<FlightStatusViewModel> self(this);
+    setLoading(true);
+    const auto lowerFlag = qScopeGuard([self] {
+        if (self)
+            self->setLoading(false);
+    });
+    setErrorMessage(std::nullopt);
+
     try {
         const std::optional<QString> day = DateText::day(m_flightDate);
         const FlightStatusResult result =
@@ -53,10 +58,8 @@ QCoro::Task<> FlightStatusViewModel::searchStatus()
         Q_EMIT objectWillChange();
         m_result = result;
         Q_EMIT resultChanged();
-    } catch (const McpError &error) {
+    } catch (...) {
         if (self)
-            setErrorMessage(error.localizedDescription());
+            setErrorMessage(McpError::current().localizedDescription());
     }
-    if (self)
-        setLoading(false);
 }

@@ -45,7 +45,8 @@ private Q_SLOTS:
         const auto once = settle(callWithTrace());
         QVERIFY(once.value);
 
-        constexpr int lostSessions = 2000;
+        constexpr int lostSessions = 1000;
+        VTRMCPClientTestAccess::setLongestBreath(std::chrono::milliseconds(0));
         int calls = 0;
         m_server->onInitialize = [](const ReceivedRequest &) {
             return ScriptedAnswer::session("s");
@@ -86,15 +87,14 @@ private Q_SLOTS:
 
     void aCallIsNeverSentTwice()
     {
-        // Qt itself sends a request again when a used connection drops.
         for (const auto ending : { ScriptedAnswer::Ending::close, ScriptedAnswer::Ending::reset }) {
             QVERIFY(settle(call()).value);
             const qsizetype before = m_server->requests().size();
             m_server->enqueue({ ScriptedAnswer { .ending = ending, .cutAfter = 0 } });
             QVERIFY(settle(call()).error);
             QCOMPARE(m_server->requests().size(), before + 1);
-            QCOMPARE(m_server->requests().at(before).connection,
-                     m_server->requests().at(before - 1).connection);
+            QVERIFY(m_server->requests().at(before).connection
+                    != m_server->requests().at(before - 1).connection);
         }
     }
 
@@ -123,8 +123,7 @@ private Q_SLOTS:
         QList<PendingOutcome<QJsonObject>> calls;
         for (int index = 0; index < 20; ++index)
             calls.append(watch(call()));
-        // Qt sends six requests at once.
-        QTRY_VERIFY(m_server->requests().size() >= (initialize.cutAfter == 0 ? 1 : 1 + 6));
+        QTRY_VERIFY(m_server->requests().size() >= (initialize.cutAfter == 0 ? 1 : 1 + 20));
         if (isApplicationsEnd) {
             QVERIFY(QMetaObject::invokeMethod(qApp, "aboutToQuit"));
             QCOMPARE(watch(call())->errorText(), quitText);

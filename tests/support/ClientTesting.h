@@ -24,6 +24,11 @@ struct VTRMCPClientTestAccess
         VTRMCPClient::instance().reset(new VTRMCPClient(endpoint, limits));
         return VTRMCPClient::shared();
     }
+    /// Calls whose session is lost are repeated with pauses no longer than this.
+    static void setLongestBreath(std::chrono::milliseconds breath)
+    {
+        VTRMCPClient::shared().m_longestBreath = breath;
+    }
     static void destroyShared() { VTRMCPClient::instance().reset(); }
 
     /// Calls a tool with a reader of the test's own.
