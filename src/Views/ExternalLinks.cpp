@@ -4,6 +4,9 @@
 
 namespace {
 
+/// Browsers and the system's way to them take longer ones for a mistake.
+constexpr qsizetype longestAddress = 8192;
+
 struct Addresses
 {
     QUrl webSite;
@@ -33,13 +36,15 @@ void ExternalLinks::setAddresses(const QUrl &webSite, const QUrl &mcpServer)
 bool ExternalLinks::isOpenable(const QUrl &url)
 {
     const bool isWeb = url.scheme() == u"http" || url.scheme() == u"https";
-    return url.isValid() && isWeb && !url.host().isEmpty();
+    // What stands before an @ is there to look like the host.
+    return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
 void ExternalLinks::openBooking(const FlightOption &flight) const
 {
-    const QUrl booking(flight.bookingURLText(), QUrl::StrictMode);
-    if (isOpenable(booking))
+    const QString link = flight.bookingURLText();
+    const QUrl booking(link.left(longestAddress), QUrl::StrictMode);
+    if (link.size() <= longestAddress && isOpenable(booking))
         open(booking);
     else
         openWebSite();

@@ -26,6 +26,6 @@ public:
     /// The root of the MCP server's host.
     Q_INVOKABLE void openMcpServer() const;
 
-    /// True for http and https addresses with a host.
+    /// True for http and https addresses with a host and without user information.
     static bool isOpenable(const QUrl &url);
 };

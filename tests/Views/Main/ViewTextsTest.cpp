@@ -68,8 +68,10 @@ private Q_SLOTS:
         ExternalLinks::setAddresses(webSite, QUrl());
         const QString own = u"https://book.example/x?a=1"_s;
         QCOMPARE(opened(own), QUrl(own));
-        for (const QString &link : { QString(), u"not a link"_s, u"file:///etc/passwd"_s,
-                                     u"javascript:alert(1)"_s, u"https:///x"_s })
+        for (const QString &link :
+             { QString(), u"not a link"_s, u"file:///etc/passwd"_s, u"javascript:alert(1)"_s,
+               u"https:///x"_s, u"https://www.vantora-air.example@evil.example/"_s,
+               u"https://book.example/"_s + QString(1'000'000, u'x') })
             QCOMPARE(opened(link), webSite);
         QDesktopServices::unsetUrlHandler(u"https"_s);
     }
