@@ -1,6 +1,7 @@
 #include "App/Application.h"
 #include "Services/ServiceAddresses.h"
 #include "inspect/Scenes.h"
+#include "inspect/SeenTexts.h"
 #include "inspect/StateWriter.h"
 
 #include <QAccessible>
@@ -28,6 +29,7 @@ struct Options
     QString state;
     int timeoutSeconds = 30;
     bool listsScenes = false;
+    bool stays = false;
 };
 
 /// Ends the program with this message and the exit status of a wrong call.
@@ -71,6 +73,9 @@ Options parseOptions(const QStringList &arguments)
         { u"picture"_s, u"Writes a picture of the window."_s, u"FILE.png"_s },
         { u"state"_s, u"Writes the view model's published state."_s, u"FILE.json"_s },
         { u"timeout"_s, u"How long it may take."_s, u"SECONDS"_s, u"30"_s },
+        { u"stay"_s,
+          u"Leaves the window open after the scene, and answers each line on the standard input "
+          u"with the texts that are seen then, until the input ends."_s },
         { u"list-scenes"_s, u"Lists the scenes."_s },
     });
     if (!parser.parse(arguments))
@@ -84,6 +89,7 @@ Options parseOptions(const QStringList &arguments)
 
     Options options;
     options.listsScenes = parser.isSet(u"list-scenes"_s);
+    options.stays = parser.isSet(u"stay"_s);
     options.scene = parser.value(u"scene"_s);
     options.origin = parser.value(u"origin"_s);
     options.destination = parser.value(u"destination"_s);
@@ -156,7 +162,10 @@ int show(const Options &options)
     const QByteArray state = QJsonDocument(stateOf(*stage.viewModel())).toJson();
     if (!options.state.isEmpty() && !writeFile(options.state, state))
         return fail(u"The state %1 could not be written."_s.arg(options.state));
-    return 0;
+    if (!options.stays)
+        return 0;
+    answerWithSeenTexts(window);
+    return QGuiApplication::exec();
 }
 
 } // namespace
