@@ -32,11 +32,15 @@ vantora_require(Qt6Qml qt6-declarative-dev 6.4)
 vantora_require(Qt6Quick qt6-declarative-dev 6.4)
 vantora_require(Qt6QuickControls2 qt6-declarative-dev 6.4)
 vantora_require(Qt6QuickTest qt6-declarative-dev 6.4)
-vantora_require(Qt6HttpServer qt6-httpserver-dev 6.4)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2
-             QuickTest HttpServer)
+             QuickTest)
 vantora_require(QCoro6 qcoro-qt6-dev 0.8 COMPONENTS Core Network)
 vantora_require(ICU libicu-dev COMPONENTS i18n uc)
+# Headers alone; the name of its CMake target differs between versions.
+find_path(VANTORA_VALIJSON_INCLUDE valijson/validator.hpp)
+if(NOT VANTORA_VALIJSON_INCLUDE)
+  message(FATAL_ERROR "valijson was not found. On Debian: apt-get install libvalijson-dev")
+endif()
 
 get_target_property(qt_core_location Qt6::Core LOCATION)
 get_filename_component(qt_library_folder ${qt_core_location} DIRECTORY)

@@ -1,5 +1,3 @@
-#include "sample_server/CityGuideTool.h"
-
 #include "sample_server/ToolArguments.h"
 #include "sample_server/ToolRegistry.h"
 
@@ -16,7 +14,7 @@ namespace {
 QHash<QString, QJsonObject> readGuides()
 {
     QHash<QString, QJsonObject> guides;
-    const QJsonArray cities = readResource(u"city_guides.json"_s).value("cities"_L1).toArray();
+    const QJsonArray cities = readResource(u"city_guides.json"_s, "cities"_L1);
     for (const QJsonValue city : cities) {
         QJsonObject guide = city.toObject();
         const QJsonArray codes = guide.take("airports"_L1).toArray();

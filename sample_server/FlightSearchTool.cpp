@@ -1,8 +1,7 @@
-#include "sample_server/FlightSearchTool.h"
-
 #include "sample_server/FareModel.h"
 #include "sample_server/ItineraryPlanner.h"
 #include "sample_server/StableRandom.h"
+#include "sample_server/Tool.h"
 #include "sample_server/ToolArguments.h"
 
 #include <QJsonArray>
@@ -85,13 +84,12 @@ QJsonObject searchFlights(const QJsonObject &arguments, const ToolContext &conte
 {
     const AirportSite &origin = airportArgument(arguments, "from"_L1);
     const AirportSite &destination = airportArgument(arguments, "to"_L1);
-    requireDifferent(origin, "from"_L1, destination, "to"_L1);
+    requireDifferent(origin, destination);
     const QDate departure = dateArgument(arguments, "departureDate"_L1);
     const QDate wayBack = dateArgument(arguments, "returnDate"_L1);
     if (wayBack.isValid() && wayBack < departure)
-        throw JsonRpc::Error { JsonRpc::InvalidParams,
-                               u"\"returnDate\": dönüş günü (%1) gidiş gününden (%2) önce "
-                               "olamaz."_s.arg(turkishDate(wayBack), turkishDate(departure)) };
+        throw RpcError { u"Dönüş günü (%1) gidiş gününden (%2) önce olamaz."_s.arg(
+            turkishDate(wayBack), turkishDate(departure)) };
     const int passengers =
         arguments.value("passengers"_L1).toArray().first()["quantity"_L1].toInt();
 

@@ -1,8 +1,7 @@
-#include "sample_server/FlightStatusTool.h"
-
 #include "sample_server/FlightNetwork.h"
 #include "sample_server/ItineraryPlanner.h"
 #include "sample_server/StableRandom.h"
+#include "sample_server/Tool.h"
 #include "sample_server/ToolArguments.h"
 
 #include <QRegularExpression>
@@ -27,17 +26,16 @@ struct FlightState
     int delayMinutes = 0; ///< as far as it is known yet
 };
 
-JsonRpc::Error refusal(const QString &message) { return { JsonRpc::InvalidParams, message }; }
-
 /// The number behind the airline's prefix; blanks around it and small letters are forgiven.
 int parsedNumber(const QString &typed)
 {
     static const QRegularExpression shape(uR"(^VQ ?([0-9]{1,4})\z)"_s);
     const QRegularExpressionMatch match = shape.match(typed.trimmed().toUpper());
     if (!match.hasMatch())
-        throw refusal(
+        throw RpcError {
             u"\"%1\" geçerli bir uçuş numarası değil. Numara VQ ile başlamalı ve ardından "
-            "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(typed.trimmed()));
+            "en çok dört rakam gelmeli (örnek: VQ1983)."_s.arg(typed.trimmed().left(20))
+        };
     return match.captured(1).toInt();
 }
 
@@ -47,12 +45,12 @@ constexpr int daysWithStatus = ItineraryPlanner::daysOnSale + 2;
 ScheduledFlight flightOf(int number, QDate date, QDate today)
 {
     if (std::abs(today.daysTo(date)) > daysWithStatus)
-        throw refusal(u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da sonraki "
-                      "günler sorgulanabilir."_s.arg(turkishDate(date))
-                          .arg(daysWithStatus));
+        throw RpcError { u"%1 günü için uçuş durumu yok: bugünden en çok %2 gün önceki ya da "
+                         "sonraki günler sorgulanabilir."_s.arg(turkishDate(date))
+                             .arg(daysWithStatus) };
     if (const auto flight = FlightNetwork::shared().flight(number, date))
         return *flight;
-    throw refusal(u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number));
+    throw RpcError { u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number) };
 }
 
 int delayOf(const ScheduledFlight &flight)

@@ -1,163 +1,169 @@
 #include "sample_server/McpEndpoint.h"
 
-#include "sample_server/RequestCheck.h"
+#include "sample_server/ToolRegistry.h"
 
-#include <QJsonArray>
-
-#include <algorithm>
+#include <QHostAddress>
+#include <QJsonDocument>
+#include <QUrl>
+#include <QUuid>
 
 namespace Sample {
 
 using namespace Qt::StringLiterals;
-using Status = HttpAnswer::Status;
-using RequestCheck::errorAnswer;
 
 namespace {
 
 constexpr auto sessionHeader = "mcp-session-id";
-constexpr qsizetype longestBatch = 50;
+/// One more, and the session that was not named for the longest time ends.
+constexpr int mostSessions = 1000;
 
-HttpAnswer jsonAnswer(const QJsonDocument &document)
+HttpAnswer jsonAnswer(const QJsonValue &id, const QString &member, const QJsonObject &content,
+                      int status = 200)
 {
-    return { Status::Ok, document.toJson(QJsonDocument::Compact), {} };
+    const QJsonObject message { { u"jsonrpc"_s, u"2.0"_s }, { u"id"_s, id }, { member, content } };
+    return { status, QJsonDocument(message).toJson(QJsonDocument::Compact), {} };
 }
 
-HttpAnswer malformed(const QJsonValue &id = QJsonValue::Null)
+HttpAnswer errorAnswer(int status, const RpcError &error, const QJsonValue &id = QJsonValue::Null)
 {
-    return errorAnswer(Status::BadRequest, JsonRpc::InvalidRequest,
-                       u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s, id);
+    return jsonAnswer(id, u"error"_s,
+                      { { u"code"_s, int(error.code) }, { u"message"_s, error.message } }, status);
 }
 
-HttpAnswer sessionMissing()
+HttpAnswer refusal(int status, const QString &message)
 {
-    return errorAnswer(Status::BadRequest, JsonRpc::SessionMissing,
-                       u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s);
+    return errorAnswer(status, { message, RpcError::InvalidRequest });
 }
 
-HttpAnswer sessionUnknown()
+/// Whether an address, such as "http://127.0.0.1:8080", is one of this machine. A web page of
+/// elsewhere must not talk to the server: browsers tell its address as the origin, and a name that
+/// was turned to this machine as the host.
+bool isLoopback(const QByteArray &address)
 {
-    return errorAnswer(Status::NotFound, JsonRpc::SessionUnknown,
-                       u"Oturum bulunamadı ya da sona erdi."_s);
+    const QUrl url(QString::fromLatin1(address), QUrl::StrictMode);
+    return url.isValid() && url.userInfo().isEmpty()
+        && (url.host() == "localhost"_L1 || QHostAddress(url.host()).isLoopback());
 }
 
-bool isInitialize(const QJsonValue &message)
+/// What HTTP demands of a request before its message is looked at.
+std::optional<HttpAnswer> httpRefusal(const HttpRequest &request)
 {
-    return JsonRpc::kindOf(message) == JsonRpc::Kind::Request
-        && message["method"_L1].toString() == "initialize"_L1;
+    if (!isLoopback("http://" + request.headers.value("host"))
+        || !isLoopback(request.headers.value("origin", "http://localhost")))
+        return refusal(403, u"Yalnızca bu bilgisayardan gelen istekler kabul edilir."_s);
+    if (request.path != "/mcp")
+        return refusal(404, u"Burada bir şey yok; sunucu /mcp adresinde."_s);
+    if (request.method != "POST" && request.method != "DELETE")
+        return HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } } };
+    const QByteArray type = request.headers.value("content-type").split(';').first().trimmed();
+    if (request.method == "POST" && type.toLower() != "application/json")
+        return refusal(415, u"İsteğin Content-Type başlığı application/json olmalı."_s);
+    return std::nullopt;
+}
+
+QJsonObject initializeResult(const QJsonObject &params)
+{
+    static const QStringList versions { u"2024-11-05"_s, u"2025-03-26"_s, u"2025-06-18"_s,
+                                        u"2025-11-25"_s };
+    const QString wanted = params["protocolVersion"_L1].toString();
+    return {
+        { u"protocolVersion"_s, versions.contains(wanted) ? wanted : versions.last() },
+        { u"capabilities"_s, QJsonObject { { u"tools"_s, QJsonObject() } } },
+        { u"serverInfo"_s,
+          QJsonObject { { u"name"_s, u"vantora-sample-server"_s }, { u"version"_s, u"1.0.0"_s } } },
+        { u"instructions"_s,
+          u"All fares, schedules and states are invented. Airports are named by IATA codes, days "
+          "are written yyyy-MM-dd."_s },
+    };
 }
 
 } // namespace
 
-std::variant<HttpAnswer, McpEndpoint::Job> McpEndpoint::receive(const QHttpServerRequest &request,
-                                                                const ToolContext &context,
-                                                                SessionStore::Moment now)
+HttpAnswer McpEndpoint::answer(const HttpRequest &request, const ToolContext &context)
 {
-    if (auto refusal = RequestCheck::refusal(request))
-        return std::move(*refusal);
-
-    QJsonDocument document;
-    const bool isPost = request.method() == QHttpServerRequest::Method::Post;
-    if (isPost) {
-        QJsonParseError error {};
-        document = QJsonDocument::fromJson(request.body(), &error);
-        if (error.error != QJsonParseError::NoError)
-            return errorAnswer(Status::BadRequest, JsonRpc::ParseError,
-                               u"İstek geçerli bir JSON belgesi değil."_s);
-        if (document.isObject() && isInitialize(document.object()))
-            return openSession(document.object(), now);
-    }
-
-    const QByteArray id = request.value(sessionHeader);
-    if (id.isEmpty())
-        return sessionMissing();
-    const std::optional<QString> version = m_sessions.touch(id, now);
-    if (!version)
-        return sessionUnknown();
-    const QByteArray versionHeader = request.value("mcp-protocol-version");
-    if (!versionHeader.isEmpty()
-        && !McpProtocol::versions().contains(QString::fromLatin1(versionHeader)))
-        return errorAnswer(Status::BadRequest, JsonRpc::InvalidRequest,
-                           u"MCP-Protocol-Version başlığındaki sürüm bilinmiyor."_s);
-
-    if (!isPost) {
-        m_sessions.close(id, now);
-        return HttpAnswer {};
-    }
-    if (document.isArray())
-        return receiveBatch(document.array(), *version, context);
-    return receiveOne(document.object(), context);
+    if (auto refusal = httpRefusal(request))
+        return *refusal;
+    if (request.method == "POST")
+        return answerMessage(request, context);
+    if (auto refusal = sessionRefusal(request))
+        return *refusal;
+    m_sessions.removeLast();
+    return {};
 }
 
-HttpAnswer McpEndpoint::openSession(const QJsonObject &request, SessionStore::Moment now)
+HttpAnswer McpEndpoint::answerMessage(const HttpRequest &request, const ToolContext &context)
 {
-    const QJsonValue id = JsonRpc::idOf(request);
+    const QJsonDocument document = QJsonDocument::fromJson(request.body);
+    if (document.isNull())
+        return errorAnswer(400,
+                           { u"İstek geçerli bir JSON belgesi değil."_s, RpcError::ParseError });
+    const QString method = document["method"_L1].toString();
+    const QJsonValue id = document["id"_L1];
+    if (document["jsonrpc"_L1] != "2.0"_L1 || method.isEmpty()
+        || !(id.isUndefined() || id.isString() || id.isDouble()))
+        return refusal(400, u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s);
+
+    const bool opensSession = method == "initialize"_L1;
+    if (!opensSession) {
+        if (auto refusal = sessionRefusal(request))
+            return *refusal;
+    }
+    if (id.isUndefined())
+        return { 202, {}, {} };
     try {
-        const QString version = m_protocol->negotiatedVersion(request);
-        HttpAnswer answer =
-            jsonAnswer(QJsonDocument(JsonRpc::result(id, m_protocol->initializeResult(version))));
-        answer.headers.emplaceBack(sessionHeader, m_sessions.open(version, now));
+        const QJsonObject params = document["params"_L1].toObject();
+        HttpAnswer answer = jsonAnswer(id, u"result"_s, resultOf(method, params, context));
+        if (opensSession)
+            answer.headers.append({ sessionHeader, openSession() });
         return answer;
-    } catch (const JsonRpc::Error &error) {
-        return jsonAnswer(QJsonDocument(JsonRpc::error(id, error)));
+    } catch (const RpcError &error) {
+        return errorAnswer(200, error, id);
     }
 }
 
-std::variant<HttpAnswer, McpEndpoint::Job> McpEndpoint::receiveOne(const QJsonValue &message,
-                                                                   const ToolContext &context)
+QJsonObject McpEndpoint::resultOf(const QString &method, const QJsonObject &params,
+                                  const ToolContext &context) const
 {
-    switch (JsonRpc::kindOf(message)) {
-    case JsonRpc::Kind::Invalid:
-        return malformed(JsonRpc::idOf(message));
-    case JsonRpc::Kind::Notification:
-    case JsonRpc::Kind::Response:
-        return HttpAnswer { Status::Accepted, {}, {} };
-    case JsonRpc::Kind::Request:
-        break;
-    }
-    observe(message);
-    return [protocol = m_protocol, request = message.toObject(), context] {
-        return jsonAnswer(QJsonDocument(protocol->answer(request, context)));
-    };
+    if (method == "initialize"_L1)
+        return initializeResult(params);
+    if (method == "ping"_L1)
+        return {};
+    if (method == "tools/list"_L1)
+        return { { u"tools"_s, toolDescriptions() } };
+    if (method != "tools/call"_L1)
+        throw RpcError { u"\"%1\" adında bir yöntem yok."_s.arg(method.left(80)),
+                         RpcError::MethodNotFound };
+
+    const QString name = params["name"_L1].toString();
+    const QJsonObject arguments = params["arguments"_L1].toObject();
+    m_toolCalled(name, arguments);
+    const QJsonObject structured = callTool(name, arguments, context);
+    const QByteArray text = QJsonDocument(structured).toJson(QJsonDocument::Compact);
+    const QJsonObject content { { u"type"_s, u"text"_s }, { u"text"_s, QString::fromUtf8(text) } };
+    return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };
 }
 
-std::variant<HttpAnswer, McpEndpoint::Job> McpEndpoint::receiveBatch(const QJsonArray &messages,
-                                                                     const QString &version,
-                                                                     const ToolContext &context)
+std::optional<HttpAnswer> McpEndpoint::sessionRefusal(const HttpRequest &request)
 {
-    if (!McpProtocol::allowsBatches(version) || messages.isEmpty()
-        || messages.size() > longestBatch)
-        return malformed();
-    const bool expectsAnswer =
-        std::any_of(messages.cbegin(), messages.cend(), [](const QJsonValue &message) {
-            const JsonRpc::Kind kind = JsonRpc::kindOf(message);
-            return kind == JsonRpc::Kind::Request || kind == JsonRpc::Kind::Invalid;
-        });
-    if (!expectsAnswer)
-        return HttpAnswer { Status::Accepted, {}, {} };
-
-    for (const QJsonValue message : messages)
-        observe(message);
-    return [protocol = m_protocol, messages, context] {
-        QJsonArray answers;
-        for (const QJsonValue message : messages) {
-            const JsonRpc::Kind kind = JsonRpc::kindOf(message);
-            if (kind == JsonRpc::Kind::Request)
-                answers.append(protocol->answer(message.toObject(), context));
-            else if (kind == JsonRpc::Kind::Invalid)
-                answers.append(
-                    JsonRpc::error(JsonRpc::idOf(message),
-                                   { JsonRpc::InvalidRequest,
-                                     u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s }));
-        }
-        return jsonAnswer(QJsonDocument(answers));
-    };
+    const QByteArray id = request.headers.value(sessionHeader);
+    if (id.isEmpty())
+        return errorAnswer(400,
+                           { u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
+                             RpcError::SessionUnknown });
+    if (!m_sessions.removeOne(id))
+        return errorAnswer(404,
+                           { u"Oturum bulunamadı ya da sona erdi."_s, RpcError::SessionUnknown });
+    m_sessions.append(id);
+    return std::nullopt;
 }
 
-void McpEndpoint::observe(const QJsonValue &message) const
+QByteArray McpEndpoint::openSession()
 {
-    if (m_toolCallObserver && JsonRpc::kindOf(message) == JsonRpc::Kind::Request
-        && message["method"_L1].toString() == "tools/call"_L1)
-        m_toolCallObserver(message["params"_L1].toObject());
+    if (m_sessions.size() == mostSessions)
+        m_sessions.removeFirst();
+    // Made of random bits.
+    m_sessions.append(QUuid::createUuid().toByteArray(QUuid::Id128));
+    return m_sessions.last();
 }
 
 } // namespace Sample

@@ -1,45 +1,37 @@
 #pragma once
 
-#include "sample_server/HttpAnswer.h"
-#include "sample_server/McpProtocol.h"
-#include "sample_server/SessionStore.h"
-
-#include <QHttpServerRequest>
+#include "sample_server/HttpConnection.h"
+#include "sample_server/Tool.h"
 
 #include <functional>
-#include <variant>
 
 namespace Sample {
 
-/// The one HTTP resource of the server: checks requests, keeps the sessions, and hands the messages
-/// to the protocol. It is used by one thread.
+/// The one HTTP resource of the server: checks requests, keeps the sessions, and answers what
+/// clients of the Model Context Protocol ask: "initialize", "ping", "tools/list" and "tools/call".
 class McpEndpoint
 {
 public:
-    /// Work that may run on any thread, also after the endpoint is gone.
-    using Job = std::function<HttpAnswer()>;
+    /// Is told each tool call before its arguments are checked.
+    using Observer = std::function<void(const QString &name, const QJsonObject &arguments)>;
 
-    /// The answer if it is ready, else the work that makes it.
-    std::variant<HttpAnswer, Job> receive(const QHttpServerRequest &request,
-                                          const ToolContext &context, SessionStore::Moment now);
+    explicit McpEndpoint(const Observer &observer)
+        : m_toolCalled(observer)
+    { }
 
-    SessionStore &sessions() { return m_sessions; }
-    /// Is told the parameters of each "tools/call".
-    void setToolCallObserver(const std::function<void(const QJsonObject &params)> &observer)
-    {
-        m_toolCallObserver = observer;
-    }
+    HttpAnswer answer(const HttpRequest &request, const ToolContext &context);
+    int sessionCount() const { return int(m_sessions.size()); }
 
 private:
-    HttpAnswer openSession(const QJsonObject &request, SessionStore::Moment now);
-    std::variant<HttpAnswer, Job> receiveOne(const QJsonValue &message, const ToolContext &context);
-    std::variant<HttpAnswer, Job> receiveBatch(const QJsonArray &messages, const QString &version,
-                                               const ToolContext &context);
-    void observe(const QJsonValue &message) const;
+    HttpAnswer answerMessage(const HttpRequest &request, const ToolContext &context);
+    QJsonObject resultOf(const QString &method, const QJsonObject &params,
+                         const ToolContext &context) const;
+    /// Notes a sign of life of the session that the request names, or says what is wrong with it.
+    std::optional<HttpAnswer> sessionRefusal(const HttpRequest &request);
+    QByteArray openSession();
 
-    std::shared_ptr<const McpProtocol> m_protocol = std::make_shared<const McpProtocol>();
-    SessionStore m_sessions;
-    std::function<void(const QJsonObject &params)> m_toolCallObserver;
+    Observer m_toolCalled;
+    QList<QByteArray> m_sessions; ///< the one that was named last stands last
 };
 
 } // namespace Sample

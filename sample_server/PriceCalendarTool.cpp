@@ -1,7 +1,6 @@
-#include "sample_server/PriceCalendarTool.h"
-
 #include "sample_server/FareModel.h"
 #include "sample_server/ItineraryPlanner.h"
+#include "sample_server/Tool.h"
 #include "sample_server/ToolArguments.h"
 
 #include <QJsonArray>
@@ -49,7 +48,7 @@ QJsonObject findPriceCalendar(const QJsonObject &arguments, const ToolContext &c
 {
     const AirportSite &origin = airportArgument(arguments, "originAirportCode"_L1);
     const AirportSite &destination = airportArgument(arguments, "destinationAirportCode"_L1);
-    requireDifferent(origin, "originAirportCode"_L1, destination, "destinationAirportCode"_L1);
+    requireDifferent(origin, destination);
     const QDate departure = dateArgument(arguments, "departureDate"_L1);
     const int days = windowDays(arguments.value("timeRange"_L1).toString());
     const bool business = arguments.value("cabinClass"_L1).toString() == "BUSINESS"_L1;

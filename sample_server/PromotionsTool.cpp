@@ -1,5 +1,3 @@
-#include "sample_server/PromotionsTool.h"
-
 #include "sample_server/StableRandom.h"
 #include "sample_server/ToolArguments.h"
 #include "sample_server/ToolRegistry.h"
@@ -54,8 +52,7 @@ QJsonObject promotionObject(const QJsonObject &source, const AirportSite &depart
 
 QJsonObject airlinePromotions(const QJsonObject &arguments, const ToolContext &context)
 {
-    static const QJsonArray source =
-        readResource(u"promotions.json"_s).value("promotions"_L1).toArray();
+    static const QJsonArray source = readResource(u"promotions.json"_s, "promotions"_L1);
     const AirportSite &departure = airportArgument(arguments, "departureAirportCode"_L1);
     const QString countryCode = arguments.value("countryCode"_L1).toString();
 

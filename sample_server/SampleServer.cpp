@@ -1,136 +1,138 @@
 #include "sample_server/SampleServer.h"
 
-#include "sample_server/HttpServerCompat.h"
 #include "sample_server/McpEndpoint.h"
-#include "sample_server/RequestCheck.h"
 #include "sample_server/StableRandom.h"
 
-#include <QHttpServer>
+#include <QFile>
+#include <QProcess>
+#include <QQueue>
 #include <QTcpServer>
-#include <QThreadPool>
-#include <QTimer>
+#include <QTcpSocket>
 
-#include <unordered_map>
+#include <algorithm>
 
-using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using namespace Sample;
+
+namespace {
+
+constexpr int mostConnections = 100;
+
+/// One has to stay free: without any, QTcpServer tries to accept the next client without end.
+bool isDescriptorLeft() { return QFile(QProcess::nullDevice()).open(QIODevice::ReadOnly); }
+
+} // namespace
 
 struct SampleServer::Private
 {
     explicit Private(SampleServer *server);
-    void serve(const QHttpServerRequest &request, const HttpServerCompat::Send &send);
-    void finish(quint64 key, const HttpAnswer &answer);
-    std::chrono::milliseconds answerDelay(quint64 key) const;
+    void accept();
+    void makeRoom();
+    void enqueue(HttpConnection *connection);
+    void answerNext();
+    void forget(HttpConnection *connection);
+    std::chrono::milliseconds nextDelay();
 
     SampleServer *q;
-    // A child, so that it changes threads together with the server.
-    QHttpServer *http;
+    QTcpServer *tcp;
+    QTimer *turn;
+    QList<HttpConnection *> connections; ///< the one that asked last stands last
+    QQueue<HttpConnection *> waiting; ///< for their answers to be computed
     McpEndpoint endpoint;
-    ToolContext context { {}, QStringLiteral(VANTORA_WEB_SITE) };
     Clock clock = [] { return QDateTime::currentDateTime(); };
-    std::chrono::milliseconds delay { 0 };
-    std::chrono::milliseconds jitter { 0 };
-    QString errorString;
-
-    // What waits for its answer.
-    std::unordered_map<quint64, HttpServerCompat::Send> pending;
-    quint64 lastKey = 0;
-    QThreadPool workers;
+    std::chrono::milliseconds delay = 0ms;
+    std::chrono::milliseconds jitter = 0ms;
+    quint64 answerCount = 0;
 };
 
 SampleServer::Private::Private(SampleServer *server)
     : q(server)
-    , http(new QHttpServer(server))
+    , tcp(new QTcpServer(server))
+    , turn(new QTimer(server))
+    , endpoint([server](const QString &name, const QJsonObject &arguments) {
+        Q_EMIT server->toolCalled(name, arguments);
+    })
 {
-    HttpServerCompat::setHandlers(
-        http, u"/mcp"_s,
-        [this](const QHttpServerRequest &request, const HttpServerCompat::Send &send) {
-            serve(request, send);
-        },
-        [](const QHttpServerRequest &, const HttpServerCompat::Send &send) {
-            send(RequestCheck::errorAnswer(HttpAnswer::Status::NotFound, JsonRpc::InvalidRequest,
-                                           u"Burada bir şey yok; sunucu /mcp adresinde."_s));
+    QObject::connect(tcp, &QTcpServer::newConnection, server, [this] { accept(); });
+    // One answer in each turn of the event loop: between two it notices who has left.
+    QObject::connect(turn, &QTimer::timeout, server, [this] { answerNext(); });
+}
+
+void SampleServer::Private::accept()
+{
+    while (QTcpSocket *socket = tcp->nextPendingConnection()) {
+        while (!connections.isEmpty()
+               && (connections.size() >= mostConnections || !isDescriptorLeft()))
+            makeRoom();
+        auto *connection = new HttpConnection(socket, q);
+        connections.append(connection);
+        QObject::connect(connection, &HttpConnection::requestReceived, q,
+                         [this, connection] { enqueue(connection); });
+        QObject::connect(connection, &HttpConnection::closed, q, [this, connection] {
+            forget(connection);
+            connection->deleteLater();
         });
-    endpoint.setToolCallObserver([this](const QJsonObject &params) {
-        Q_EMIT q->toolCalled(params.value("name"_L1).toString(),
-                             params.value("arguments"_L1).toObject());
-    });
-}
-
-void SampleServer::Private::serve(const QHttpServerRequest &request,
-                                  const HttpServerCompat::Send &send)
-{
-    const quint64 key = ++lastKey;
-    pending.emplace(key, send);
-
-    context.now = clock();
-    auto reception = endpoint.receive(request, context, std::chrono::steady_clock::now());
-    if (const auto *answer = std::get_if<HttpAnswer>(&reception)) {
-        finish(key, *answer);
-        return;
     }
-    workers.start([this, key, job = std::get<McpEndpoint::Job>(std::move(reception))] {
-        QMetaObject::invokeMethod(
-            q, [this, key, answer = job()] { finish(key, answer); }, Qt::QueuedConnection);
-    });
 }
 
-void SampleServer::Private::finish(quint64 key, const HttpAnswer &answer)
+/// Drops the connection that has been idle longest, or the oldest when all wait for an answer.
+void SampleServer::Private::makeRoom()
 {
-    const auto send = [this, key, answer] {
-        const auto entry = pending.extract(key);
-        if (!entry.empty())
-            entry.mapped()(answer);
-    };
-    const std::chrono::milliseconds held = answerDelay(key);
-    if (held.count() > 0)
-        QTimer::singleShot(held, q, send);
-    else
-        send();
+    const auto idle = std::find_if(connections.cbegin(), connections.cend(),
+                                   [](const auto *connection) { return !connection->isBusy(); });
+    HttpConnection *dropped = idle == connections.cend() ? connections.first() : *idle;
+    forget(dropped);
+    delete dropped;
 }
 
-std::chrono::milliseconds SampleServer::Private::answerDelay(quint64 key) const
+void SampleServer::Private::forget(HttpConnection *connection)
 {
-    if (jitter.count() <= 0)
-        return delay;
+    connections.removeOne(connection);
+    waiting.removeOne(connection);
+}
+
+void SampleServer::Private::enqueue(HttpConnection *connection)
+{
+    connections.removeOne(connection);
+    connections.append(connection);
+    waiting.enqueue(connection);
+    turn->start();
+}
+
+void SampleServer::Private::answerNext()
+{
+    if (waiting.isEmpty())
+        return turn->stop();
+    HttpConnection *connection = waiting.dequeue();
+    const HttpAnswer answer =
+        endpoint.answer(connection->request(), { clock(), QStringLiteral(VANTORA_WEB_SITE) });
+    QTimer::singleShot(nextDelay(), connection,
+                       [connection, answer] { connection->answer(answer); });
+}
+
+std::chrono::milliseconds SampleServer::Private::nextDelay()
+{
     return delay
-        + std::chrono::milliseconds(stableRandom(u"jitter", key).below(int(jitter.count()) + 1));
+        + std::chrono::milliseconds(
+               stableRandom(u"jitter", ++answerCount).below(int(jitter.count()) + 1));
 }
 
-SampleServer::SampleServer(QObject *parent)
-    : QObject(parent)
-    , d(std::make_unique<Private>(this))
+SampleServer::SampleServer()
+    : d(std::make_unique<Private>(this))
 { }
 
-SampleServer::~SampleServer()
-{
-    d->workers.clear();
-    d->workers.waitForDone();
-    // Its handlers use the private part, which goes first otherwise.
-    delete d->http;
-}
+SampleServer::~SampleServer() = default;
 
 std::optional<quint16> SampleServer::listen(quint16 port)
 {
-    auto tcp = std::make_unique<QTcpServer>();
-    if (!tcp->listen(QHostAddress::LocalHost, port)) {
-        d->errorString = tcp->errorString();
+    if (!d->tcp->listen(QHostAddress::LocalHost, port))
         return std::nullopt;
-    }
-    const quint16 chosen = tcp->serverPort();
-    if (!HttpServerCompat::bind(d->http, std::move(tcp)))
-        return std::nullopt;
-    return chosen;
+    return d->tcp->serverPort();
 }
 
-QString SampleServer::errorString() const { return d->errorString; }
+QString SampleServer::errorString() const { return d->tcp->errorString(); }
 
 void SampleServer::setClock(const Clock &clock) { d->clock = clock; }
-
-void SampleServer::setWebSite(const QString &webSite)
-{
-    d->context.webSite = webSite.endsWith(u'/') ? webSite.chopped(1) : webSite;
-}
 
 void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::milliseconds jitter)
 {
@@ -138,17 +140,4 @@ void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::
     d->jitter = jitter;
 }
 
-void SampleServer::setSessionIdleTimeout(std::chrono::milliseconds timeout)
-{
-    d->endpoint.sessions().setIdleTimeout(timeout);
-}
-
-void SampleServer::setMaximumSessionCount(int count)
-{
-    d->endpoint.sessions().setMaximumCount(count);
-}
-
-int SampleServer::sessionCount()
-{
-    return d->endpoint.sessions().count(std::chrono::steady_clock::now());
-}
+int SampleServer::sessionCount() const { return d->endpoint.sessionCount(); }

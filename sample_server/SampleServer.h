@@ -13,10 +13,10 @@
 /// An MCP server over streamable HTTP with JSON answers that stands in for the airline's. It serves
 /// the path "/mcp" on the loopback interface only, and all its data is invented.
 ///
-/// It lives in one thread, which needs a running event loop, and may be moved to another one before
-/// listen(); every function is called in its thread. Tools run on threads of its own, so an answer
-/// that takes long does not hold up others. Destroying it waits for running tools; requests that
-/// have no answer yet get none.
+/// It lives in one thread, which needs a running event loop. Requests are answered one after the
+/// other, each in a few milliseconds; those of a client that has left are not. Clients may be
+/// hostile: what one costs has limits, and beyond a hundred of them the one that has been idle
+/// longest is dropped.
 class SampleServer : public QObject
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ class SampleServer : public QObject
 public:
     using Clock = std::function<QDateTime()>;
 
-    explicit SampleServer(QObject *parent = nullptr);
+    SampleServer();
     ~SampleServer() override;
 
     /// Starts to listen on 127.0.0.1 and returns the port; 0 lets the system choose a free one.
@@ -34,18 +34,11 @@ public:
 
     /// The time by which days are past and flights are in the air; the system's when not set.
     void setClock(const Clock &clock);
-    /// Base of the booking links: an http or https address; a trailing slash is ignored. The web
-    /// site that the build is configured for when not set.
-    void setWebSite(const QString &webSite);
     /// Holds back every answer for `delay` and a pseudo-random time up to `jitter`, without
-    /// blocking other requests. With jitter, answers overtake one another.
+    /// blocking other requests. With jitter, answers to different connections overtake one another.
     void setAnswerDelay(std::chrono::milliseconds delay,
                         std::chrono::milliseconds jitter = std::chrono::milliseconds(0));
-    /// A session that no request names for this long is dropped; 30 minutes when not set.
-    void setSessionIdleTimeout(std::chrono::milliseconds timeout);
-    /// When more sessions are opened, the one that has been idle longest is dropped.
-    void setMaximumSessionCount(int count);
-    int sessionCount();
+    int sessionCount() const;
 
 Q_SIGNALS:
     /// A tool call was received, before its arguments are checked.

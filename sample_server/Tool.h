@@ -1,14 +1,25 @@
 #pragma once
 
-#include "sample_server/JsonRpc.h"
-
 #include <QDateTime>
 #include <QJsonObject>
 #include <QString>
 
-#include <functional>
-
 namespace Sample {
+
+/// A failure that becomes the "error" member of an answer.
+struct RpcError
+{
+    enum Code {
+        ParseError = -32700,
+        InvalidRequest = -32600,
+        MethodNotFound = -32601,
+        InvalidParams = -32602,
+        SessionUnknown = -32001, ///< this server's own: no such session, or none named
+    };
+
+    QString message; ///< Turkish, a whole sentence
+    Code code = InvalidParams;
+};
 
 /// What a call may know besides its arguments.
 struct ToolContext
@@ -19,23 +30,22 @@ struct ToolContext
     QDate today() const { return now.date(); }
 };
 
-/// One tool of the server. `run` gets arguments that satisfy the input schema, returns what the
-/// output schema describes, and throws JsonRpc::Error when it refuses them all the same. It is
-/// called from several threads at once.
-struct Tool
-{
-    QString name;
-    QJsonObject description; ///< as "tools/list" shows it, schemas included
-    std::function<QJsonObject(const QJsonObject &arguments, const ToolContext &context)> run;
+/// The tools. Each gets arguments that satisfy its input schema, returns what its output schema
+/// describes, and throws RpcError when it refuses them all the same.
+///@{
 
-    QJsonObject inputSchema() const
-    {
-        return description.value(QLatin1StringView("inputSchema")).toObject();
-    }
-    QJsonObject outputSchema() const
-    {
-        return description.value(QLatin1StringView("outputSchema")).toObject();
-    }
-};
+/// The lowest fare of each day around a departure day, with one best day.
+QJsonObject findPriceCalendar(const QJsonObject &arguments, const ToolContext &context);
+/// The itineraries of a day between two airports; for a round trip with a return day also those
+/// back.
+QJsonObject searchFlights(const QJsonObject &arguments, const ToolContext &context);
+/// The state of one flight of a day by the clock. README.md lists the numbers with a fixed state.
+QJsonObject flightStatus(const QJsonObject &arguments, const ToolContext &context);
+/// What the airline currently advertises at an airport.
+QJsonObject airlinePromotions(const QJsonObject &arguments, const ToolContext &context);
+/// A short guide to the city of an airport; only its code for a city without one.
+QJsonObject cityGuide(const QJsonObject &arguments, const ToolContext &context);
+
+///@}
 
 } // namespace Sample

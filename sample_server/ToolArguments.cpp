@@ -1,7 +1,6 @@
 #include "sample_server/ToolArguments.h"
 
-#include "sample_server/JsonRpc.h"
-#include "sample_server/JsonSchema.h"
+#include "sample_server/Tool.h"
 
 #include <QLocale>
 
@@ -14,24 +13,23 @@ const AirportSite &airportArgument(const QJsonObject &arguments, QLatin1StringVi
     const QString code = arguments.value(key).toString();
     const AirportSite *site = airportSite(code);
     if (!site)
-        throw JsonRpc::Error { JsonRpc::InvalidParams,
-                               u"\"%1\": \"%2\" bilinen bir havalimanı kodu değil."_s.arg(key,
-                                                                                          code) };
+        throw RpcError { u"\"%1\" bilinen bir havalimanı kodu değil."_s.arg(code) };
     return *site;
 }
 
-void requireDifferent(const AirportSite &origin, QLatin1StringView originKey,
-                      const AirportSite &destination, QLatin1StringView destinationKey)
+void requireDifferent(const AirportSite &origin, const AirportSite &destination)
 {
     if (origin.code == destination.code)
-        throw JsonRpc::Error { JsonRpc::InvalidParams,
-                               u"\"%1\" ve \"%2\" aynı olamaz: ikisi de %3."_s.arg(
-                                   originKey, destinationKey, origin.code) };
+        throw RpcError { u"Kalkış ve varış havalimanı aynı olamaz (%1)."_s.arg(origin.code) };
 }
 
 QDate dateArgument(const QJsonObject &arguments, QLatin1StringView key)
 {
-    return JsonSchema::parseDate(arguments.value(key).toString());
+    const QString text = arguments.value(key).toString();
+    const QDate date = QDate::fromString(text, Qt::ISODate);
+    if (!text.isEmpty() && !date.isValid())
+        throw RpcError { u"%1 takvimde olmayan bir gün."_s.arg(text) };
+    return date;
 }
 
 QString turkishDate(QDate date)

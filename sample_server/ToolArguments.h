@@ -6,14 +6,13 @@
 #include <QJsonObject>
 
 /// Reads arguments whose form the schema has checked, and refuses those whose meaning is wrong.
-/// All throw JsonRpc::Error.
+/// All throw RpcError with what a traveller may read.
 namespace Sample {
 
 const AirportSite &airportArgument(const QJsonObject &arguments, QLatin1StringView key);
 
 /// Refuses a journey that ends where it starts.
-void requireDifferent(const AirportSite &origin, QLatin1StringView originKey,
-                      const AirportSite &destination, QLatin1StringView destinationKey);
+void requireDifferent(const AirportSite &origin, const AirportSite &destination);
 
 /// Invalid when the argument is absent.
 QDate dateArgument(const QJsonObject &arguments, QLatin1StringView key);

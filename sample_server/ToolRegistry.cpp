@@ -1,15 +1,9 @@
 #include "sample_server/ToolRegistry.h"
 
-#include "sample_server/CityGuideTool.h"
-#include "sample_server/FlightSearchTool.h"
-#include "sample_server/FlightStatusTool.h"
 #include "sample_server/JsonSchema.h"
-#include "sample_server/PriceCalendarTool.h"
-#include "sample_server/PromotionsTool.h"
 
 #include <QFile>
 #include <QHash>
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -18,45 +12,39 @@ namespace Sample {
 
 using namespace Qt::StringLiterals;
 
-ToolRegistry::ToolRegistry()
+const QJsonArray &toolDescriptions()
 {
-    const QHash<QString, decltype(Tool::run)> implementations {
+    static const QJsonArray descriptions = readResource(u"tools.json"_s, "tools"_L1);
+    return descriptions;
+}
+
+QJsonObject callTool(const QString &name, const QJsonObject &arguments, const ToolContext &context)
+{
+    static const QHash<QString, decltype(&searchFlights)> implementations {
         { u"find_flight_price_calendar"_s, &findPriceCalendar },
         { u"search_flights"_s, &searchFlights },
         { u"flight-status"_s, &flightStatus },
         { u"get_airline_promotions"_s, &airlinePromotions },
         { u"get_city_guide"_s, &cityGuide },
     };
-    const QJsonArray descriptions = readResource(u"tools.json"_s).value("tools"_L1).toArray();
-    for (const QJsonValue description : descriptions) {
-        const QString name = description["name"_L1].toString();
-        m_tools.append({ .name = name,
-                         .description = description.toObject(),
-                         .run = implementations.value(name) });
-        Q_ASSERT(m_tools.last().run);
-    }
-    Q_ASSERT(m_tools.size() == implementations.size());
+    const QJsonArray &descriptions = toolDescriptions();
+    const auto tool = std::find_if(
+        descriptions.begin(), descriptions.end(),
+        [&name](const QJsonValue &description) { return description["name"_L1] == name; });
+    if (tool == descriptions.end() || !implementations.contains(name))
+        throw RpcError { u"\"%1\" adında bir araç yok."_s.arg(name.left(80)) };
+    if (const auto violation =
+            JsonSchema::violation((*tool)["inputSchema"_L1].toObject(), arguments))
+        throw RpcError { *violation };
+    return implementations.value(name)(arguments, context);
 }
 
-QJsonObject ToolRegistry::call(const QString &name, const QJsonObject &arguments,
-                               const ToolContext &context) const
-{
-    const auto tool = std::find_if(m_tools.cbegin(), m_tools.cend(),
-                                   [&name](const Tool &other) { return other.name == name; });
-    if (tool == m_tools.cend())
-        throw JsonRpc::Error { JsonRpc::InvalidParams,
-                               u"\"%1\" adında bir araç yok."_s.arg(name.left(80)) };
-    if (const auto violation = JsonSchema::violation(tool->inputSchema(), arguments))
-        throw JsonRpc::Error { JsonRpc::InvalidParams, *violation };
-    return tool->run(arguments, context);
-}
-
-QJsonObject readResource(const QString &fileName)
+QJsonArray readResource(const QString &fileName, QLatin1StringView key)
 {
     QFile file(u":/vantora/sample_server/"_s + fileName);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("The sample server was built without %s", qPrintable(fileName));
-    return QJsonDocument::fromJson(file.readAll()).object();
+    return QJsonDocument::fromJson(file.readAll())[key].toArray();
 }
 
 } // namespace Sample

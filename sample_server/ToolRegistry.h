@@ -2,28 +2,18 @@
 
 #include "sample_server/Tool.h"
 
-#include <QList>
+#include <QJsonArray>
 
 namespace Sample {
 
-/// The tools of the server, in the order of data/tools.json, which holds their descriptions.
-class ToolRegistry
-{
-public:
-    ToolRegistry();
+/// What "tools/list" shows: name, description and schemas of each tool, out of data/tools.json.
+const QJsonArray &toolDescriptions();
 
-    const QList<Tool> &tools() const { return m_tools; }
+/// The tool's structured result. Throws RpcError for an unknown tool, for arguments that do not
+/// satisfy its input schema, and for those that the tool itself refuses.
+QJsonObject callTool(const QString &name, const QJsonObject &arguments, const ToolContext &context);
 
-    /// The tool's structured result. Throws JsonRpc::Error for an unknown tool, for arguments that
-    /// do not satisfy its schema, and for those that the tool itself refuses.
-    QJsonObject call(const QString &name, const QJsonObject &arguments,
-                     const ToolContext &context) const;
-
-private:
-    QList<Tool> m_tools;
-};
-
-/// The object in a JSON file among the resources.
-QJsonObject readResource(const QString &fileName);
+/// The array under this key in a JSON file among the resources.
+QJsonArray readResource(const QString &fileName, QLatin1StringView key);
 
 } // namespace Sample

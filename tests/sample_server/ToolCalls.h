@@ -2,8 +2,6 @@
 
 #include "sample_server/ToolRegistry.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QTimeZone>
 
 /// Calls tools without a network, at a fixed time.
@@ -22,20 +20,14 @@ inline QString dayText(int daysAhead)
     return fixedNow().date().addDays(daysAhead).toString(Qt::ISODate);
 }
 
-inline const Sample::ToolRegistry &registry()
-{
-    static const Sample::ToolRegistry tools;
-    return tools;
-}
-
 inline QJsonObject call(const QString &tool, const QJsonObject &arguments,
                         const QDateTime &now = fixedNow())
 {
-    return registry().call(tool, arguments, { now, u"https://www.example.test"_s });
+    return Sample::callTool(tool, arguments, { now, u"https://www.example.test"_s });
 }
 
 inline QJsonObject calendarArguments(const QString &from, const QString &to, const QString &date,
-                                     const QString &range = u"2_WEEKS"_s,
+                                     const QString &range = u"4_WEEKS"_s,
                                      const QString &cabin = u"ECONOMY"_s)
 {
     return { { u"originAirportCode"_s, from }, { u"destinationAirportCode"_s, to },
@@ -55,9 +47,9 @@ inline QJsonObject searchArguments(const QString &from, const QString &to, const
              { u"passengers"_s, QJsonArray { adults } } };
 }
 
-inline QJsonArray optionsOf(const QJsonObject &reply)
+inline QJsonArray optionsOf(const QJsonObject &reply, int direction = 0)
 {
-    return reply["availabilityData"_L1]["originDestinationInformations"_L1][0]
+    return reply["availabilityData"_L1]["originDestinationInformations"_L1][direction]
                 ["originDestinationOptions"_L1]
                     .toArray();
 }

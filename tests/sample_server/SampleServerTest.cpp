@@ -1,0 +1,269 @@
+#include "RawClient.h"
+#include "ToolCalls.h"
+
+#include "sample_server/McpEndpoint.h"
+#include "sample_server/SampleServer.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+using namespace ToolCalls;
+using namespace std::chrono_literals;
+using Clients = std::vector<std::unique_ptr<RawClient>>;
+
+namespace {
+
+const QByteArray ping = rpc(5, u"ping"_s);
+
+QByteArray toolCall(int id, const QString &tool, const QJsonObject &arguments)
+{
+    return rpc(id, u"tools/call"_s, { { u"name"_s, tool }, { u"arguments"_s, arguments } });
+}
+
+/// A question with an answer of many kilobytes.
+QByteArray longCall(int id)
+{
+    return toolCall(id, u"search_flights"_s, searchArguments(u"BER"_s, u"SYD"_s, dayText(5)));
+}
+
+} // namespace
+
+/// What the server makes of requests, good, bad and hostile, byte by byte.
+class SampleServerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_server = std::make_unique<SampleServer>();
+        m_server->setClock([] { return fixedNow(); });
+        m_port = m_server->listen().value_or(0);
+        m_session = initialize("2024-11-05").header("mcp-session-id");
+        QCOMPARE(m_session.size(), 32);
+    }
+    void cleanup() { m_server.reset(); }
+
+    void requests_data()
+    {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<Headers>("headers");
+        QTest::addColumn<QByteArray>("start");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<int>("code"); // of the JSON-RPC error, or 0
+
+        const auto row = [](const char *name, int status, int code, const Headers &headers,
+                            const QByteArray &body = ping,
+                            const QByteArray &start = "POST /mcp HTTP/1.1") {
+            QTest::newRow(name) << body << headers << start << status << code;
+        };
+        row("good", 200, 0, {});
+        row("host: name and port", 200, 0, { { "Host", "localhost:80" } });
+        row("host: foreign", 403, -32600, { { "Host", "127.0.0.1.evil.example" } });
+        row("host: missing", 403, -32600, { { "Host", "" } });
+        row("origin: IPv6", 200, 0, { { "Origin", "https://[::1]:1" } });
+        row("origin: foreign", 403, -32600, { { "Origin", "http://localhost.evil.example" } });
+        row("origin: user name", 403, -32600, { { "Origin", "http://localhost@evil.example" } });
+        row("origin: null", 403, -32600, { { "Origin", "null" } });
+        row("type: text", 415, -32600, { { "Content-Type", "text/plain" } });
+        row("type: parameter", 200, 0, { { "Content-Type", "Application/JSON; charset=utf-8" } });
+        row("session: missing", 400, -32001, { { "mcp-session-id", "" } });
+        row("session: unknown", 404, -32001, { { "mcp-session-id", "feedbeef" } });
+        row("length: largest", 200, 0, {}, ping.leftJustified(Sample::HttpConnection::largestBody));
+        row("length: too large", 413, 0, { { "Content-Length", "400000000" } });
+        row("length: no number", 400, 0, { { "Content-Length", "-1" } });
+        row("chunks", 411, 0, { { "Transfer-Encoding", "chunked" } });
+        row("header without a colon", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nnonsense");
+        row("header twice", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nhost: 127.0.0.1");
+        row("endless line", 431, 0, { { "X", QByteArray(100'000, 'x') } });
+        row("endless headers", 431, 0,
+            { { "X", QByteArray(9000, 'x') }, { "Y", QByteArray(9000, 'y') } });
+        row("not HTTP", 400, 0, {}, ping, "hello");
+        row("path", 404, -32600, {}, ping, "POST / HTTP/1.1");
+        for (const QByteArray method : { "GET", "HEAD", "PUT" })
+            row(method, 405, 0, {}, {}, method + " /mcp HTTP/1.1");
+
+        row("no body", 400, -32700, {}, {});
+        row("cut off", 400, -32700, {}, R"({"jsonrpc":"2.0","id":1,)");
+        row("very deep", 400, -32700, {}, QByteArray(5000, '[') + QByteArray(5000, ']'));
+        row("list", 400, -32600, {}, '[' + ping + ']');
+        row("version 1.0", 400, -32600, {}, R"({"jsonrpc":"1.0","id":1,"method":"ping"})");
+        row("id null", 400, -32600, {}, R"({"jsonrpc":"2.0","id":null,"method":"ping"})");
+        row("method number", 400, -32600, {}, R"({"jsonrpc":"2.0","id":1,"method":5})");
+        const QByteArray notification = R"({"jsonrpc":"2.0","method":"notifications/initialized"})";
+        row("notification", 202, 0, {}, notification);
+        row("notification, session unknown", 404, -32001, { { "mcp-session-id", "feedbeef" } },
+            notification);
+        row("unknown method", 200, -32601, {}, rpc(1, u"resources/list"_s));
+        row("no tool", 200, -32602, {}, rpc(1, u"tools/call"_s));
+        row("unknown tool", 200, -32602, {}, toolCall(1, u"fly"_s, {}));
+        row("no arguments", 200, -32602, {}, toolCall(1, u"get_city_guide"_s, {}));
+        row("good call", 200, 0, {}, longCall(1));
+    }
+    void requests()
+    {
+        QFETCH(QByteArray, body);
+        QFETCH(Headers, headers);
+        QFETCH(QByteArray, start);
+        QFETCH(int, status);
+        if (!headers.contains("mcp-session-id"))
+            headers.insert("mcp-session-id", m_session);
+        RawClient client(m_port);
+        client.send(post(body, headers, start));
+        const RawClient::Answer answer = client.read();
+        QCOMPARE(answer.status, status);
+        QCOMPARE(answer.header("allow"), status == 405 ? "post, delete" : QByteArray());
+        QTEST(answer.json()["error"_L1]["code"_L1].toInt(), "code");
+        QCOMPARE(answer.json().contains("result"_L1),
+                 status == 200 && !answer.json().contains("error"_L1));
+        // No refusal costs the session or the server.
+        QCOMPARE(ask(ping).status, 200);
+    }
+
+    void sessions()
+    {
+        const QByteArray other = initialize("2025-06-18").header("mcp-session-id");
+        const QByteArray end = post({}, { { "mcp-session-id", other } }, "DELETE /mcp HTTP/1.1");
+        for (const int status : { 200, 404 }) {
+            RawClient client(m_port);
+            client.send(end);
+            QCOMPARE(client.read().status, status);
+        }
+        QCOMPARE(m_server->sessionCount(), 1);
+        // A version that is not known yet is answered with the newest one.
+        for (const QByteArray version : { "2024-11-05", "2025-11-25", "2031-01-01" }) {
+            const QJsonObject result = initialize(version).json()["result"_L1].toObject();
+            QCOMPARE(result["protocolVersion"_L1].toString(),
+                     QString::fromLatin1(std::min<QByteArray>(version, "2025-11-25")));
+            QVERIFY(result["capabilities"_L1]["tools"_L1].isObject());
+        }
+        QCOMPARE(ask(rpc(1, u"tools/list"_s)).json()["result"_L1]["tools"_L1].toArray().size(), 5);
+    }
+
+    void sessionsInUseOutliveTheOthers()
+    {
+        Sample::McpEndpoint endpoint([](const QString &, const QJsonObject &) {});
+        const auto ask = [&endpoint](const QByteArray &body, const QByteArray &session) {
+            return endpoint.answer({ "POST",
+                                     "/mcp",
+                                     { { "host", "localhost" },
+                                       { "content-type", "application/json" },
+                                       { "mcp-session-id", session } },
+                                     body },
+                                   {});
+        };
+        const auto open = [&ask] { return ask(rpc(1, u"initialize"_s), {}).headers[0].second; };
+        const QByteArray used = open();
+        const QByteArray idle = open();
+        for (int i = 0; i < 1500; ++i) {
+            open();
+            QCOMPARE(ask(ping, used).status, 200);
+        }
+        QCOMPARE(ask(ping, idle).status, 404);
+        QCOMPARE(endpoint.sessionCount(), 1000);
+    }
+
+    void answersKeepTheOrderOfTheRequests()
+    {
+        m_server->setAnswerDelay(0ms, 5ms);
+        const QString calendar = u"find_flight_price_calendar"_s;
+        const auto question = [](int i) {
+            return calendarArguments(u"BER"_s, u"SYD"_s, dayText(15 * i), u"1_WEEK"_s);
+        };
+        QByteArray requests;
+        for (int i = 0; i < 20; ++i)
+            requests += post(i % 2 ? rpc(i, u"ping"_s) : toolCall(i, calendar, question(i)),
+                             { { "mcp-session-id", m_session } });
+        RawClient atOnce(m_port);
+        RawClient inPieces(m_port);
+        atOnce.send(requests);
+        for (qsizetype at = 0; at < requests.size(); at += 97) {
+            inPieces.send(requests.mid(at, 97));
+            QCoreApplication::processEvents();
+        }
+        for (RawClient *client : { &atOnce, &inPieces }) {
+            for (int i = 0; i < 20; ++i) {
+                const QJsonObject answer = client->read().json();
+                QCOMPARE(answer["id"_L1].toInt(), i);
+                const QJsonObject content = answer["result"_L1]["structuredContent"_L1].toObject();
+                QCOMPARE(content, i % 2 ? QJsonObject() : call(calendar, question(i)));
+                const QString text = answer["result"_L1]["content"_L1][0]["text"_L1].toString();
+                QCOMPARE(QJsonDocument::fromJson(text.toUtf8()).object(), content);
+            }
+        }
+        // Who asks for it is hung up on after the answer.
+        for (const QByteArray start :
+             { "POST /mcp HTTP/1.0", "POST /mcp HTTP/1.1\r\nConnection: close" }) {
+            RawClient last(m_port);
+            last.send(post(ping, { { "mcp-session-id", m_session } }, start));
+            QCOMPARE(last.read().status, 200);
+            QVERIFY(last.isDropped());
+        }
+    }
+
+    void clientsThatLeaveCostNothing()
+    {
+        QSignalSpy calls(m_server.get(), &SampleServer::toolCalled);
+        const QByteArray question = post(longCall(1), { { "mcp-session-id", m_session } });
+        for (int i = 0; i < 50; ++i) {
+            RawClient client(m_port);
+            QVERIFY(client.socket.waitForConnected());
+            client.send(question + question);
+            QVERIFY(client.socket.waitForBytesWritten());
+        }
+        QCOMPARE(ask(ping).status, 200);
+        QVERIFY2(calls.size() <= 10, qPrintable(QString::number(calls.size())));
+    }
+
+    void clientsThatDoNotReadAreNotAnsweredFurther()
+    {
+        QSignalSpy calls(m_server.get(), &SampleServer::toolCalled);
+        RawClient client(m_port);
+        client.socket.setReadBufferSize(1);
+        const QByteArray question = post(longCall(1), { { "mcp-session-id", m_session } });
+        client.send(question.repeated(1000));
+        qsizetype before = -1;
+        while (std::exchange(before, calls.size()) < calls.size())
+            QTest::qWait(300);
+        QVERIFY2(calls.size() > 0 && calls.size() < 700, qPrintable(QString::number(calls.size())));
+        QCOMPARE(ask(ping).status, 200);
+    }
+
+    void idleClientsMakeRoom()
+    {
+        Clients clients;
+        for (int i = 0; i < 150; ++i) {
+            clients.push_back(std::make_unique<RawClient>(m_port));
+            clients.back()->send("POST /mcp HTTP/1.1\r\nHost: half a head");
+            QTRY_COMPARE(clients.back()->socket.state(), QAbstractSocket::ConnectedState);
+        }
+        QCOMPARE(ask(ping).status, 200);
+        QVERIFY(clients.front()->isDropped());
+        QCOMPARE(clients.back()->socket.state(), QAbstractSocket::ConnectedState);
+    }
+
+private:
+    RawClient::Answer ask(const QByteArray &body)
+    {
+        RawClient client(m_port);
+        client.send(post(body, { { "mcp-session-id", m_session } }));
+        return client.read();
+    }
+    RawClient::Answer initialize(const QByteArray &version)
+    {
+        RawClient client(m_port);
+        client.send(post(
+            rpc(1, u"initialize"_s, { { u"protocolVersion"_s, QString::fromLatin1(version) } })));
+        return client.read();
+    }
+
+    std::unique_ptr<SampleServer> m_server;
+    quint16 m_port = 0;
+    QByteArray m_session;
+};
+
+QTEST_GUILESS_MAIN(SampleServerTest)
+#include "SampleServerTest.moc"
