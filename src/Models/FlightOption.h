@@ -41,7 +41,8 @@ public:
     bool isDirect = true;
     qint64 stopsCount = 0;
     QString aircraft; ///< type, as displayed
-    std::optional<qint64> seatAvailability; ///< seats left, when known
+    std::optional<qint64>
+        seatAvailability; ///< seats left; a reader that was not told assumes a number
     double price = 0; ///< total fare in units of `currency`
     QString currency;
     QString cabinClass; ///< as reported by the server

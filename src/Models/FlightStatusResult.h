@@ -5,7 +5,8 @@
 
 #include <optional>
 
-/// The live status of one flight. Optional texts are absent when the server did not tell.
+/// The live status of one flight. Of the optional texts an answer leaves only `date` (that of the
+/// question) and `baggageBelt` absent: the reader fills the others when the server did not tell.
 struct FlightStatusResult
 {
     Q_GADGET

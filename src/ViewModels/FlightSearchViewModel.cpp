@@ -9,6 +9,9 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -270,9 +273,7 @@ QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
 void FlightSearchViewModel::applyFilter(FlightSortOption option)
 {
     publish(m_activeFilter, option, &FlightSearchViewModel::activeFilterChanged);
-    Q_EMIT objectWillChange();
-    m_filteredFlights.setRecords(arranged(m_flights, option));
-    Q_EMIT filteredFlightsChanged();
+    arrangeFlights(false);
 }
 
 std::optional<QString> FlightSearchViewModel::returnDay() const
@@ -283,7 +284,14 @@ std::optional<QString> FlightSearchViewModel::returnDay() const
 void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights)
 {
     publish(m_flights, flights, &FlightSearchViewModel::flightsChanged);
-    applyFilter(m_activeFilter);
+    arrangeFlights(true);
+}
+
+void FlightSearchViewModel::arrangeFlights(bool areNew)
+{
+    Q_EMIT objectWillChange();
+    m_filteredFlights.set(arranged(m_flights, m_activeFilter), areNew);
+    Q_EMIT filteredFlightsChanged();
 }
 
 QString FlightSearchViewModel::formatDate(const QDateTime &date) const

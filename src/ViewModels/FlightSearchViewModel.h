@@ -4,6 +4,7 @@
 #include "Models/FlightOption.h"
 #include "Models/PriceCalendar.h"
 #include "Models/SearchOptions.h"
+#include "ViewModels/FlightOptionList.h"
 #include "ViewModels/ObservableObject.h"
 #include "ViewModels/RecordListModel.h"
 
@@ -13,10 +14,8 @@
 
 #include <optional>
 
-inline QString identity(const FlightOption &flight) { return flight.id; }
 inline QString identity(const DailyPrice &price) { return price.id(); }
 
-using FlightListModel = RecordListModel<FlightOption>;
 using DailyPriceListModel = RecordListModel<DailyPrice>;
 
 /// The state behind the main window: the search form, the results of the last search, progress and
@@ -43,7 +42,7 @@ class FlightSearchViewModel : public ObservableObject
     Q_PROPERTY(BestPrice bestPrice READ bestPriceOrEmpty NOTIFY bestPriceChanged)
     Q_PROPERTY(QString selectedDate READ selectedDate NOTIFY selectedDateChanged)
     Q_PROPERTY(QString currency READ currency NOTIFY currencyChanged)
-    Q_PROPERTY(CountedListModel *filteredFlights READ filteredFlightsModel CONSTANT)
+    Q_PROPERTY(FlightOptionList *filteredFlights READ filteredFlightsList CONSTANT)
     Q_PROPERTY(
         SearchOptions::FlightSortOption activeFilter READ activeFilter NOTIFY activeFilterChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
@@ -92,7 +91,7 @@ public:
     /// The flights of the selected day, in the server's order.
     const QList<FlightOption> &flights() const { return m_flights; }
     /// `flights` as sorted or reduced by `activeFilter`.
-    const QList<FlightOption> &filteredFlights() const { return m_filteredFlights.records(); }
+    const QList<FlightOption> &filteredFlights() const { return m_filteredFlights.flights(); }
     FlightSortOption activeFilter() const { return m_activeFilter; }
     /// A full search is running.
     bool isLoading() const { return m_isLoading; }
@@ -113,7 +112,7 @@ public:
 
     // The shapes in which QML reads the state above.
     CountedListModel *calendarPricesModel() { return &m_calendarPrices; }
-    CountedListModel *filteredFlightsModel() { return &m_filteredFlights; }
+    FlightOptionList *filteredFlightsList() { return &m_filteredFlights; }
     bool hasBestPrice() const { return m_bestPrice.has_value(); }
     BestPrice bestPriceOrEmpty() const { return m_bestPrice.value_or(BestPrice()); }
     bool hasErrorMessage() const { return m_errorMessage.has_value(); }
@@ -165,6 +164,8 @@ private:
     /// The day sent as the return day; absent for a one-way trip.
     std::optional<QString> returnDay() const;
     void setFlights(const QList<FlightOption> &flights);
+    /// Makes `filteredFlights` of `flights`.
+    void arrangeFlights(bool areNew);
     void setErrorMessage(const std::optional<QString> &message);
     void setLoading(bool isLoading);
     void setSearchingFlightsOnly(bool isSearching);
@@ -183,7 +184,7 @@ private:
     QString m_selectedDate;
     QString m_currency = QStringLiteral("TRY");
     QList<FlightOption> m_flights;
-    FlightListModel m_filteredFlights { "flight" };
+    FlightOptionList m_filteredFlights;
     FlightSortOption m_activeFilter = FlightSortOption::cheapest;
     bool m_isLoading = false;
     bool m_isSearchingFlightsOnly = false;

@@ -21,14 +21,12 @@ Q_SIGNALS:
 
 /// A list of records that changes row by row: a new list is reached by removing, moving and
 /// inserting rows, so that a view moves its delegates instead of making them again. Records are
-/// told apart by `identity(record)`. Delegates read the record under one role name.
+/// told apart by `identity(record)`; a list in which two are the same is replaced at once.
+/// Delegates read the record under one role name.
 template<typename Record>
 class RecordListModel : public CountedListModel
 {
 public:
-    /// From this many rows on a list is replaced at once: announcing so many moves costs a view
-    /// more than it gains, since it shows a handful of them.
-    static constexpr qsizetype largestRowWiseList = 400;
     static constexpr int recordRole = Qt::UserRole;
 
     explicit RecordListModel(const QByteArray &roleName, QObject *parent = nullptr)
@@ -57,8 +55,7 @@ public:
         if (records == m_records)
             return;
         const qsizetype oldCount = m_records.size();
-        if (std::max(oldCount, records.size()) < largestRowWiseList && areDistinct(m_records)
-            && areDistinct(records))
+        if (areDistinct(m_records) && areDistinct(records))
             changeRowByRow(records);
         else
             replaceAll(records);

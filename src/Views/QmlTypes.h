@@ -8,6 +8,7 @@
 #include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
 #include "ViewModels/CityGuideViewModel.h"
+#include "ViewModels/FlightOptionList.h"
 #include "ViewModels/FlightSearchViewModel.h"
 #include "ViewModels/FlightStatusViewModel.h"
 
@@ -87,6 +88,14 @@ struct ObservableObjectForeign
     QML_FOREIGN(ObservableObject)
     QML_NAMED_ELEMENT(ObservableObject)
     QML_UNCREATABLE("The base of the view models.")
+};
+
+struct FlightOptionListForeign
+{
+    Q_GADGET
+    QML_FOREIGN(FlightOptionList)
+    QML_NAMED_ELEMENT(FlightOptionList)
+    QML_UNCREATABLE("A list that a view model owns.")
 };
 
 struct FlightSearchViewModelForeign

@@ -187,13 +187,11 @@ private Q_SLOTS:
         m_model->applyFilter(option);
         search();
         QCOMPARE(numbers(m_model->filteredFlights()), shown);
-        const QSignalSpy resets(m_model->filteredFlightsModel(), &QAbstractItemModel::modelReset);
         m_model->applyFilter(FlightSortOption::directOnly);
         QCOMPARE(numbers(m_model->filteredFlights()), u"13"_s);
         m_model->applyFilter(option);
         QCOMPARE(numbers(m_model->filteredFlights()), shown);
         QCOMPARE(numbers(m_model->flights()), u"1234"_s);
-        QVERIFY(resets.isEmpty()); // rows move instead
     }
 
 private:

@@ -3,7 +3,7 @@ import Vantora.Controls
 
 /// The button that starts the one thing a form is for. While `busy` it turns its spinner, says
 /// `busyText` and cannot be pressed; it keeps its width, so that nothing around it moves.
-BaseButton {
+RedButton {
     id: button
 
     required property string symbol
@@ -11,13 +11,14 @@ BaseButton {
     /// Empty for the spinner alone.
     property string busyText
     property int textSize: 14
-    /// It casts the red shadow.
-    property bool raised: true
     property bool hadRing: false
 
     horizontalPadding: 18
     verticalPadding: 14
     cornerRadius: 10
+    shadowRadius: 8
+    shadowOffset: 3
+    groundOpacity: busy ? 0.6 : 1
     enabled: !busy
     opacity: enabled || busy ? 1 : 0.55
     // A disabled button loses the keyboard and gets it back without its ring.
@@ -25,20 +26,6 @@ BaseButton {
     onEnabledChanged: if (enabled && activeFocus && hadRing) focusReason = Qt.TabFocusReason
     Accessible.name: !busy ? text : busyText.length > 0 ? busyText : text + ", yükleniyor"
 
-    background: RoundedSurface {
-        opacity: button.busy ? 0.6 : 1
-        radius: button.cornerRadius
-        color: VTRTheme.redGradient.start
-        gradientEnd: VTRTheme.redGradient.end
-        shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, button.raised ? 0.4 : 0)
-        shadowRadius: 8
-        shadowOffset: 3
-
-        PressTint {
-            control: button
-            radius: button.cornerRadius
-        }
-    }
     contentItem: BusyLabel {
         symbol: button.symbol
         text: button.text

@@ -23,13 +23,6 @@ FieldSurface {
     Accessible.name: label
     onActiveFocusChanged: if (activeFocus) currentSegment.forceActiveFocus(Qt.OtherFocusReason)
 
-    function move(index: int) {
-        if (index < 0 || index >= segments.count)
-            return;
-        segments.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
-        chosen(index);
-    }
-
     RoundedSurface {
         x: row.x + (control.currentSegment ? control.currentSegment.x : 0)
         y: row.y
@@ -59,20 +52,18 @@ FieldSurface {
             ChoiceButton {
                 id: segment
 
-                required property int index
                 required property string modelData
 
+                choices: segments
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 Layout.minimumWidth: implicitWidth
                 Layout.preferredWidth: 1
-                leftPadding: 10
-                rightPadding: 10
+                horizontalPadding: 10
                 cornerRadius: VTRTheme.controlRadius - 2
                 text: modelData
                 isCurrent: index === control.currentIndex
                 onClicked: control.chosen(index)
-                onMoved: step => control.move(index + step)
 
                 background: Item {
                     PressTint {

@@ -94,15 +94,10 @@ T.ComboBox {
         Accessible.selected: index === control.currentIndex
         Accessible.onPressAction: clicked()
 
-        background: Rectangle {
-            radius: 6
-            color: entry.highlighted ? VTRTheme.vtrRed : "transparent"
+        background: MenuEntryGround {
+            entry: entry
+            isHighlighted: entry.highlighted
 
-            PressTint {
-                control: entry
-                isHovered: false
-                radius: parent.radius
-            }
             Symbol {
                 x: 8
                 anchors.verticalCenter: parent.verticalCenter

@@ -14,7 +14,7 @@ class Motion : public QObject
     /// The airports changing places.
     Q_PROPERTY(int swapDuration READ swapDuration CONSTANT)
     Q_PROPERTY(QVariantList swapCurve READ swapCurve CONSTANT)
-    /// A new calendar or new flights coming in.
+    /// A new calendar or new flights coming in: the chart opening, its bars growing, the cards.
     Q_PROPERTY(int resultsDuration READ resultsDuration CONSTANT)
     /// Cards changing places when they are sorted or filtered.
     Q_PROPERTY(int resortDuration READ resortDuration CONSTANT)

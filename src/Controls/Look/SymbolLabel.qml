@@ -9,14 +9,18 @@ Row {
     required property string text
     property color color: VTRTheme.textMuted
     property int size: 10
+    property int symbolSize: size
+    /// The symbol stands behind the text.
+    property bool isSymbolLast: false
     property int weight: Font.Normal
 
     spacing: 4
+    layoutDirection: isSymbolLast ? Qt.RightToLeft : Qt.LeftToRight
 
     Symbol {
         anchors.verticalCenter: parent.verticalCenter
         name: label.symbol
-        size: label.size
+        size: label.symbolSize
         color: label.color
     }
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// A small label on a tint of its own colour.
+/// A small label on a tint of its own colour, or on another ground.
 Item {
     id: tag
 
@@ -16,7 +16,7 @@ Item {
     property real horizontalPadding: 6
     property real verticalPadding: 2
 
-    implicitWidth: label.implicitWidth + 2 * horizontalPadding
+    implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding
     implicitHeight: label.implicitHeight + 2 * verticalPadding
 
     RoundedSurface {

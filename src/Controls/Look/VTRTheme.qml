@@ -3,7 +3,8 @@ pragma Singleton
 import QtQuick
 import Vantora.Controls
 
-/// The one source of colours, fonts and metrics. The window has a dark look only.
+/// The named colours, the font families, the text styles and the metrics that several controls
+/// share; a size that only one view has stands there. The window has a dark look only.
 QtObject {
     id: theme
 

@@ -16,11 +16,7 @@ Item {
     visible: openness > 0
 
     Behavior on openness {
-        NumberAnimation {
-            duration: Motion.resultsDuration
-            easing.type: Easing.BezierSpline
-            easing.bezierCurve: Motion.easeInOut
-        }
+        EaseInOut { duration: Motion.resultsDuration }
     }
 
     PriceCalendarView {

@@ -3,23 +3,29 @@ import Vantora
 import Vantora.Controls
 
 /// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
-/// Its delegate is a button of the width `dayWidth` that takes `focus` while it is current.
+/// Its delegate is a CalendarDay.
 ListView {
     id: strip
 
-    required property FlightSearchViewModel viewModel
+    /// The day that is kept in view; -1 for none.
+    required property int selectedIndex
     /// The least width of a day. Where there is room, days grow up to `widestDay` to fill the row.
     required property real narrowestDay
     property real widestDay: 2 * narrowestDay
-    readonly property real share: (width - leftMargin - rightMargin - (count - 1) * spacing) / Math.max(count, 1)
-    readonly property real dayWidth: Math.floor(Math.max(narrowestDay, Math.min(share, widestDay)))
+    readonly property real dayWidth: PriceCalendarFormat.dayWidth(width - leftMargin - rightMargin, count, spacing,
+                                                                  narrowestDay, widestDay)
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
     /// How much of either end is covered while there are more days past it.
     readonly property real edgeWidth: 32
-    readonly property int selectedIndex: viewModel.selectedDayIndex
     property int laidOutCount: 0
+
+    /// The pointer went down on a day: the keyboard moves there.
+    function pressed(index: int) {
+        pointerMovedLast = true;
+        currentIndex = index;
+    }
 
     /// Puts the keyboard on the selected day and brings it into view.
     function showSelection() {
@@ -29,7 +35,8 @@ ListView {
         show(selectedIndex);
     }
 
-    /// New days are shown from the first one on, the same days in another width where they were.
+    /// New days are shown from the first one on. The same days in another width keep the current one
+    /// in view.
     function layOut() {
         if (laidOutCount === count) {
             show(currentIndex);
@@ -51,7 +58,6 @@ ListView {
             positionViewAtIndex(index, ListView.Center);
     }
 
-    model: viewModel.calendarPrices
     orientation: ListView.Horizontal
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentWidth + leftMargin + rightMargin > width

@@ -4,6 +4,7 @@
 #include "Models/MoneyText.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +27,21 @@ QString PriceCalendarFormat::formatDayOfWeek(const QString &date, bool full) con
 }
 
 QString PriceCalendarFormat::wholeAmount(double amount) const { return MoneyText::whole(amount); }
+
+QString PriceCalendarFormat::widestAmount(double highest) const
+{
+    QString amount = wholeAmount(highest);
+    std::replace_if(
+        amount.begin(), amount.end(), [](QChar character) { return character.isDigit(); }, u'8');
+    return amount;
+}
+
+double PriceCalendarFormat::dayWidth(double room, int count, double spacing, double narrowest,
+                                     double widest) const
+{
+    const double share = (room - (count - 1) * spacing) / std::max(count, 1);
+    return std::floor(std::max(narrowest, std::min(share, widest)));
+}
 
 double PriceCalendarFormat::barHeight(double amount, double maxPrice) const
 {

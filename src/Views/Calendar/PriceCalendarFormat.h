@@ -21,6 +21,12 @@ public:
     Q_INVOKABLE QString formatDayOfWeek(const QString &date, bool full) const;
     /// The amount without its fraction, which is cut off and not rounded.
     Q_INVOKABLE QString wholeAmount(double amount) const;
+    /// As wide as any amount up to `highest`: its digits are all eights.
+    Q_INVOKABLE QString widestAmount(double highest) const;
+    /// The width of each of `count` days: they share `room` with gaps of `spacing` between them,
+    /// but none is narrower than `narrowest` or, where that is more, wider than `widest`.
+    Q_INVOKABLE double dayWidth(double room, int count, double spacing, double narrowest,
+                                double widest) const;
     /// How high a day's bar stands, in pixels, when the dearest day costs `maxPrice`.
     Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
     /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.

@@ -6,29 +6,19 @@ import Vantora
 import Vantora.Controls
 
 /// The fares of the searched days, as bars and as tiles. Choosing a day loads its flights.
-Item {
+VTRCard {
     id: calendar
 
     required property FlightSearchViewModel viewModel
 
-    /// Room for the dearest day's amount with this unit, in any digits.
+    /// Room for any day's amount with this unit.
     function amountWidth(pixelSize: int, unit: string): real {
-        const amount = PriceCalendarFormat.wholeAmount(viewModel.highestPrice).replace(/[0-9]/g, "8");
         const font = Qt.font({ family: VTRTheme.fontFamily, pixelSize: pixelSize, weight: Font.Bold });
-        return TextWidth.widest([amount + unit], font) + 1;
-    }
-
-    implicitHeight: content.implicitHeight + 2 * VTRTheme.padding
-
-    CardBackground {
-        anchors.fill: parent
+        return TextWidth.widest([PriceCalendarFormat.widestAmount(viewModel.highestPrice) + unit], font) + 1;
     }
 
     ColumnLayout {
-        id: content
-
-        anchors.fill: parent
-        anchors.margins: VTRTheme.padding
+        width: parent.width
         spacing: 16
 
         RowLayout {
@@ -67,7 +57,8 @@ Item {
             Layout.fillWidth: true
             // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
-            viewModel: calendar.viewModel
+            model: calendar.viewModel.calendarPrices
+            selectedIndex: calendar.viewModel.selectedDayIndex
             narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
             spacing: 12
             leftMargin: 4
@@ -75,30 +66,17 @@ Item {
             Accessible.name: "Fiyat grafiği"
 
             delegate: CalendarBarColumn {
-                required property int index
-
-                // A list decides about the place of its delegates, not about what is drawn there.
-                transform: Translate { y: 24 }
-                width: bars.dayWidth
-                isBest: price.isBestPrice
+                strip: bars
+                topInStrip: 24
                 currency: calendar.viewModel.currency
                 maxPrice: calendar.viewModel.highestPrice
-                isSelected: price.date === calendar.viewModel.selectedDate
-                focus: ListView.isCurrentItem
-                focusPolicy: Qt.ClickFocus
-                showsFocus: bars.showsFocus && ListView.isCurrentItem
-                onPressed: {
-                    bars.pointerMovedLast = true;
-                    bars.currentIndex = index;
-                }
+                selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
             }
         }
 
-        Rectangle {
+        Divider {
             Layout.fillWidth: true
-            Layout.preferredHeight: 1
-            color: VTRTheme.cardBorder
         }
 
         DayStrip {
@@ -110,8 +88,9 @@ Item {
             Layout.topMargin: -3
             Layout.leftMargin: -1
             Layout.rightMargin: -1
-            viewModel: calendar.viewModel
-            narrowestDay: Math.max(84, calendar.amountWidth(11, " " + viewModel.currency) + 2 * 12)
+            model: calendar.viewModel.calendarPrices
+            selectedIndex: calendar.viewModel.selectedDayIndex
+            narrowestDay: Math.max(84, calendar.amountWidth(11, " " + calendar.viewModel.currency) + 2 * 12)
             widestDay: 140
             spacing: 10
             leftMargin: 3
@@ -119,20 +98,10 @@ Item {
             Accessible.name: "Günler"
 
             delegate: CalendarTileView {
-                required property int index
-
-                transform: Translate { y: 3 }
-                width: tiles.dayWidth
-                isBest: price.isBestPrice
+                strip: tiles
+                topInStrip: 3
                 currency: calendar.viewModel.currency
-                isSelected: price.date === calendar.viewModel.selectedDate
-                focus: ListView.isCurrentItem
-                focusPolicy: Qt.ClickFocus
-                showsFocus: tiles.showsFocus && ListView.isCurrentItem
-                onPressed: {
-                    tiles.pointerMovedLast = true;
-                    tiles.currentIndex = index;
-                }
+                selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
             }
         }

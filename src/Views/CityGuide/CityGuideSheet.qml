@@ -15,8 +15,8 @@ Sheet {
     sheetWidth: 560
     sheetHeight: 500
 
-    CityGuideTabs {
+    CityGuideContent {
         sheet: guideSheet
-        Component.onCompleted: open(guideSheet.destinationCode)
+        destinationCode: guideSheet.destinationCode
     }
 }

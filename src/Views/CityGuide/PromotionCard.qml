@@ -39,11 +39,17 @@ VTRCard {
                 Accessible.name: text
             }
 
-            DiscountBadge {
+            Tag {
                 Layout.alignment: Qt.AlignTop
                 Layout.maximumWidth: card.width / 2
                 visible: text.length > 0
                 text: card.promotion.discount
+                color: VTRTheme.textPrimary
+                fill: VTRTheme.bestGreen
+                size: 11
+                cornerRadius: 6
+                horizontalPadding: 8
+                verticalPadding: 3
             }
         }
 

@@ -12,7 +12,7 @@ Sheet {
     sheetWidth: 580
     sheetHeight: 480
 
-    FlightStatusQuery {
+    FlightStatusContent {
         sheet: statusSheet
     }
 }

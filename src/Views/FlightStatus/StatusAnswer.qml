@@ -28,7 +28,7 @@ ColumnLayout {
         textColor: VTRTheme.textMuted
     }
 
-    StatusMessagePanel {
+    MessagePanel {
         objectName: "statusErrorPanel"
         Layout.fillWidth: true
         visible: answer.hasNothing && answer.viewModel.hasErrorMessage
@@ -37,12 +37,12 @@ ColumnLayout {
         symbolSize: 36
         symbolColor: VTRTheme.gold
         heading: "Uçuş bilgisi alınamadı"
-        headingColor: VTRTheme.textPrimary
         text: answer.viewModel.errorMessage
+        textSize: VTRTheme.captionSize
         Accessible.role: Accessible.AlertMessage
     }
 
-    StatusMessagePanel {
+    MessagePanel {
         objectName: "statusEmptyPanel"
         Layout.fillWidth: true
         visible: answer.hasNothing && !answer.viewModel.hasErrorMessage
@@ -51,6 +51,7 @@ ColumnLayout {
         symbolColor: VTRTheme.withOpacity(VTRTheme.textMuted, VTRTheme.textMuted.a * 0.5)
         heading: "VQ Uçuş Numarası Girin"
         headingColor: VTRTheme.textSecondary
+        textSize: VTRTheme.captionSize
         text: "Rötar, kalkış kapısı, varış bagaj bandı ve anlık uçuş durumunu öğrenin."
     }
 }

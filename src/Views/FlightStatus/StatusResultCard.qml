@@ -48,10 +48,8 @@ VTRCard {
             }
         }
 
-        Rectangle {
+        Divider {
             Layout.fillWidth: true
-            implicitHeight: 1
-            color: VTRTheme.cardBorder
         }
 
         RowLayout {

@@ -110,7 +110,7 @@ Item {
                 font.weight: Font.ExtraBold
             }
 
-            BaseButton {
+            RedButton {
                 id: bookButton
 
                 anchors.right: parent.right
@@ -118,41 +118,19 @@ Item {
                 // The card itself is what assistive technology presses.
                 Accessible.ignored: true
                 text: "VTR'de Satın Al"
-                topPadding: 8
-                bottomPadding: 8
-                leftPadding: 14
-                rightPadding: 14
+                horizontalPadding: 14
+                verticalPadding: 8
                 onClicked: card.book()
 
-                background: RoundedSurface {
-                    radius: VTRTheme.controlRadius
-                    color: bookButton.hovered ? Qt.lighter(VTRTheme.redGradient.start, 1.12) : VTRTheme.redGradient.start
-                    gradientEnd: VTRTheme.redGradient.end
-                    shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
-                    shadowRadius: 6
-                    shadowOffset: 2
-
-                    PressTint {
-                        control: bookButton
-                        isHovered: false
-                        radius: bookButton.cornerRadius
-                    }
-                }
-
-                contentItem: Row {
+                contentItem: SymbolLabel {
                     spacing: 6
-
-                    PlainText {
-                        text: bookButton.text
-                        font.pixelSize: 12
-                        font.weight: Font.Bold
-                    }
-
-                    Symbol {
-                        anchors.verticalCenter: parent.verticalCenter
-                        name: "arrow.up.right"
-                        size: 10
-                    }
+                    symbol: "arrow.up.right"
+                    symbolSize: 10
+                    isSymbolLast: true
+                    text: bookButton.text
+                    color: VTRTheme.textPrimary
+                    size: 12
+                    weight: Font.Bold
                 }
             }
         }

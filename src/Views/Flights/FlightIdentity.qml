@@ -10,18 +10,13 @@ Row {
 
     spacing: 12
 
-    RoundedSurface {
+    RedSurface {
         id: mark
 
         anchors.verticalCenter: parent.verticalCenter
         width: 44
         height: 44
         radius: 22
-        color: VTRTheme.redGradient.start
-        gradientEnd: VTRTheme.redGradient.end
-        shadowColor: VTRTheme.withOpacity(VTRTheme.vtrRed, 0.4)
-        shadowRadius: 6
-        shadowOffset: 2
 
         Symbol {
             anchors.centerIn: parent
@@ -53,7 +48,6 @@ Row {
 
                 anchors.verticalCenter: parent.verticalCenter
                 text: "VTR"
-                color: VTRTheme.vtrRed
                 weight: Font.ExtraBold
             }
         }

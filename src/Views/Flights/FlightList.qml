@@ -9,7 +9,7 @@ import Vantora.Controls
 FocusScope {
     id: area
 
-    required property FlightSearchViewModel viewModel
+    required property FlightOptionList flights
     required property ScrollPage page
     /// Where this item begins in the page's content.
     required property real topInPage
@@ -17,7 +17,7 @@ FocusScope {
     readonly property int cardHeight: 104
     readonly property int cardSpacing: 12
     readonly property int cardPitch: cardHeight + cardSpacing
-    readonly property int count: viewModel.filteredFlights.count
+    readonly property int count: flights.count
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
     /// So many rows out of view have cards too: a re-sort is seen to move them in and out.
@@ -38,7 +38,7 @@ FocusScope {
     VisibleFlights {
         id: cards
 
-        viewModel: area.viewModel
+        flights: area.flights
         firstRow: Math.floor((area.page.contentY - area.topInPage) / area.cardPitch) - area.rowsBeyondView
         rowCount: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
     }
@@ -73,10 +73,10 @@ FocusScope {
             }
 
             Behavior on y {
-                CardMotion {}
+                EaseInOut { duration: cards.motionDuration }
             }
             Behavior on opacity {
-                CardMotion {}
+                EaseInOut { duration: cards.motionDuration }
             }
 
             TapHandler {
@@ -89,12 +89,6 @@ FocusScope {
                 }
             }
         }
-    }
-
-    component CardMotion: NumberAnimation {
-        duration: Motion.resortDuration
-        easing.type: Easing.BezierSpline
-        easing.bezierCurve: Motion.easeInOut
     }
 
     /// Moves the keyboard to the card in `row` and scrolls the page to it; stays at the ends.

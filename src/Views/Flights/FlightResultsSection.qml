@@ -3,7 +3,7 @@ import Vantora
 import Vantora.Controls
 
 /// The flights of the selected day: heading, chips, and the list or what stands for it.
-Item {
+VTRCard {
     id: section
 
     required property FlightSearchViewModel viewModel
@@ -19,22 +19,14 @@ Item {
     // Bound, not taken from the column: that lays out with the next frame, and in between the page
     // would jump to an end that is none.
     readonly property real bodyHeight: isSearching ? loading.height : isEmpty ? nothing.height : list.implicitHeight
-    readonly property real naturalHeight: content.y + body.y + bodyHeight + VTRTheme.padding
+    readonly property real naturalHeight: padding + body.y + bodyHeight + padding
     /// Up to the end of the page's view: while the flights are away the page stays where it is.
     readonly property real heightInView: page.contentY + page.height - topInPage - roomBelow
 
     implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
-    CardBackground {
-        anchors.fill: parent
-    }
-
     Column {
-        id: content
-
-        x: VTRTheme.padding
-        y: VTRTheme.padding
-        width: parent.width - 2 * VTRTheme.padding
+        width: parent.width
         spacing: 16
 
         Column {
@@ -60,7 +52,8 @@ Item {
         }
 
         SortChips {
-            viewModel: section.viewModel
+            currentOption: section.viewModel.activeFilter
+            onChosen: option => section.viewModel.applyFilter(option)
         }
 
         Item {
@@ -85,7 +78,15 @@ Item {
 
                 width: parent.width
                 active: section.isEmpty
-                sourceComponent: NoFlightsPanel {}
+                sourceComponent: MessagePanel {
+                    objectName: "noFlights"
+                    spacing: 12
+                    symbol: "airplane.circle"
+                    symbolSize: 44
+                    heading: "Bu tarihte tarifeli uçuş bulunamadı"
+                    headingWeight: Font.DemiBold
+                    text: "Fiyat grafiğinden yakın tarihleri seçerek diğer seferleri inceleyebilirsiniz."
+                }
             }
 
             FlightList {
@@ -94,9 +95,9 @@ Item {
                 width: parent.width
                 height: implicitHeight
                 visible: !section.isSearching && !section.isEmpty
-                viewModel: section.viewModel
+                flights: section.viewModel.filteredFlights
                 page: section.page
-                topInPage: section.topInPage + content.y + body.y
+                topInPage: section.topInPage + section.padding + body.y
             }
         }
     }

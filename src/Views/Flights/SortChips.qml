@@ -8,7 +8,9 @@ import Vantora.Controls
 Row {
     id: chips
 
-    required property FlightSearchViewModel viewModel
+    required property int currentOption
+
+    signal chosen(option: int)
 
     spacing: VTRTheme.spacing
     Accessible.role: Accessible.Grouping
@@ -22,18 +24,15 @@ Row {
         ChoiceButton {
             id: chip
 
-            required property int index
             required property string modelData
 
+            choices: options
             text: modelData
-            isCurrent: index === chips.viewModel.activeFilter
+            isCurrent: index === chips.currentOption
             cornerRadius: height / 2
-            topPadding: 6
-            bottomPadding: 6
-            leftPadding: 12
-            rightPadding: 12
-            onClicked: chips.viewModel.applyFilter(index)
-            onMoved: step => chips.choose(index + step)
+            verticalPadding: 6
+            horizontalPadding: 12
+            onClicked: chips.chosen(index)
 
             background: RoundedSurface {
                 radius: height / 2
@@ -54,13 +53,5 @@ Row {
                 Accessible.ignored: true
             }
         }
-    }
-
-    /// Applies the option at `index` and moves the focus to its chip; stays at the ends.
-    function choose(index: int) {
-        if (index < 0 || index >= options.count)
-            return;
-        options.itemAt(index).forceActiveFocus(Qt.TabFocusReason);
-        chips.viewModel.applyFilter(index);
     }
 }

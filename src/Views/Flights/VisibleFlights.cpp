@@ -2,25 +2,26 @@
 
 #include "Controls/Look/Motion.h"
 
+#include <QHash>
+#include <QSet>
+
 #include <algorithm>
 
 VisibleFlights::VisibleFlights(QObject *parent)
     : QObject(parent)
 {
     m_rearrangement.setSingleShot(true);
-    m_rearrangement.setInterval(Motion().resortDuration());
     connect(&m_rearrangement, &QTimer::timeout, this, [this] {
         m_leaving.clear();
         update();
     });
 }
 
-void VisibleFlights::setViewModel(FlightSearchViewModel *viewModel)
+void VisibleFlights::setFlights(FlightOptionList *flights)
 {
-    m_viewModel = viewModel;
-    connect(viewModel, &FlightSearchViewModel::filteredFlightsChanged, this,
-            &VisibleFlights::rearrange);
-    Q_EMIT viewModelChanged();
+    m_flights = flights;
+    connect(flights, &FlightOptionList::changed, this, &VisibleFlights::rearrange);
+    Q_EMIT flightsChanged();
     update();
 }
 
@@ -53,7 +54,9 @@ void VisibleFlights::setCurrentRow(int row)
 
 void VisibleFlights::rearrange()
 {
-    m_rearrangement.start();
+    const Motion motion;
+    m_rearrangement.start(m_flights->areNew() ? motion.resultsDuration() : motion.resortDuration());
+    Q_EMIT motionDurationChanged();
     QHash<QString, FlightRow *> leaving;
     m_leaving = m_rows.records();
     for (FlightRow &row : m_leaving) {
@@ -61,7 +64,7 @@ void VisibleFlights::rearrange()
         leaving.insert(identity(row), &row);
     }
     // On its way out a card moves towards its new place.
-    const QList<FlightOption> &flights = m_viewModel->filteredFlights();
+    const QList<FlightOption> &flights = m_flights->flights();
     for (int row = 0; row < flights.size(); ++row) {
         if (FlightRow *moved = leaving.value(flights.at(row).id))
             moved->row = row;
@@ -86,9 +89,9 @@ void VisibleFlights::update()
 QList<FlightRow> VisibleFlights::wantedRows() const
 {
     QList<FlightRow> rows;
-    if (!m_viewModel)
+    if (!m_flights)
         return rows;
-    const QList<FlightOption> &flights = m_viewModel->filteredFlights();
+    const QList<FlightOption> &flights = m_flights->flights();
     const int count = int(flights.size());
     const int first = std::clamp(m_firstRow, 0, count);
     const int end = std::clamp(m_firstRow + m_rowCount, first, count);

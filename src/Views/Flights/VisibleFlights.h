@@ -1,6 +1,8 @@
 #pragma once
 
-#include "ViewModels/FlightSearchViewModel.h"
+#include "Models/FlightOption.h"
+#include "ViewModels/FlightOptionList.h"
+#include "ViewModels/RecordListModel.h"
 
 #include <QQmlEngine>
 #include <QTimer>
@@ -24,7 +26,7 @@ public:
 
 inline QString identity(const FlightRow &row) { return row.flight.id; }
 
-/// Those of a view model's `filteredFlights` that are worth a card: the rows that a view wants to
+/// Those of a list of flights that are worth a card: the rows that a view wants to
 /// draw, the one with the keyboard, which has to exist wherever it is, and for the length of a
 /// motion those that a new order has driven out.
 class VisibleFlights : public QObject
@@ -32,20 +34,22 @@ class VisibleFlights : public QObject
     Q_OBJECT
     QML_ELEMENT
     /// Set once.
-    Q_PROPERTY(FlightSearchViewModel *viewModel READ viewModel WRITE setViewModel NOTIFY
-                   viewModelChanged REQUIRED)
+    Q_PROPERTY(
+        FlightOptionList *flights READ flights WRITE setFlights NOTIFY flightsChanged REQUIRED)
     Q_PROPERTY(CountedListModel *rows READ rows CONSTANT)
     /// The rows to draw; they may lie outside the list.
     Q_PROPERTY(int firstRow READ firstRow WRITE setFirstRow NOTIFY firstRowChanged)
     Q_PROPERTY(int rowCount READ rowCount WRITE setRowCount NOTIFY rowCountChanged)
     /// The row with the keyboard; the first one after every change of the list.
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
+    /// How long the motion of a change takes, in milliseconds.
+    Q_PROPERTY(int motionDuration READ motionDuration NOTIFY motionDurationChanged)
 
 public:
     explicit VisibleFlights(QObject *parent = nullptr);
 
-    FlightSearchViewModel *viewModel() const { return m_viewModel; }
-    void setViewModel(FlightSearchViewModel *viewModel);
+    FlightOptionList *flights() const { return m_flights; }
+    void setFlights(FlightOptionList *flights);
     CountedListModel *rows() { return &m_rows; }
     int firstRow() const { return m_firstRow; }
     void setFirstRow(int row);
@@ -53,23 +57,25 @@ public:
     void setRowCount(int count);
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
+    int motionDuration() const { return m_rearrangement.interval(); }
 
     /// Whether a row that appears now does so because the list has changed, not because it is
     /// scrolled.
     Q_INVOKABLE bool isRearranging() const { return m_rearrangement.isActive(); }
 
 Q_SIGNALS:
-    void viewModelChanged();
+    void flightsChanged();
     void firstRowChanged();
     void rowCountChanged();
     void currentRowChanged();
+    void motionDurationChanged();
 
 private:
     void rearrange();
     void update();
     QList<FlightRow> wantedRows() const;
 
-    FlightSearchViewModel *m_viewModel = nullptr;
+    FlightOptionList *m_flights = nullptr;
     RecordListModel<FlightRow> m_rows { "flightRow" };
     QList<FlightRow> m_leaving;
     QTimer m_rearrangement;

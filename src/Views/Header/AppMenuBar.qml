@@ -29,10 +29,8 @@ T.MenuBar {
 
         implicitWidth: implicitContentWidth + leftPadding + rightPadding
         implicitHeight: implicitContentHeight + topPadding + bottomPadding
-        leftPadding: 8
-        rightPadding: 8
-        topPadding: 4
-        bottomPadding: 4
+        horizontalPadding: 8
+        verticalPadding: 4
         Accessible.name: text.replace("&", "")
 
         background: Rectangle {

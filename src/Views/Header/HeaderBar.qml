@@ -12,12 +12,11 @@ RowLayout {
 
     spacing: 12
 
-    RoundedSurface {
+    RedSurface {
         Layout.preferredWidth: 36
         Layout.preferredHeight: 36
         radius: 10
-        color: VTRTheme.redGradient.start
-        gradientEnd: VTRTheme.redGradient.end
+        raised: false
 
         Symbol {
             anchors.centerIn: parent

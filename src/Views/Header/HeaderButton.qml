@@ -8,10 +8,8 @@ BaseButton {
     required property string symbol
     readonly property color ink: hovered || pressed ? VTRTheme.textPrimary : VTRTheme.textSecondary
 
-    topPadding: 6
-    bottomPadding: 6
-    leftPadding: 10
-    rightPadding: 10
+    verticalPadding: 6
+    horizontalPadding: 10
 
     background: RoundedSurface {
         radius: VTRTheme.controlRadius

@@ -16,21 +16,14 @@ T.Menu {
         implicitHeight: implicitContentHeight + topPadding + bottomPadding
         leftPadding: 12
         rightPadding: 24
-        topPadding: 7
-        bottomPadding: 7
+        verticalPadding: 7
         Accessible.role: Accessible.MenuItem
         Accessible.name: text
         Accessible.onPressAction: entry.triggered()
 
-        background: RoundedSurface {
-            radius: 6
-            color: entry.highlighted ? VTRTheme.vtrRed : "transparent"
-
-            PressTint {
-                control: entry
-                isHovered: false
-                radius: 6
-            }
+        background: MenuEntryGround {
+            entry: entry
+            isHighlighted: entry.highlighted
         }
 
         contentItem: PlainText {

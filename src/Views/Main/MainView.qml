@@ -7,8 +7,8 @@ FocusScope {
     id: mainView
 
     readonly property FlightSearchViewModel viewModel: FlightSearchViewModel {}
-    property bool showFlightStatusSheet: false
-    property bool showCityGuideSheet: false
+    property alias showFlightStatusSheet: flightStatusSheet.visible
+    property alias showCityGuideSheet: cityGuideSheet.visible
 
     // A wider window gives its content room up to here, and then margins.
     readonly property real widestContent: 1440
@@ -32,8 +32,8 @@ FocusScope {
 
             HeaderBar {
                 width: parent.width
-                onFlightStatusRequested: mainView.showFlightStatusSheet = true
-                onCityGuideRequested: mainView.showCityGuideSheet = true
+                onFlightStatusRequested: flightStatusSheet.open()
+                onCityGuideRequested: cityGuideSheet.open()
             }
 
             IntroView {
@@ -71,15 +71,15 @@ FocusScope {
     }
 
     FlightStatusSheet {
+        id: flightStatusSheet
+
         objectName: "flightStatusSheet"
-        visible: mainView.showFlightStatusSheet
-        onClosed: mainView.showFlightStatusSheet = false
     }
 
     CityGuideSheet {
+        id: cityGuideSheet
+
         objectName: "cityGuideSheet"
         destinationCode: mainView.viewModel.destinationCode
-        visible: mainView.showCityGuideSheet
-        onClosed: mainView.showCityGuideSheet = false
     }
 }

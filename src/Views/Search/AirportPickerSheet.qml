@@ -17,7 +17,7 @@ Sheet {
     sheetHeight: 520
     fill: VTRTheme.cardBg
 
-    AirportPicker {
+    AirportPickerContent {
         sheet: pickerSheet
         selectedCode: pickerSheet.selectedCode
         onChosen: code => {

@@ -18,10 +18,8 @@ BaseButton {
     text: airport.code + ", " + airport.city + ", " + airport.country + ", " + airport.name
     Accessible.selectable: true
     Accessible.selected: isSelected
-    topPadding: 10
-    bottomPadding: 10
-    leftPadding: 12
-    rightPadding: 12
+    verticalPadding: 10
+    horizontalPadding: 12
 
     background: RoundedSurface {
         radius: VTRTheme.controlRadius

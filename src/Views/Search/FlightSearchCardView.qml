@@ -7,24 +7,15 @@ import Vantora.Controls
 
 /// The search form. It edits the view model's form and starts searches; its own state is only which
 /// of its two sheets is open.
-Item {
+VTRCard {
     id: searchCard
 
     required property FlightSearchViewModel viewModel
     property alias showOriginPicker: originPicker.visible
     property alias showDestinationPicker: destinationPicker.visible
 
-    implicitHeight: content.implicitHeight + 2 * VTRTheme.padding
-
-    CardBackground {
-        anchors.fill: parent
-    }
-
     ColumnLayout {
-        id: content
-
-        anchors.fill: parent
-        anchors.margins: VTRTheme.padding
+        width: parent.width
         spacing: 16
 
         SearchOptionRow {

@@ -9,8 +9,6 @@ Row {
     id: row
 
     required property FlightSearchViewModel viewModel
-    /// Pairs of departure and arrival code.
-    readonly property list<string> quickRoutes: ["IST-LHR", "IST-JFK", "SAW-AYT", "IST-CDG", "IST-DXB", "IST-FRA"]
 
     spacing: VTRTheme.spacing
 
@@ -22,13 +20,18 @@ Row {
     }
 
     Repeater {
-        model: row.quickRoutes
+        model: ListModel {
+            id: quickRoutes
+
+            ListElement { origin: "IST"; destination: "LHR" }
+            ListElement { origin: "IST"; destination: "JFK" }
+            ListElement { origin: "SAW"; destination: "AYT" }
+            ListElement { origin: "IST"; destination: "CDG" }
+            ListElement { origin: "IST"; destination: "DXB" }
+            ListElement { origin: "IST"; destination: "FRA" }
+        }
 
         QuickRouteButton {
-            required property string modelData
-
-            origin: modelData.slice(0, 3)
-            destination: modelData.slice(4)
             onClicked: {
                 row.viewModel.originCode = origin;
                 row.viewModel.destinationCode = destination;

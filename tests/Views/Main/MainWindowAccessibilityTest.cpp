@@ -47,8 +47,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("content"); // that shows then
         QTest::newRow("main window") << QString() << QByteArray("CalendarBarColumn");
         QTest::newRow("picker") << u"destinationButton"_s << QByteArray("AirportRowView");
-        QTest::newRow("status") << u"flightStatusButton"_s << QByteArray("FlightStatusQuery");
-        QTest::newRow("guide") << u"cityGuideButton"_s << QByteArray("CityGuideTabs");
+        QTest::newRow("status") << u"flightStatusButton"_s << QByteArray("FlightStatusContent");
+        QTest::newRow("guide") << u"cityGuideButton"_s << QByteArray("CityGuideContent");
     }
     void everyControlHasRoleNameAndAction()
     {

@@ -108,7 +108,7 @@ private Q_SLOTS:
             m_window->key(Qt::Key_Right);
             QTest::qWait(50);
             QVERIFY(isLoading());
-            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName, "guide");
+            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName, "viewModel");
             QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
 
             // Only opening the sheet again asks again.
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QVERIFY(open());
         QTRY_COMPARE(m_server->heldCount(), 1);
         const QPointer<CityGuideViewModel> first =
-            m_window->stateOf<CityGuideViewModel>(sheetName, "guide");
+            m_window->stateOf<CityGuideViewModel>(sheetName, "viewModel");
         close();
         QTRY_VERIFY(!first);
 
@@ -189,7 +189,7 @@ private Q_SLOTS:
         QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
 
         // The keyboard is on the tabs, which are one stop, and scrolls the page from there.
-        QQuickItem *page = m_window->named(u"guidePage"_s);
+        QQuickItem *page = m_window->named(u"sheetPage"_s);
         QVERIFY(page->property("contentHeight").toReal() > page->height());
         m_window->key(Qt::Key_PageDown);
         QVERIFY(page->property("contentY").toReal() > 0);

@@ -99,7 +99,7 @@ private:
         const QString destination = one(destinations);
         m_window->viewModel()->setDestinationCode(destination);
         pressAccessibly(m_window->named(u"cityGuideButton"_s));
-        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet, "guide");
+        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet, "viewModel");
         QVERIFY(state);
         QCOMPARE(state->destinationCode(), destination);
         QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());

@@ -1,14 +1,18 @@
 import QtQuick
 import QtQuick.Layouts
-import Vantora
 import Vantora.Controls
 
-/// The content of the flight status sheet: header, question and answer.
+/// The content of a sheet that is a header over a page. Children stand in the page one under the
+/// other; those of `headerContent` stand in the header, under its title.
 FocusScope {
-    id: query
+    id: sheetContent
 
     required property Sheet sheet
-    readonly property FlightStatusViewModel viewModel: FlightStatusViewModel {}
+    required property string symbol
+    property alias hasDivider: divider.visible
+    property alias headerContent: header.content
+    default property alias content: column.data
+    readonly property alias page: page
 
     focus: true
     // Keys that the controls leave alone scroll the page.
@@ -19,42 +23,35 @@ FocusScope {
         spacing: 0
 
         SheetHeader {
+            id: header
+
             Layout.fillWidth: true
-            sheet: query.sheet
-            symbol: "airplane.circle.fill"
+            sheet: sheetContent.sheet
+            symbol: sheetContent.symbol
         }
 
-        Rectangle {
+        Divider {
+            id: divider
+
             Layout.fillWidth: true
-            implicitHeight: 1
-            color: VTRTheme.cardBorder
         }
 
         ScrollPage {
             id: page
 
+            objectName: "sheetPage"
             Layout.fillWidth: true
             Layout.fillHeight: true
             clip: true
-            contentHeight: content.height + 2 * VTRTheme.padding
+            contentHeight: column.height + 2 * VTRTheme.padding
 
             ColumnLayout {
-                id: content
+                id: column
 
                 x: VTRTheme.padding
                 y: VTRTheme.padding
                 width: page.width - 2 * VTRTheme.padding
                 spacing: VTRTheme.padding
-
-                StatusQueryRow {
-                    Layout.fillWidth: true
-                    viewModel: query.viewModel
-                }
-
-                StatusAnswer {
-                    Layout.fillWidth: true
-                    viewModel: query.viewModel
-                }
             }
         }
     }

@@ -118,10 +118,17 @@ FocusScope {
             onClicked: picker.chosen(airport.code)
         }
 
-        NoAirportsPanel {
+        MessagePanel {
             objectName: "noAirports"
             width: parent.width - VTRTheme.padding
             visible: list.count === 0
+            padding: 40
+            symbol: "airplane.circle"
+            symbolSize: 36
+            heading: "Eşleşen havalimanı bulunamadı"
+            headingColor: VTRTheme.textMuted
+            headingSize: VTRTheme.calloutSize
+            headingWeight: Font.Normal
         }
 
         T.ScrollBar.vertical: PageScrollBar {}

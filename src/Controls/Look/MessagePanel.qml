@@ -1,28 +1,33 @@
 import QtQuick
 import Vantora.Controls
 
-/// What stands in the place of a status card: a symbol, a heading and a line that explains it.
+/// What stands where there is nothing to show: a symbol, a heading and, optionally, a line that
+/// explains it.
 Item {
     id: panel
 
     required property string symbol
     required property int symbolSize
-    required property color symbolColor
+    property color symbolColor: VTRTheme.textMuted
     required property string heading
-    required property color headingColor
-    required property string text
+    property color headingColor: VTRTheme.textPrimary
+    property int headingSize: VTRTheme.headlineSize
+    property int headingWeight: Font.Bold
+    property string text
+    property int textSize: VTRTheme.bodySize
     property real padding: 50
+    property real spacing: VTRTheme.spacing
 
     implicitHeight: content.implicitHeight + 2 * padding
     Accessible.role: Accessible.Pane
-    Accessible.name: heading + ". " + text
+    Accessible.name: text.length > 0 ? heading + ". " + text : heading
 
     Column {
         id: content
 
         anchors.centerIn: parent
         width: parent.width - 2 * panel.padding
-        spacing: VTRTheme.spacing
+        spacing: panel.spacing
 
         Symbol {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -36,20 +41,21 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             text: panel.heading
             color: panel.headingColor
-            font.pixelSize: VTRTheme.headlineSize
-            font.weight: Font.Bold
+            font.pixelSize: panel.headingSize
+            font.weight: panel.headingWeight
         }
 
         PlainText {
             // A server may answer with a whole page; its beginning says enough.
             width: parent.width
+            visible: panel.text.length > 0
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             maximumLineCount: 6
             elide: Text.ElideRight
             text: panel.text
             color: VTRTheme.textMuted
-            font.pixelSize: VTRTheme.captionSize
+            font.pixelSize: panel.textSize
         }
     }
 }

@@ -1,0 +1,57 @@
+import QtQuick
+import QtQuick.Layouts
+import Vantora
+import Vantora.Controls
+
+/// The content of the city guide sheet: tabs and the page of the chosen tab.
+ScrollSheetContent {
+    id: content
+
+    required property string destinationCode
+    readonly property CityGuideViewModel viewModel: CityGuideViewModel {}
+    /// 0 is the guide, 1 the promotions.
+    property int activeTab: 0
+
+    symbol: "map.circle.fill"
+    hasDivider: false
+    onActiveTabChanged: page.scrollTo(0)
+    Component.onCompleted: {
+        viewModel.startLoading(destinationCode);
+        tabBar.currentSegment.focus = true;
+    }
+
+    headerContent: SegmentedControl {
+        id: tabBar
+
+        objectName: "guideTabs"
+        Layout.fillWidth: true
+        label: "Rehber sekmeleri"
+        titles: [content.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
+        currentIndex: content.activeTab
+        onChosen: index => content.activeTab = index
+    }
+
+    LoadingPanel {
+        objectName: "guideLoadingPanel"
+        Layout.fillWidth: true
+        visible: content.viewModel.isLoading
+        padding: 50
+        text: "Rehber bilgileri yükleniyor..."
+        textSize: VTRTheme.calloutSize
+        textColor: VTRTheme.textMuted
+    }
+
+    CityGuidePage {
+        objectName: "cityGuidePage"
+        Layout.fillWidth: true
+        visible: !content.viewModel.isLoading && content.activeTab === 0 && content.viewModel.hasGuideInfo
+        guide: content.viewModel.guideInfo
+    }
+
+    PromotionsPage {
+        objectName: "promotionsPage"
+        Layout.fillWidth: true
+        visible: !content.viewModel.isLoading && content.activeTab === 1
+        promotions: content.viewModel.promotions
+    }
+}
