@@ -21,7 +21,7 @@ HttpConnection::HttpConnection(QTcpSocket *socket, QObject *parent)
     , m_socket(socket)
 {
     socket->setParent(this);
-    socket->setReadBufferSize(largestBody);
+    socket->setReadBufferSize(largestHead);
     m_patience.setSingleShot(true);
     m_patience.start(patience);
     connect(&m_patience, &QTimer::timeout, socket, &QTcpSocket::abort);
@@ -36,58 +36,65 @@ void HttpConnection::read()
         m_socket->skip(m_socket->bytesAvailable());
     if (m_socket->bytesToWrite() > 0)
         return;
-    while (m_stage == Stage::Head && m_socket->canReadLine())
-        readLine(m_socket->readLine());
-    if (m_stage == Stage::Head && m_headSize + m_socket->bytesAvailable() > largestHead)
-        refuse(431);
-    if (m_stage == Stage::Body && m_socket->bytesAvailable() >= m_bodySize) {
-        m_request.body = m_socket->read(m_bodySize);
+    // More is taken from the socket only when what is at hand is no whole request.
+    if (!readRequest()) {
+        m_bytes += m_socket->readAll();
+        readRequest();
+    }
+}
+
+/// Returns false when it needs more bytes.
+bool HttpConnection::readRequest()
+{
+    if (m_stage == Stage::Head) {
+        const qsizetype size = m_bytes.indexOf("\r\n\r\n");
+        if ((size < 0 ? m_bytes.size() : size) > largestHead)
+            refuse(431);
+        else if (size < 0)
+            return false;
+        else
+            readHead(m_bytes.left(size));
+        m_bytes.remove(0, size + 4);
+    }
+    if (m_stage == Stage::Body) {
+        if (m_bytes.size() < m_bodySize)
+            return false;
+        m_request.body = m_bytes.left(m_bodySize);
+        m_bytes.remove(0, m_bodySize);
         m_stage = Stage::Answer;
         m_patience.stop();
         Q_EMIT requestReceived();
     }
+    return true;
 }
 
-void HttpConnection::readLine(const QByteArray &line)
+void HttpConnection::readHead(const QByteArray &head)
 {
-    m_headSize += line.size();
-    const QByteArray text = line.trimmed();
-    const qsizetype colon = text.indexOf(':');
-    if (m_headSize > largestHead)
-        refuse(431);
-    else if (m_request.method.isEmpty())
-        readRequestLine(text);
-    else if (text.isEmpty())
-        endHead();
-    else if (colon <= 0 || m_request.headers.contains(text.left(colon).toLower()))
-        refuse(400);
-    else
-        m_request.headers.insert(text.left(colon).toLower(), text.mid(colon + 1).trimmed());
-}
-
-void HttpConnection::readRequestLine(const QByteArray &line)
-{
-    const QList<QByteArray> parts = line.split(' ');
-    if (parts.size() != 3 || parts.first().isEmpty() || !parts.last().startsWith("HTTP/1."))
+    QList<QByteArray> lines = head.split('\n');
+    const QList<QByteArray> start = lines.takeFirst().trimmed().split(' ');
+    if (start.size() != 3 || !start.last().startsWith("HTTP/1."))
         return refuse(400);
-    m_request.method = parts.first();
-    m_request.path = parts.at(1).split('?').first();
-    m_staysOpen = parts.last() == "HTTP/1.1";
-}
+    m_request.method = start.first();
+    m_request.path = start.at(1).split('?').first();
+    for (const QByteArray &line : std::as_const(lines)) {
+        const qsizetype colon = line.indexOf(':');
+        const QByteArray name = line.left(colon).toLower();
+        if (colon <= 0 || m_request.headers.contains(name))
+            return refuse(400);
+        m_request.headers.insert(name, line.mid(colon + 1).trimmed());
+    }
 
-void HttpConnection::endHead()
-{
-    const QByteArray size = m_request.headers.value("content-length", "0");
     bool isNumber = false;
-    const qulonglong bytes = size.toULongLong(&isNumber);
+    const qulonglong size = m_request.headers.value("content-length", "0").toULongLong(&isNumber);
     if (m_request.headers.contains("transfer-encoding"))
         return refuse(411);
     if (!isNumber)
         return refuse(400);
-    if (bytes > largestBody)
+    if (size > largestBody)
         return refuse(413);
-    m_staysOpen &= m_request.headers.value("connection").toLower() != "close";
-    m_bodySize = qsizetype(bytes);
+    m_staysOpen =
+        start.last() == "HTTP/1.1" && m_request.headers.value("connection").toLower() != "close";
+    m_bodySize = qsizetype(size);
     m_stage = Stage::Body;
 }
 
@@ -98,7 +105,6 @@ void HttpConnection::answer(const HttpAnswer &answer)
     write(answer);
     m_stage = Stage::Head;
     m_request = {};
-    m_headSize = 0;
     m_patience.start(patience);
     if (!m_staysOpen) {
         m_stage = Stage::End;

@@ -60,17 +60,16 @@ private:
     };
 
     void read();
-    void readLine(const QByteArray &line);
-    void readRequestLine(const QByteArray &line);
-    void endHead();
+    bool readRequest();
+    void readHead(const QByteArray &head);
     void refuse(int status);
     void write(const HttpAnswer &answer);
 
     QTcpSocket *m_socket;
     QTimer m_patience;
     Stage m_stage = Stage::Head;
+    QByteArray m_bytes; ///< received and not read yet
     HttpRequest m_request;
-    qsizetype m_headSize = 0;
     qsizetype m_bodySize = 0;
     bool m_staysOpen = true;
 };

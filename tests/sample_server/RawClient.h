@@ -73,7 +73,7 @@ private:
             QEventLoop loop;
             QObject::connect(&socket, &QTcpSocket::readyRead, &loop, &QEventLoop::quit);
             QObject::connect(&socket, &QTcpSocket::disconnected, &loop, &QEventLoop::quit);
-            QTimer::singleShot(deadline.remainingTime(), &loop, &QEventLoop::quit);
+            QTimer::singleShot(int(deadline.remainingTime()), &loop, &QEventLoop::quit);
             loop.exec();
         }
     }

@@ -19,36 +19,27 @@ class SampleServerProgramTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void endsAtOnce_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("said");
-
-        QTest::newRow("help") << QStringList(u"--help"_s) << 0 << u"--jitter"_s;
-        QTest::newRow("unknown") << QStringList(u"--prot"_s) << 2 << u"prot"_s;
-        QTest::newRow("positional") << QStringList(u"8080"_s) << 2 << u"8080"_s;
-        QTest::newRow("port large") << QStringList { u"--port"_s, u"65536"_s } << 2
-                                    << u"--port takes a number from 0 to 65535."_s;
-        QTest::newRow("delay negative")
-            << QStringList(u"--delay=-1"_s) << 2 << u"--delay takes a number from 0 to 60000."_s;
-        QVERIFY(m_occupant.listen(QHostAddress::LocalHost));
-        const QString taken = QString::number(m_occupant.serverPort());
-        QTest::newRow("port in use") << QStringList { u"--port"_s, taken } << 1 << taken;
-    }
     void endsAtOnce()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        QFETCH(QString, said);
-        QProcess process;
-        process.start(m_program, arguments);
-        QVERIFY(process.waitForFinished(20'000));
-        QCOMPARE(process.exitCode(), status);
-        const QByteArray output = process.readAllStandardOutput();
-        const QByteArray text = status == 0 ? output : process.readAllStandardError();
-        QVERIFY2(QString::fromUtf8(text).contains(said), text.constData());
-        QCOMPARE(output.isEmpty(), status != 0);
+        QTcpServer occupant;
+        QVERIFY(occupant.listen(QHostAddress::LocalHost));
+        const QString taken = QString::number(occupant.serverPort());
+        for (const auto &[argument, status, said] :
+             { std::tuple(u"--help"_s, 0, u"--jitter"_s),
+               { u"--prot"_s, 2, u"prot"_s },
+               { u"8080"_s, 2, u"8080"_s },
+               { u"--port=65536"_s, 2, u"--port takes a number from 0 to 65535."_s },
+               { u"--delay=-1"_s, 2, u"--delay takes a number from 0 to 60000."_s },
+               { u"--port="_s + taken, 1, taken } }) {
+            QProcess process;
+            process.start(m_program, { argument });
+            QVERIFY(process.waitForFinished(20'000));
+            QCOMPARE(process.exitCode(), status);
+            const QByteArray output = process.readAllStandardOutput();
+            const QByteArray text = status == 0 ? output : process.readAllStandardError();
+            QVERIFY2(QString::fromUtf8(text).contains(said), text.constData());
+            QCOMPARE(output.isEmpty(), status != 0);
+        }
     }
 
     /// Which it would be out of, with as many clients.
@@ -80,7 +71,6 @@ private Q_SLOTS:
 
 private:
     const QString m_program = QStringLiteral(SAMPLE_SERVER_PROGRAM);
-    QTcpServer m_occupant;
 };
 
 QTEST_GUILESS_MAIN(SampleServerProgramTest)

@@ -1,7 +1,7 @@
 #include "RawClient.h"
 #include "ToolCalls.h"
 
-#include "sample_server/McpEndpoint.h"
+#include "sample_server/HttpConnection.h"
 #include "sample_server/SampleServer.h"
 
 #include <QSignalSpy>
@@ -145,25 +145,16 @@ private Q_SLOTS:
 
     void sessionsInUseOutliveTheOthers()
     {
-        Sample::McpEndpoint endpoint([](const QString &, const QJsonObject &) {});
-        const auto ask = [&endpoint](const QByteArray &body, const QByteArray &session) {
-            return endpoint.answer({ "POST",
-                                     "/mcp",
-                                     { { "host", "localhost" },
-                                       { "content-type", "application/json" },
-                                       { "mcp-session-id", session } },
-                                     body },
-                                   {});
-        };
-        const auto open = [&ask] { return ask(rpc(1, u"initialize"_s), {}).headers[0].second; };
-        const QByteArray used = open();
-        const QByteArray idle = open();
-        for (int i = 0; i < 1500; ++i) {
-            open();
-            QCOMPARE(ask(ping, used).status, 200);
-        }
-        QCOMPARE(ask(ping, idle).status, 404);
-        QCOMPARE(endpoint.sessionCount(), 1000);
+        const QByteArray idle = initialize("2024-11-05").header("mcp-session-id");
+        RawClient client(m_port);
+        client.send(
+            (post(ping, { { "mcp-session-id", m_session } }) + post(rpc(1, u"initialize"_s)))
+                .repeated(1100));
+        for (int i = 0; i < 2200; ++i)
+            QCOMPARE(client.read().status, 200);
+        QCOMPARE(m_server->sessionCount(), 1000);
+        client.send(post(ping, { { "mcp-session-id", idle } }));
+        QCOMPARE(client.read().status, 404);
     }
 
     void answersKeepTheOrderOfTheRequests()
