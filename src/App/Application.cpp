@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 void prepareApplication()
 {
     QGuiApplication::setApplicationName(u"vantora"_s);
-    QGuiApplication::setDesktopFileName(u"vantora"_s);
+    // The desktop file's name; it names "vantora" as the window class on X11.
+    QGuiApplication::setDesktopFileName(u"example.vantora_air.vantora"_s);
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     PlatformErrorText::installTurkishCatalogue();
 
