@@ -52,16 +52,14 @@ vantora_require_file(VANTORA_QT_CATALOGUE qt6-translations-l10n
 
 set(VANTORA_FONT_ROOT /usr/share/fonts CACHE PATH "Folder below which the embedded fonts are found")
 set(VANTORA_FONT_FILES)
+function(vantora_require_font debian_package name)
+  file(GLOB_RECURSE found ${VANTORA_FONT_ROOT}/${name})
+  list(APPEND found ${VANTORA_FONT_ROOT}/${name})
+  vantora_require_file(font ${debian_package} ${found})
+  set(VANTORA_FONT_FILES ${VANTORA_FONT_FILES} ${font} PARENT_SCOPE)
+endfunction()
 foreach(weight Regular Medium SemiBold Bold ExtraBold Black)
-  vantora_require_file(font fonts-inter
-    ${VANTORA_FONT_ROOT}/opentype/inter/Inter-${weight}.otf ${VANTORA_FONT_ROOT}/Inter-${weight}.otf)
-  list(APPEND VANTORA_FONT_FILES ${font})
+  vantora_require_font(fonts-inter Inter-${weight}.otf)
 endforeach()
-vantora_require_file(font fonts-jetbrains-mono
-  ${VANTORA_FONT_ROOT}/truetype/jetbrains-mono/JetBrainsMono-ExtraBold.ttf
-  ${VANTORA_FONT_ROOT}/JetBrainsMono-ExtraBold.ttf)
-list(APPEND VANTORA_FONT_FILES ${font})
-vantora_require_file(font fonts-material-design-icons-iconfont
-  ${VANTORA_FONT_ROOT}/truetype/material-design-icons-iconfont/MaterialIcons-Regular.ttf
-  ${VANTORA_FONT_ROOT}/MaterialIcons-Regular.ttf)
-list(APPEND VANTORA_FONT_FILES ${font})
+vantora_require_font(fonts-jetbrains-mono JetBrainsMono-ExtraBold.ttf)
+vantora_require_font(fonts-material-design-icons-iconfont MaterialIcons-Regular.ttf)
