@@ -22,9 +22,8 @@ public:
         QJsonObject json() const { return QJsonDocument::fromJson(body).object(); }
         QByteArray header(const QByteArray &name) const
         {
-            const qsizetype start = head.indexOf("\r\n" + name + ": ");
-            return start < 0 ? QByteArray()
-                             : head.mid(start + name.size() + 4).split('\r').constFirst();
+            const QByteArray rest = head.mid(head.indexOf("\r\n" + name + ": "));
+            return rest.mid(name.size() + 4).split('\r').first();
         }
     };
 

@@ -81,18 +81,19 @@ private Q_SLOTS:
         QVERIFY(guides > 20 && guides < airportSites().size());
     }
 
-    void refusals_data()
+    void refusals()
     {
-        QTest::addColumn<QString>("tool");
-        QTest::addColumn<QJsonObject>("arguments");
-
-        // The tags are the messages.
         QString tool = u"search_flights"_s;
         QJsonObject good = searchArguments(u"IST"_s, u"LHR"_s, dayText(5));
         const auto row = [&](const QString &key, const QJsonValue &value, const QString &message) {
             QJsonObject arguments = good;
             arguments.insert(key, value); // an undefined value removes
-            QTest::newRow(qPrintable(message)) << tool << arguments;
+            try {
+                call(tool, arguments);
+                QFAIL(qPrintable(message));
+            } catch (const RpcError &error) {
+                QCOMPARE(error.message, message);
+            }
         };
         const auto party = [](const QJsonValue &quantity) {
             return QJsonArray { QJsonObject { { u"passengerType"_s, u"ADT"_s },
@@ -106,7 +107,6 @@ private Q_SLOTS:
             u"Dönüş günü (25 Kasım 2026) gidiş gününden (26 Kasım 2026) önce olamaz."_s);
         // What only a client can.
         const QString form = u"\"%1\": %2 beklenen biçimde olmalı (örnek: %3)."_s;
-        row(u"from"_s, QJsonValue(), form.arg(u"from", u"null", u"IST"));
         row(u"to"_s, u"LHR\n"_s, form.arg(u"to", u"\"LHR\\n\"", u"LHR"));
         row(u"to"_s, QString(1000, u'%'), form.arg(u"to", u'"' + QString(39, u'%') + u'…', u"LHR"));
         row(u"departureDate"_s, 5, form.arg(u"departureDate", u"5", u"2027-03-15"));
@@ -126,7 +126,6 @@ private Q_SLOTS:
 
         tool = u"find_flight_price_calendar"_s;
         good = calendarArguments(u"IST"_s, u"LHR"_s, dayText(5));
-        row(u"destinationAirportCode"_s, u"QQQ"_s, u"\"QQQ\" bilinen bir havalimanı kodu değil."_s);
         row(u"isReturnFlight"_s, 0, u"\"isReturnFlight\": 0 true ya da false olmalı."_s);
 
         tool = u"flight-status"_s;
@@ -141,27 +140,18 @@ private Q_SLOTS:
             u"5 Ocak 2031 günü için uçuş durumu yok: bugünden en çok 357 gün önceki ya da sonraki "
             "günler sorgulanabilir."_s);
     }
-    void refusals()
-    {
-        QFETCH(QString, tool);
-        QFETCH(QJsonObject, arguments);
-        QString refusal;
-        try {
-            call(tool, arguments);
-        } catch (const RpcError &error) {
-            refusal = error.message;
-        }
-        QCOMPARE(refusal, QString::fromUtf8(QTest::currentDataTag()));
-    }
 
     void demonstrationNumbers()
     {
-        using Row = std::tuple<QString, QList<int>, QString>;
         for (const auto &[number, days, meaning] :
-             { Row(u"VQ1983"_s, { 0, 1, 300 }, QString()), Row(u"VQ1983"_s, { -2 }, u"l"_s),
-               Row(u"VQ1907"_s, { 0, 1, 300 }, u"d"_s), Row(u"VQ1907"_s, { -2 }, u"dl"_s),
-               Row(u"VQ1"_s, { 0 }, u"a"_s), Row(u"VQ1"_s, { 5 }, QString()),
-               Row(u"VQ2"_s, { 0 }, u"da"_s), Row(u"VQ2"_s, { 5 }, QString()) }) {
+             { std::tuple(u"VQ1983"_s, QList<int> { 0, 1, 300 }, u""_s),
+               { u"VQ1983"_s, { -2 }, u"l"_s },
+               { u"VQ1907"_s, { 0, 1, 300 }, u"d"_s },
+               { u"VQ1907"_s, { -2 }, u"dl"_s },
+               { u"VQ1"_s, { 0 }, u"a"_s },
+               { u"VQ1"_s, { 5 }, u""_s },
+               { u"VQ2"_s, { 0 }, u"da"_s },
+               { u"VQ2"_s, { 5 }, u""_s } }) {
             for (const int day : days) {
                 for (const int hour : { 0, 12, 23 }) {
                     const QDateTime now(fixedNow().date(), QTime(hour, 30), fixedNow().timeZone());
