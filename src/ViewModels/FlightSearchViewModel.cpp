@@ -82,6 +82,10 @@ FlightSearchViewModel::FlightSearchViewModel(QObject *parent, const QDateTime &n
             &FlightSearchViewModel::selectedDayIndexChanged);
     connect(this, &FlightSearchViewModel::calendarPricesChanged, this,
             &FlightSearchViewModel::selectedDayIndexChanged);
+    for (const auto changed : { &FlightSearchViewModel::originCodeChanged,
+                                &FlightSearchViewModel::destinationCodeChanged,
+                                &FlightSearchViewModel::selectedDateChanged })
+        connect(this, changed, this, &FlightSearchViewModel::earlierSearchChanged);
 }
 
 void FlightSearchViewModel::setOriginCode(const QString &code)
@@ -173,6 +177,16 @@ int FlightSearchViewModel::selectedDayIndex() const
     return selected == days.end() ? -1 : static_cast<int>(selected - days.begin());
 }
 
+QString FlightSearchViewModel::searchText(const QString &day) const
+{
+    return m_originCode + u'–' + m_destinationCode + u", "_s + day;
+}
+
+QString FlightSearchViewModel::earlierSearch() const
+{
+    return m_flightsSearch == searchText(m_selectedDate) ? QString() : m_flightsSearch;
+}
+
 void FlightSearchViewModel::swapAirports()
 {
     const QString origin = m_originCode;
@@ -229,10 +243,11 @@ QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
     const QPointer<FlightSearchViewModel> self(this);
     try {
         const std::optional<QString> returnDate = returnDay();
+        const QString search = searchText(searchDay);
         const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
             m_originCode, m_destinationCode, searchDay, returnDate, m_tripType, m_passengers);
         if (self)
-            setFlights(flights);
+            setFlights(flights, search);
     } catch (...) {
         const McpError error = McpError::current();
         writeConsoleLine(u"Flights search error: "_s + error.localizedDescription());
@@ -258,10 +273,11 @@ QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
 
     try {
         const std::optional<QString> returnDate = returnDay();
+        const QString search = searchText(date);
         const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
             m_originCode, m_destinationCode, date, returnDate, m_tripType, m_passengers);
         if (self)
-            setFlights(flights);
+            setFlights(flights, search);
     } catch (...) {
         if (self) {
             setErrorMessage(u"Seçilen tarih (%1) için uçuşlar yüklenemedi: "_s.arg(date)
@@ -281,8 +297,10 @@ std::optional<QString> FlightSearchViewModel::returnDay() const
     return isRoundTrip() ? std::optional(formatDate(m_returnDate)) : std::nullopt;
 }
 
-void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights)
+void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights, const QString &search)
 {
+    m_flightsSearch = search;
+    Q_EMIT earlierSearchChanged();
     publish(m_flights, flights, &FlightSearchViewModel::flightsChanged);
     arrangeFlights(true);
 }

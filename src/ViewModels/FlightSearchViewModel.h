@@ -56,6 +56,7 @@ class FlightSearchViewModel : public ObservableObject
     Q_PROPERTY(bool isRoundTrip READ isRoundTrip NOTIFY tripTypeChanged)
     Q_PROPERTY(double highestPrice READ highestPrice NOTIFY calendarPricesChanged)
     Q_PROPERTY(int selectedDayIndex READ selectedDayIndex NOTIFY selectedDayIndexChanged)
+    Q_PROPERTY(QString earlierSearch READ earlierSearch NOTIFY earlierSearchChanged)
 
 public:
     /// `now` is the moment from which the default dates are counted.
@@ -109,6 +110,10 @@ public:
     double highestPrice() const;
     /// Where the selected day stands in the calendar; -1 when it is not one of its days.
     int selectedDayIndex() const;
+    /// What `flights` were asked for, "IST–LHR, 2026-12-05", when it is not what is chosen now: the
+    /// last request failed, an older one was answered later, or the airports were changed. Empty
+    /// otherwise.
+    QString earlierSearch() const;
 
     // The shapes in which QML reads the state above.
     CountedListModel *calendarPricesModel() { return &m_calendarPrices; }
@@ -157,13 +162,16 @@ Q_SIGNALS:
     void errorMessageChanged();
     void hasSearchedChanged();
     void selectedDayIndexChanged();
+    void earlierSearchChanged();
 
 private:
     QCoro::Task<> loadCalendar(QString searchDay);
     QCoro::Task<> loadFlights(QString searchDay);
     /// The day sent as the return day; absent for a one-way trip.
     std::optional<QString> returnDay() const;
-    void setFlights(const QList<FlightOption> &flights);
+    /// "IST–LHR, 2026-12-05" for the airports chosen now.
+    QString searchText(const QString &day) const;
+    void setFlights(const QList<FlightOption> &flights, const QString &search);
     /// Makes `filteredFlights` of `flights`.
     void arrangeFlights(bool areNew);
     void setErrorMessage(const std::optional<QString> &message);
@@ -184,6 +192,7 @@ private:
     QString m_selectedDate;
     QString m_currency = QStringLiteral("TRY");
     QList<FlightOption> m_flights;
+    QString m_flightsSearch;
     FlightOptionList m_filteredFlights;
     FlightSortOption m_activeFilter = FlightSortOption::cheapest;
     bool m_isLoading = false;

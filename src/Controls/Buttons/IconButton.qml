@@ -1,7 +1,8 @@
 import QtQuick
 import Vantora.Controls
 
-/// A round button that shows one symbol. `text`, its accessible name, says what it does.
+/// A round button that shows one symbol. `text`, its accessible name, says what it does, and so does
+/// its tip.
 BaseButton {
     id: button
 
@@ -10,6 +11,7 @@ BaseButton {
     property color color: VTRTheme.textSecondary
     /// Width and height of the button.
     property int frame: 28
+    readonly property string tip: text
 
     implicitWidth: frame
     implicitHeight: frame

@@ -16,13 +16,15 @@ BaseButton {
     property color fill: VTRTheme.cardBgLight
     /// While it is open.
     property MonthPanel month: null
+    readonly property string tip: shown.text === fullText ? "" : fullText
+    readonly property string fullText: DateEditing.fullText(value)
 
     signal edited(date value)
 
     leftPadding: 10
     rightPadding: 8
     implicitHeight: implicitBackgroundHeight
-    text: label + ": " + DateEditing.fullText(value)
+    text: label + ": " + fullText
     down: pressed || month !== null
     Accessible.description: "Oklar günü değiştirir, Boşluk takvimi açar"
     Accessible.onIncreaseAction: step(1)
@@ -57,6 +59,8 @@ BaseButton {
             color: VTRTheme.textSecondary
         }
         PlainText {
+            id: shown
+
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)
             text: DateEditing.fittingText(field.value, font, width)

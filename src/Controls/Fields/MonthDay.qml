@@ -28,8 +28,8 @@ BaseButton {
     background: RoundedSurface {
         radius: cell.cornerRadius
         color: cell.isChosen ? VTRTheme.vtrRed : "transparent"
-        borderColor: VTRTheme.vtrRed
-        borderWidth: cell.today && !cell.isChosen ? 1 : 0
+        borderColor: cell.isChosen ? VTRTheme.textPrimary : VTRTheme.vtrRed
+        borderWidth: cell.today ? 1.5 : 0
 
         PressTint {
             control: cell

@@ -2,7 +2,7 @@ import QtQuick
 import Vantora.Controls
 
 /// What stands where there is nothing to show: a symbol, a heading and, optionally, a line that
-/// explains it.
+/// explains it. A line that came from elsewhere may be long: `hasTools` lets one unfold and copy it.
 Item {
     id: panel
 
@@ -15,6 +15,7 @@ Item {
     property int headingWeight: Font.Bold
     property string text
     property int textSize: VTRTheme.bodySize
+    property bool hasTools: false
     property real padding: 50
     property real spacing: VTRTheme.spacing
 
@@ -46,16 +47,27 @@ Item {
         }
 
         PlainText {
+            id: line
+
             // A server may answer with a whole page; its beginning says enough.
             width: parent.width
             visible: panel.text.length > 0
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
-            maximumLineCount: 6
+            maximumLineCount: tools.isUnfolded ? 10000 : 6
             elide: Text.ElideRight
             text: panel.text
             color: VTRTheme.textMuted
             font.pixelSize: panel.textSize
+        }
+
+        MessageTools {
+            id: tools
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: panel.hasTools
+            text: panel.text
+            isCut: line.truncated
         }
     }
 }

@@ -42,6 +42,14 @@ RoundedSurface::RoundedSurface(QQuickItem *parent)
     connect(this, &RoundedSurface::lookChanged, this, &QQuickItem::update);
 }
 
+void RoundedSurface::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    // The image is drawn for one scale.
+    if (change == ItemDevicePixelRatioHasChanged)
+        update();
+    QQuickItem::itemChange(change, data);
+}
+
 qreal RoundedSurface::shadowMargin() const
 {
     if (m_shadowColor.alpha() == 0)

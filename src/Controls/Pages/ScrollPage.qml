@@ -28,6 +28,12 @@ Flickable {
         scrollTo(contentY + distance);
     }
 
+    /// The content below `top` is about to move down by `distance`: what is in view stays in view.
+    function follow(top: real, distance: real) {
+        if (top < contentY)
+            contentY = Math.max(top, contentY + distance);
+    }
+
     /// Shows the item that the keyboard has come to, if it lies in this page and fits into it.
     function showItem(item: Item) {
         for (let ancestor = item; ancestor; ancestor = ancestor.parent) {

@@ -38,6 +38,7 @@ ColumnLayout {
         symbolColor: VTRTheme.gold
         heading: "Uçuş bilgisi alınamadı"
         text: answer.viewModel.errorMessage
+        hasTools: true
         textSize: VTRTheme.captionSize
         Accessible.role: Accessible.AlertMessage
     }

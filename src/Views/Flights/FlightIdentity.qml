@@ -54,6 +54,8 @@ Row {
 
         PlainText {
             width: parent.width
+            wrapMode: Text.Wrap
+            maximumLineCount: 2
             elide: Text.ElideRight
             text: identity.aircraft
             font.pixelSize: 11

@@ -15,6 +15,7 @@ VTRCard {
 
     readonly property bool isSearching: viewModel.isSearchingFlightsOnly || viewModel.isLoading
     readonly property bool isEmpty: !isSearching && viewModel.filteredFlights.count === 0
+    readonly property bool hasEarlierFlights: !isSearching && !isEmpty && viewModel.earlierSearch.length > 0
 
     // Bound, not taken from the column: that lays out with the next frame, and in between the page
     // would jump to an end that is none.
@@ -56,6 +57,12 @@ VTRCard {
             onChosen: option => section.viewModel.applyFilter(option)
         }
 
+        EarlierFlightsNote {
+            width: parent.width
+            visible: section.hasEarlierFlights
+            search: section.viewModel.earlierSearch
+        }
+
         Item {
             id: body
 
@@ -78,6 +85,7 @@ VTRCard {
 
                 width: parent.width
                 active: section.isEmpty
+                opacity: active ? 1 : 0
                 sourceComponent: MessagePanel {
                     objectName: "noFlights"
                     spacing: 12
@@ -87,6 +95,10 @@ VTRCard {
                     headingWeight: Font.DemiBold
                     text: "Fiyat grafiğinden yakın tarihleri seçerek diğer seferleri inceleyebilirsiniz."
                 }
+
+                Behavior on opacity {
+                    EaseInOut { duration: Motion.resultsDuration }
+                }
             }
 
             FlightList {
@@ -95,9 +107,14 @@ VTRCard {
                 width: parent.width
                 height: implicitHeight
                 visible: !section.isSearching && !section.isEmpty
+                opacity: !visible ? 0 : section.hasEarlierFlights ? 0.55 : 1
                 flights: section.viewModel.filteredFlights
                 page: section.page
                 topInPage: section.topInPage + section.padding + body.y
+
+                Behavior on opacity {
+                    EaseInOut { duration: Motion.resultsDuration }
+                }
             }
         }
     }

@@ -42,7 +42,14 @@ T.MenuBar {
 
         contentItem: MnemonicText {
             text: barItem.text
+            showsMark: alt.isHeld
         }
+    }
+
+    HeldAlt {
+        id: alt
+
+        window: menuBar.Window.window
     }
 
     HelpMenu {}

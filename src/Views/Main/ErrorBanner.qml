@@ -34,13 +34,23 @@ Item {
 
         // A server may answer with a whole page; its beginning says enough.
         anchors.left: symbol.right
-        anchors.right: parent.right
+        anchors.right: tools.left
         anchors.leftMargin: 10
-        anchors.rightMargin: VTRTheme.padding
+        anchors.rightMargin: 10
         y: 12
         wrapMode: Text.Wrap
-        maximumLineCount: 4
+        maximumLineCount: tools.isUnfolded ? 10000 : 4
         elide: Text.ElideRight
         text: banner.text
+    }
+
+    MessageTools {
+        id: tools
+
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        y: 6
+        text: banner.text
+        isCut: message.truncated
     }
 }

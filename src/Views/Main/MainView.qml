@@ -25,35 +25,55 @@ FocusScope {
         Column {
             id: content
 
+            readonly property real gap: 20
+
             anchors.horizontalCenter: parent.horizontalCenter
-            y: 20
+            y: gap
             width: Math.min(scrollPage.width - 2 * 28, mainView.widestContent)
-            spacing: 20
 
-            HeaderBar {
+            Column {
+                id: top
+
                 width: parent.width
-                onFlightStatusRequested: flightStatusSheet.open()
-                onCityGuideRequested: cityGuideSheet.open()
+                spacing: content.gap
+
+                HeaderBar {
+                    width: parent.width
+                    onFlightStatusRequested: flightStatusSheet.open()
+                    onCityGuideRequested: cityGuideSheet.open()
+                }
+
+                IntroView {
+                    width: parent.width
+                }
+
+                FlightSearchCardView {
+                    width: parent.width
+                    viewModel: mainView.viewModel
+                }
             }
 
-            IntroView {
-                width: parent.width
-            }
+            ErrorSlot {
+                id: error
 
-            FlightSearchCardView {
                 width: parent.width
+                page: scrollPage
+                topInPage: content.y + top.height
+                gap: content.gap
                 viewModel: mainView.viewModel
-            }
-
-            ErrorBanner {
-                width: parent.width
-                visible: mainView.viewModel.hasErrorMessage
-                text: mainView.viewModel.errorMessage
             }
 
             CalendarSlot {
                 width: parent.width
+                page: scrollPage
+                topInPage: error.topInPage + error.height
+                gap: content.gap
                 viewModel: mainView.viewModel
+            }
+
+            Item {
+                width: parent.width
+                height: content.gap
             }
 
             FlightResultsSection {
@@ -68,6 +88,17 @@ FocusScope {
                 roomBelow: 40
             }
         }
+    }
+
+    ErrorStrip {
+        objectName: "errorStrip"
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: Math.min(content.width, 760)
+        message: error.message
+        hasError: error.isOpen
+        isBannerAbove: error.bannerTop < scrollPage.contentY
+        isBannerBelow: error.bannerTop + 40 > scrollPage.contentY + scrollPage.height
+        onClicked: scrollPage.showRange(error.bannerTop, error.topInPage + error.height)
     }
 
     FlightStatusSheet {

@@ -23,6 +23,10 @@ T.ApplicationWindow {
         window: window
     }
 
+    TextTip {
+        window: window
+    }
+
     MainView {
         id: mainView
 

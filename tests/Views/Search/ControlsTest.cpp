@@ -1,6 +1,7 @@
 #include "support/WindowTesting.h"
 
 #include <QRegularExpression>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,22 @@ const QByteArray menu = R"(
         objectName: "menu"; label: "Kabin"; titles: ["Bir", "İki", "Üç"]; currentIndex: page.choice
         onActivated: index => { page.choice = index; ++page.choices }
     })";
+
+const QByteArray cutTexts = R"(
+    TextTip { window: page }
+    PlainText { objectName: "cut"; width: 60; elide: Text.ElideRight; text: "Uzun bir <b>ad</b>" }
+    Column {
+        y: 200
+        IconButton { objectName: "icon"; symbol: "map"; text: "Harita" }
+        BaseButton {
+            width: 60; text: "düğme"
+            contentItem: PlainText { elide: Text.ElideRight; text: "Sığmayan bir metin" }
+        }
+    })";
+
+const QByteArray surface = R"(
+    property real rounding: 20
+    RoundedSurface { x: 20; y: 20; width: 200; height: 90; radius: page.rounding; color: "red" })";
 
 } // namespace
 
@@ -111,6 +128,45 @@ private Q_SLOTS:
         QTRY_VERIFY(page.called(u"Üç"_s));
         pressAccessibly(page.called(u"Üç"_s));
         QTRY_COMPARE(page.state("choice"), 2);
+    }
+
+    void aTipTellsWhatIsCutShort()
+    {
+        const TestWindow page(cutTexts);
+        QVERIFY(page.isReady());
+        const auto tip = [&page] { return page.textIn(page.itemsOfType("TextTip").value(0)); };
+        const auto pointAt = [&page](const QString &name) {
+            QTest::mouseMove(page.window(), page.named(name)->mapToScene({ 5, 5 }).toPoint());
+        };
+        pointAt(u"cut"_s);
+        QTRY_COMPARE(page.itemsOfType("TextTip").size(), 1);
+        QCOMPARE(tip(), u"Uzun bir <b>ad</b>"_s);
+        pointAt(u"icon"_s);
+        QVERIFY(page.itemsOfType("TextTip").isEmpty());
+        QTRY_COMPARE(page.itemsOfType("TextTip").size(), 1);
+        QCOMPARE(tip(), u"Harita"_s);
+
+        page.focus(u"icon"_s);
+        page.key(Qt::Key_Tab);
+        QVERIFY(page.itemsOfType("TextTip").isEmpty());
+        QTRY_COMPARE(page.itemsOfType("TextTip").size(), 1);
+        QCOMPARE(tip(), u"Sığmayan bir metin"_s);
+    }
+
+    void surfacesAreDrawnAnewForAnotherScale()
+    {
+        QCOMPARE(QGuiApplication::screens().size(), 2);
+        const TestWindow page(surface);
+        const auto picture = [&page] { return page.window()->grabWindow(); };
+        QCOMPARE(picture().size(), QSize(900, 700));
+        page.window()->setPosition(QGuiApplication::screens().at(1)->geometry().topLeft());
+        QTRY_COMPARE(page.window()->devicePixelRatio(), 2.0);
+        const QImage moved = picture();
+        QCOMPARE(moved.size(), QSize(1800, 1400));
+        page.window()->setProperty("rounding", 30);
+        QVERIFY(picture() != moved);
+        page.window()->setProperty("rounding", 20);
+        QCOMPARE(picture(), moved);
     }
 };
 

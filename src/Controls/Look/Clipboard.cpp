@@ -1,0 +1,6 @@
+#include "Controls/Look/Clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+void Clipboard::copy(const QString &text) const { QGuiApplication::clipboard()->setText(text); }

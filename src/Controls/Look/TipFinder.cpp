@@ -1,0 +1,140 @@
+#include "Controls/Look/TipFinder.h"
+
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int delay = 500; // milliseconds
+
+/// What a tip tells of this item; empty when the item shows everything.
+QString untold(const QQuickItem *item)
+{
+    if (item->inherits("QQuickText"))
+        return item->property("truncated").toBool() ? item->property("text").toString() : QString();
+    return item->property("tip").toString();
+}
+
+/// In the order in which they are drawn.
+QList<QQuickItem *> shownChildren(const QQuickItem *item)
+{
+    QList<QQuickItem *> children = item->childItems();
+    children.removeIf([](const QQuickItem *child) { return !child->isVisible(); });
+    std::stable_sort(
+        children.begin(), children.end(),
+        [](const QQuickItem *left, const QQuickItem *right) { return left->z() < right->z(); });
+    return children;
+}
+
+/// The topmost item at this point of `item` that has something untold; null when there is none.
+const QQuickItem *untoldAt(const QQuickItem *item, const QPointF &point)
+{
+    if (item->clip() && !item->contains(point))
+        return nullptr;
+    const QList<QQuickItem *> children = shownChildren(item);
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        if (const QQuickItem *found = untoldAt(*child, (*child)->mapFromItem(item, point)))
+            return found;
+        // What lies behind an open sheet or menu is not asked.
+        if ((*child)->inherits("QQuickOverlay"))
+            return nullptr;
+    }
+    return item->contains(point) && !untold(item).isEmpty() ? item : nullptr;
+}
+
+/// Adds what is untold in a control. False when the item is none, but holds controls.
+bool addUntold(const QQuickItem *item, QStringList &texts)
+{
+    if (const QString text = untold(item); !text.isEmpty())
+        texts.append(text);
+    const QList<QQuickItem *> children = shownChildren(item);
+    return std::all_of(children.begin(), children.end(), [&texts](const QQuickItem *child) {
+        return !child->activeFocusOnTab() && addUntold(child, texts);
+    });
+}
+
+} // namespace
+
+TipFinder::TipFinder(QObject *parent)
+    : WindowWatcher(parent)
+{
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(delay);
+    connect(&m_delay, &QTimer::timeout, this, &TipFinder::find);
+    connect(this, &TipFinder::windowChanged, this, [this] {
+        connect(window(), &QQuickWindow::activeFocusItemChanged, this, &TipFinder::waitAtFocus);
+    });
+}
+
+bool TipFinder::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseMove:
+        waitAt(static_cast<QMouseEvent *>(event)->position());
+        break;
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonPress:
+        m_keyboardActedLast = event->type() == QEvent::KeyPress;
+        hide();
+        break;
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+    case QEvent::Leave:
+    case QEvent::FocusOut:
+        hide();
+        break;
+    default:
+        break;
+    }
+    return WindowWatcher::eventFilter(watched, event);
+}
+
+void TipFinder::waitAt(const QPointF &pointer)
+{
+    if (!m_text.isEmpty() && m_place.contains(pointer))
+        return;
+    hide();
+    m_pointer = pointer;
+    m_focused = nullptr;
+    m_delay.start();
+}
+
+void TipFinder::waitAtFocus()
+{
+    if (!m_keyboardActedLast)
+        return;
+    hide();
+    m_focused = window()->activeFocusItem();
+    m_delay.start();
+}
+
+void TipFinder::hide()
+{
+    m_delay.stop();
+    tell({}, nullptr);
+}
+
+void TipFinder::find()
+{
+    if (!window() || !window()->isActive())
+        return;
+    if (!m_focused) {
+        const QQuickItem *item = untoldAt(root(), m_pointer);
+        tell(item ? untold(item) : QString(), item);
+        return;
+    }
+    QStringList texts;
+    const bool isControl = addUntold(m_focused, texts);
+    tell(isControl ? texts.join(u'\n') : QString(), m_focused);
+}
+
+void TipFinder::tell(const QString &text, const QQuickItem *item)
+{
+    if (text == m_text)
+        return;
+    m_text = text;
+    if (item)
+        m_place = item->mapRectToScene(QRectF(QPointF(), item->size()));
+    Q_EMIT changed();
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import Vantora.Controls
+
+/// A place in a page that opens and closes with a motion. While it does so above what one looks at,
+/// the page follows, so that nothing moves before one's eyes.
+Item {
+    id: slot
+
+    required property ScrollPage page
+    /// Where the slot begins in the page's content, whether it has a place there yet or not.
+    required property real topInPage
+    required property bool isOpen
+    /// Room above the content, which comes and goes with it.
+    property real gap: 20
+    default property alias content: holder.data
+
+    /// 0 closed, 1 open.
+    property real openness: isOpen ? 1 : 0
+    readonly property real wantedHeight: openness * (gap + holder.childrenRect.height)
+
+    visible: isOpen || openness > 0
+    enabled: isOpen
+
+    // The page goes first: when it became too short for where it stands, it would move itself.
+    onWantedHeightChanged: {
+        page.follow(topInPage, wantedHeight - height);
+        height = wantedHeight;
+    }
+
+    Behavior on openness {
+        EaseInOut { duration: Motion.resultsDuration }
+    }
+
+    Item {
+        id: holder
+
+        y: slot.gap - (1 - slot.openness) * 24
+        width: parent.width
+        opacity: slot.openness
+    }
+}
