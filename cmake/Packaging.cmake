@@ -39,6 +39,7 @@ endforeach()
 
 # Only these programs are packaged, so nothing else has to be built for it.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
+set(CMAKE_SKIP_PACKAGE_ALL_DEPENDENCY ON)
 set(CPACK_GENERATOR DEB)
 set(CPACK_COMPONENTS_ALL vantora vantora-sample-server)
 set(CPACK_PACKAGE_VENDOR Vantora)
