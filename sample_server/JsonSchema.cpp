@@ -92,8 +92,8 @@ QString complaint(const Place &place)
                 return named(key) + u" bilinmeyen bir alan."_s;
         }
     }
-    return u'"' + place.path + u"\": "_s + shortened(json(place.value)) + u' '
-        + expectation(place.schema);
+    return u"\"%1\": %2 uygun değil; %3"_s.arg(place.path, shortened(json(place.value)),
+                                               expectation(place.schema));
 }
 
 } // namespace

@@ -106,7 +106,7 @@ private Q_SLOTS:
         row(u"returnDate"_s, dayText(4),
             u"Dönüş günü (25 Kasım 2026) gidiş gününden (26 Kasım 2026) önce olamaz."_s);
         // What only a client can.
-        const QString form = u"\"%1\": %2 beklenen biçimde olmalı (örnek: %3)."_s;
+        const QString form = u"\"%1\": %2 uygun değil; beklenen biçimde olmalı (örnek: %3)."_s;
         row(u"to"_s, u"LHR\n"_s, form.arg(u"to", u"\"LHR\\n\"", u"LHR"));
         row(u"to"_s, QString(1000, u'%'), form.arg(u"to", u'"' + QString(39, u'%') + u'…', u"LHR"));
         row(u"departureDate"_s, 5, form.arg(u"departureDate", u"5", u"2027-03-15"));
@@ -115,18 +115,19 @@ private Q_SLOTS:
         row(u"departureDate"_s, QJsonValue::Undefined, u"\"departureDate\" eksik."_s);
         row(u"cabin"_s, u"ECONOMY"_s, u"\"cabin\" bilinmeyen bir alan."_s);
         row(u"tripType"_s, u"ONE_WAY"_s,
-            u"\"tripType\": \"ONE_WAY\" şunlardan biri olmalı: one_way, round."_s);
+            u"\"tripType\": \"ONE_WAY\" uygun değil; şunlardan biri olmalı: one_way, round."_s);
         row(u"passengers"_s, QJsonArray(),
-            u"\"passengers\": [] uygun uzunlukta bir liste olmalı."_s);
+            u"\"passengers\": [] uygun değil; uygun uzunlukta bir liste olmalı."_s);
         row(u"passengers"_s, party(QJsonValue::Undefined), u"\"passengers[0].quantity\" eksik."_s);
         for (const double quantity : { 0.0, 10.0, 1.5 })
             row(u"passengers"_s, party(quantity),
-                u"\"passengers[0].quantity\": %1 1 ile 9 arasında bir tam sayı olmalı."_s.arg(
-                    quantity));
+                u"\"passengers[0].quantity\": %1 uygun değil; 1 ile 9 arasında bir tam sayı olmalı."_s
+                    .arg(quantity));
 
         tool = u"find_flight_price_calendar"_s;
         good = calendarArguments(u"IST"_s, u"LHR"_s, dayText(5));
-        row(u"isReturnFlight"_s, 0, u"\"isReturnFlight\": 0 true ya da false olmalı."_s);
+        row(u"isReturnFlight"_s, 0,
+            u"\"isReturnFlight\": 0 uygun değil; true ya da false olmalı."_s);
 
         tool = u"flight-status"_s;
         good = {};
