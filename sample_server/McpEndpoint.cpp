@@ -40,9 +40,8 @@ HttpAnswer refusal(int status, const QString &message)
 /// was turned to this machine as the host.
 bool isLoopback(const QByteArray &address)
 {
-    const QUrl url(QString::fromLatin1(address), QUrl::StrictMode);
-    return url.isValid() && url.userInfo().isEmpty()
-        && (url.host() == "localhost"_L1 || QHostAddress(url.host()).isLoopback());
+    const QString host = QUrl(QString::fromLatin1(address), QUrl::StrictMode).host();
+    return host == "localhost"_L1 || QHostAddress(host).isLoopback();
 }
 
 /// What HTTP demands of a request before its message is looked at.

@@ -12,7 +12,6 @@
 
 using namespace ToolCalls;
 using namespace std::chrono_literals;
-using Clients = std::vector<std::unique_ptr<RawClient>>;
 
 namespace {
 
@@ -209,15 +208,17 @@ private Q_SLOTS:
 
     void idleClientsMakeRoom()
     {
-        Clients clients;
+        RawClient active(m_port);
+        std::vector<std::unique_ptr<RawClient>> idle;
         for (int i = 0; i < 150; ++i) {
-            clients.push_back(std::make_unique<RawClient>(m_port));
-            clients.back()->send("POST /mcp HTTP/1.1\r\nHost: half a head");
-            QTRY_COMPARE(clients.back()->socket.state(), QAbstractSocket::ConnectedState);
+            active.send(post(ping, { { "mcp-session-id", m_session } }));
+            QCOMPARE(active.read().status, 200);
+            idle.push_back(std::make_unique<RawClient>(m_port));
+            idle.back()->send("POST /mcp HTTP/1.1\r\nHost: half a head");
         }
         QCOMPARE(ask(ping).status, 200);
-        QVERIFY(clients.front()->isDropped());
-        QCOMPARE(clients.back()->socket.state(), QAbstractSocket::ConnectedState);
+        QVERIFY(idle.front()->isDropped());
+        QCOMPARE(idle.back()->socket.state(), QAbstractSocket::ConnectedState);
     }
 
 private:
