@@ -142,13 +142,15 @@ private Q_SLOTS:
     void answersKeepTheOrderOfTheRequests()
     {
         m_server->setAnswerDelay(0ms, 5ms);
-        const QString calendar = u"find_flight_price_calendar"_s;
+        const QString tool = u"get_airline_promotions"_s;
         const auto question = [](int i) {
-            return calendarArguments(u"BER"_s, u"SYD"_s, dayText(15 * i), u"1_WEEK"_s);
+            const QString code = QStringList { u"IST"_s, u"LHR"_s, u"ESB"_s }.at(i % 3);
+            return QJsonObject { { u"departureAirportCode"_s, code },
+                                 { u"countryCode"_s, u"TR"_s } };
         };
         QByteArray requests;
         for (int i = 0; i < 20; ++i)
-            requests += post(i % 2 ? rpc(i, u"ping"_s) : toolCall(i, calendar, question(i)),
+            requests += post(i % 2 ? rpc(i, u"ping"_s) : toolCall(i, tool, question(i)),
                              { { "mcp-session-id", m_session } });
         RawClient atOnce(m_port);
         RawClient inPieces(m_port);
@@ -162,7 +164,7 @@ private Q_SLOTS:
                 const QJsonObject answer = client->read().json();
                 QCOMPARE(answer["id"_L1].toInt(), i);
                 const QJsonObject content = answer["result"_L1]["structuredContent"_L1].toObject();
-                QCOMPARE(content, i % 2 ? QJsonObject() : call(calendar, question(i)));
+                QCOMPARE(content, i % 2 ? QJsonObject() : call(tool, question(i)));
                 const QString text = answer["result"_L1]["content"_L1][0]["text"_L1].toString();
                 QCOMPARE(QJsonDocument::fromJson(text.toUtf8()).object(), content);
             }
