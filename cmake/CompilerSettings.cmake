@@ -1,5 +1,6 @@
 option(VANTORA_WARNINGS_AS_ERRORS "Stop the build at the first warning" OFF)
 option(VANTORA_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(VANTORA_FUZZ "Build the fuzzers of tests/fuzz too, with clang and the sanitizers" OFF)
 
 add_library(vantora_settings INTERFACE)
 target_compile_definitions(vantora_settings INTERFACE
@@ -9,8 +10,11 @@ target_compile_options(vantora_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${VANTORA_WARNINGS_AS_ERRORS}>:-Werror>)
 
-if(VANTORA_SANITIZE)
+if(VANTORA_SANITIZE OR VANTORA_FUZZ)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_compile_options(${sanitizers})
   add_link_options(${sanitizers})
+endif()
+if(VANTORA_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()

@@ -20,7 +20,7 @@ QCoro::Task<> CityGuideViewModel::load(QString destinationCode)
         const QList<PromotionItem> promotions = co_await promotionsTask;
         if (self)
             store(guide, promotions);
-    } catch (const McpError &) {
+    } catch (...) {
         // The sheet goes on to show that it is loading; opening it again asks again. A second task
         // that still runs ends by itself, and nobody learns how.
     }

@@ -4,7 +4,6 @@
 #include <QHostAddress>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslServer>
@@ -16,16 +15,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::unique_ptr<QTcpServer> tlsServer()
+std::unique_ptr<QTcpServer> tlsServer(const QString &certificate, QSsl::SslProtocol protocol)
 {
-    const QString fixture = u":/test-certificate/data/self-signed-test-fixture."_s;
-    QFile key(fixture + u"key"_s);
+    QFile key(u":/test-certificates/test-fixture.key"_s);
     if (!key.open(QIODevice::ReadOnly))
-        qFatal("The test certificate is missing.");
+        qFatal("The test key is missing.");
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setLocalCertificate(QSslCertificate::fromPath(fixture + u"crt"_s).value(0));
+    configuration.setLocalCertificate(ScriptedServer::certificate(certificate));
     configuration.setPrivateKey(QSslKey(&key, QSsl::Ec));
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
+    configuration.setProtocol(protocol);
     auto server = std::make_unique<QSslServer>();
     server->setSslConfiguration(configuration);
     return server;
@@ -60,7 +59,14 @@ void sendPieces(const QPointer<QTcpSocket> &socket, const QList<QByteArray> &pie
     if (pieces.size() == 1) {
         while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) { }
         // Only this direction is closed, so that the connection ends when the client has noticed.
-        if (answer.ending == ScriptedAnswer::Ending::close)
+        if (!answer.endless.isEmpty()) {
+            const auto send = [socket, endless = answer.endless] {
+                if (socket->bytesToWrite() < endless.size())
+                    socket->write(endless);
+            };
+            QObject::connect(socket, &QTcpSocket::bytesWritten, socket, send);
+            send();
+        } else if (answer.ending == ScriptedAnswer::Ending::close)
             ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
         else if (answer.ending == ScriptedAnswer::Ending::reset)
             socket->abort();
@@ -123,6 +129,8 @@ ScriptedAnswer ScriptedAnswer::session(const QByteArray &id, int status)
     return text("{}", status).withHeader("mcp-session-id", id);
 }
 
+QByteArray ScriptedAnswer::bytes() const { return piecesOf(*this).join(); }
+
 ScriptedAnswer ScriptedAnswer::held() const
 {
     ScriptedAnswer answer = *this;
@@ -137,9 +145,15 @@ ScriptedAnswer ScriptedAnswer::withHeader(const QByteArray &name, const QByteArr
     return answer;
 }
 
-ScriptedServer::ScriptedServer(Transport transport)
-    : m_server(transport == Transport::tls ? tlsServer() : std::make_unique<QTcpServer>())
-    , m_transport(transport)
+QSslCertificate ScriptedServer::certificate(const QString &name)
+{
+    return QSslCertificate::fromPath(u":/test-certificates/%1.crt"_s.arg(name)).value(0);
+}
+
+ScriptedServer::ScriptedServer(const QString &certificate, QSsl::SslProtocol protocol)
+    : m_server(certificate.isEmpty() ? std::make_unique<QTcpServer>()
+                                     : tlsServer(certificate, protocol))
+    , m_isSecure(!certificate.isEmpty())
 {
     onInitialize = [this](const ReceivedRequest &) {
         return ScriptedAnswer::session("session-" + QByteArray::number(initializations().size()));
@@ -156,7 +170,7 @@ ScriptedServer::ScriptedServer(Transport transport)
 QUrl ScriptedServer::endpoint() const
 {
     QUrl url;
-    url.setScheme(m_transport == Transport::tls ? u"https"_s : u"http"_s);
+    url.setScheme(m_isSecure ? u"https"_s : u"http"_s);
     url.setHost(u"127.0.0.1"_s);
     url.setPort(m_server->serverPort());
     url.setPath(u"/mcp"_s);

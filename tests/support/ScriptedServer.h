@@ -5,6 +5,8 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QSsl>
+#include <QSslCertificate>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QUrl>
@@ -47,6 +49,8 @@ struct ScriptedAnswer
     qsizetype cutAfter = std::numeric_limits<qsizetype>::max();
     /// When set, sent in place of an HTTP answer.
     QByteArray raw = {};
+    /// When set, sent after that again and again, for as long as the client reads.
+    QByteArray endless = {};
     /// When set, the body is sent in chunks of this size, one each `pieceInterval`.
     qsizetype pieceSize = 0;
     int pieceInterval = 0;
@@ -61,6 +65,8 @@ struct ScriptedAnswer
     /// The answer to "initialize" that opens this session.
     static ScriptedAnswer session(const QByteArray &id, int status = 200);
 
+    /// All of it, as it goes over the wire.
+    QByteArray bytes() const;
     ScriptedAnswer held() const;
     ScriptedAnswer withHeader(const QByteArray &name, const QByteArray &value) const;
 };
@@ -72,9 +78,11 @@ class ScriptedServer : public QObject
     Q_OBJECT
 
 public:
-    enum class Transport { plain, tls };
+    /// Speaks TLS when it is given a certificate, by the name of its file in support/data.
+    explicit ScriptedServer(const QString &certificate = {},
+                            QSsl::SslProtocol protocol = QSsl::SecureProtocols);
 
-    explicit ScriptedServer(Transport transport = Transport::plain);
+    static QSslCertificate certificate(const QString &name);
 
     QUrl endpoint() const;
 
@@ -102,7 +110,7 @@ private:
     QList<ReceivedRequest> withMethod(QStringView method) const;
 
     std::unique_ptr<QTcpServer> m_server;
-    Transport m_transport;
+    bool m_isSecure;
     int m_connections = 0;
     QList<ReceivedRequest> m_requests;
     QList<ScriptedAnswer> m_queue;

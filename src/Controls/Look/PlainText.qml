@@ -1,10 +1,12 @@
 import QtQuick
 import Vantora.Controls
 
-/// The only text component that views use: it never reads markup, so that a text from the server
-/// stays a text.
-Text {
-    textFormat: Text.PlainText
+/// The only text component that views use. It never reads markup, so that a text from the server
+/// stays a text, and it draws `text` only as far as a person would read it.
+CutText {
+    property string text
+
+    shownText: ShownText.of(text, wrapMode === Text.NoWrap)
     color: VTRTheme.textPrimary
     font.family: VTRTheme.fontFamily
     font.pixelSize: VTRTheme.bodySize

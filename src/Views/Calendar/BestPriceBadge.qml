@@ -33,6 +33,8 @@ Item {
 
         PlainText {
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, 320)
+            elide: Text.ElideRight
             text: badge.text
             font.pixelSize: 12
             font.weight: Font.Bold

@@ -43,6 +43,8 @@ CalendarDay {
 
         Line {
             objectName: "price"
+            width: Math.min(implicitWidth, tile.availableWidth)
+            elide: Text.ElideRight
             text: PriceCalendarFormat.wholeAmount(tile.price.amount) + " " + tile.currency
             font.pixelSize: 11
             font.weight: Font.Bold

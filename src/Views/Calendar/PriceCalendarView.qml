@@ -90,7 +90,7 @@ VTRCard {
             Layout.rightMargin: -1
             model: calendar.viewModel.calendarPrices
             selectedIndex: calendar.viewModel.selectedDayIndex
-            narrowestDay: Math.max(84, calendar.amountWidth(11, " " + calendar.viewModel.currency) + 2 * 12)
+            narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.viewModel.currency) + 2 * 12))
             widestDay: 140
             spacing: 10
             leftMargin: 3

@@ -33,7 +33,7 @@ VTRCard {
         }
 
         Repeater {
-            model: card.entries
+            model: ShownText.firstOf(card.entries)
 
             RowLayout {
                 id: row

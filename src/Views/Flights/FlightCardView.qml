@@ -88,6 +88,7 @@ Item {
 
             Tag {
                 visible: card.lowSeatWarning.length > 0
+                width: Math.min(implicitWidth, parent.width)
                 text: card.lowSeatWarning
                 color: VTRTheme.gold
                 fillOpacity: 0.15

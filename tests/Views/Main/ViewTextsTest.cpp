@@ -1,4 +1,5 @@
 #include "Controls/Look/Motion.h"
+#include "Controls/Look/ShownText.h"
 #include "Views/Calendar/PriceCalendarFormat.h"
 #include "Views/ExternalLinks.h"
 #include "Views/Flights/FlightCardFormat.h"
@@ -74,6 +75,21 @@ private Q_SLOTS:
                u"https://book.example/"_s + QString(1'000'000, u'x') })
             QCOMPARE(opened(link), webSite);
         QDesktopServices::unsetUrlHandler(u"https"_s);
+    }
+
+    void shownTexts()
+    {
+        const auto lines = [](const QString &text) { return ShownText::of(text, true); };
+        const auto paragraphs = [](const QString &text) { return ShownText::of(text, false); };
+        QCOMPARE(lines(u"İstanbul – 5 °C"_s), u"İstanbul – 5 °C"_s);
+        QCOMPARE(lines(u"a\nb\rc\u2028d\u2029e\u0085f"_s), u"a b c d e f"_s);
+        QCOMPARE(lines(u"\u202eVQ1\u2067 \u200fمطار"_s), u"VQ1 مطار"_s);
+        QCOMPARE(paragraphs(u"a\n\nb\u2029c"_s), u"a\n\nb\nc"_s);
+        QCOMPARE(paragraphs(QString(1'000'000, u'\n')).count(u'\n'), ShownText::mostParagraphs);
+        QCOMPARE(lines(QString(1'000'000, u'\u202e')), u"…"_s);
+        // No half of a character is left at the end.
+        const QString cut = lines(QString(ShownText::longestLine - 1, u'x') + u"🛫🛫"_s);
+        QCOMPARE(cut, QString(ShownText::longestLine - 1, u'x') + u'…');
     }
 
     void springCurveFollowsTheSpring()

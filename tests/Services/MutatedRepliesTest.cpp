@@ -1,0 +1,224 @@
+#include "support/ReaderChecks.h"
+
+#include <QDirIterator>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Makes bad replies of good ones.
+class Mutator
+{
+public:
+    explicit Mutator(quint32 seed)
+        : m_random(seed)
+    { }
+
+    int below(int limit) { return limit > 0 ? m_random.bounded(limit) : 0; }
+
+    QJsonValue changed(const QJsonValue &value)
+    {
+        // Most changes are made deep inside.
+        if (below(4) > 0 && value.isObject() && !value.toObject().isEmpty())
+            return changedObject(value.toObject());
+        if (below(4) > 0 && value.isArray() && !value.toArray().isEmpty())
+            return changedArray(value.toArray());
+        switch (below(5)) {
+        case 0:
+            return QJsonArray { value };
+        case 1:
+            return QJsonObject { { u"x"_s, value } };
+        case 2:
+            return value.isString() ? QJsonValue(value.toString().toDouble())
+                                    : QJsonValue(QString::number(value.toDouble()));
+        default:
+            return odd();
+        }
+    }
+
+    QByteArray garbled(QByteArray bytes)
+    {
+        for (int times = below(4); times >= 0 && !bytes.isEmpty(); --times) {
+            const int at = below(static_cast<int>(bytes.size()));
+            switch (below(4)) {
+            case 0:
+                bytes[at] = static_cast<char>(below(256));
+                break;
+            case 1:
+                bytes.remove(at, 1 + below(8));
+                break;
+            case 2:
+                bytes.insert(at, bytes.mid(below(static_cast<int>(bytes.size())), below(40)));
+                break;
+            default:
+                bytes.truncate(at);
+            }
+        }
+        return bytes;
+    }
+
+private:
+    QJsonObject changedObject(QJsonObject object)
+    {
+        const QString key = object.keys().at(below(static_cast<int>(object.size())));
+        const QJsonValue value = object.value(key);
+        switch (below(6)) {
+        case 0:
+            object.remove(key);
+            break;
+        case 1:
+            object.insert(key + u'_', object.take(key));
+            break;
+        case 2:
+            object.insert(object.keys().at(below(static_cast<int>(object.size()))), value);
+            break;
+        default:
+            object.insert(key, changed(value));
+        }
+        return object;
+    }
+
+    QJsonArray changedArray(QJsonArray array)
+    {
+        const int at = below(static_cast<int>(array.size()));
+        switch (below(5)) {
+        case 0:
+            array.removeAt(at);
+            break;
+        case 1:
+            for (int copies = below(20); copies > 0; --copies)
+                array.insert(at, QJsonValue(array.at(at)));
+            break;
+        case 2:
+            array.insert(at, odd());
+            break;
+        default:
+            array.replace(at, changed(array.at(at)));
+        }
+        return array;
+    }
+
+    QJsonValue odd()
+    {
+        static const QJsonArray values { QJsonValue(),
+                                         true,
+                                         false,
+                                         0,
+                                         -1,
+                                         2.5,
+                                         -0.0,
+                                         1e308,
+                                         -1e308,
+                                         9007199254740993.0,
+                                         std::numeric_limits<qint64>::min(),
+                                         std::numeric_limits<qint64>::max(),
+                                         QString(),
+                                         u"T"_s,
+                                         u"T:"_s,
+                                         u"xT1:2:3"_s,
+                                         u" 5"_s,
+                                         u"TRY"_s,
+                                         u"\u2028\u202e"_s,
+                                         u"\xd800"_s,
+                                         QString(300, u'x'),
+                                         QJsonArray(),
+                                         QJsonObject(),
+                                         QJsonArray { QJsonArray() } };
+        return values.at(below(static_cast<int>(values.size())));
+    }
+
+    QRandomGenerator m_random;
+};
+
+quint32 numberFrom(const char *variable, quint32 otherwise)
+{
+    bool isNumber = false;
+    const quint32 number = qEnvironmentVariable(variable).toUInt(&isNumber);
+    return isNumber ? number : otherwise;
+}
+
+} // namespace
+
+/// Good replies with members dropped, retyped, nested, doubled and garbled, through each reader.
+/// VANTORA_SEED repeats a run, VANTORA_MUTATIONS makes a longer one.
+class MutatedRepliesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_seed = numberFrom("VANTORA_SEED", QRandomGenerator::global()->generate());
+        qInfo("VANTORA_SEED=%u", m_seed);
+    }
+
+    void readers_data()
+    {
+        QTest::addColumn<QString>("reader");
+        for (const QString &reader : ReaderChecks::readers())
+            QTest::newRow(qPrintable(reader)) << reader;
+    }
+    void readers()
+    {
+        QFETCH(QString, reader);
+        const QByteArrayList originals = originalsFor(reader);
+        QVERIFY(!originals.isEmpty());
+        Mutator mutator(m_seed);
+        const quint32 count = numberFrom("VANTORA_MUTATIONS", 5000);
+        for (quint32 number = 0; number < count; ++number) {
+            QByteArray bytes = originals.at(static_cast<qsizetype>(number % originals.size()));
+            QJsonValue json = QJsonDocument::fromJson(bytes).object();
+            for (int changes = mutator.below(5); changes > 0; --changes)
+                json = mutator.changed(json);
+            if (json != QJsonValue(QJsonObject()))
+                bytes = QJsonDocument(json.toObject()).toJson(QJsonDocument::Compact);
+            if (reader == u"http" || mutator.below(4) == 0)
+                bytes = mutator.garbled(bytes);
+            ReaderChecks::check(reader, bytes);
+        }
+    }
+
+private:
+    static QByteArrayList originalsFor(const QString &reader)
+    {
+        if (reader == u"http") {
+            return {
+                "1HTTP/1.1 200 OK\r\nContent-Length: 10\r\nmcp-session-id: s\r\n\r\n0123456789",
+                "7HTTP/1.1 103 Early\r\nLink: x\r\n\r\nHTTP/1.1 500 No\n"
+                "Transfer-Encoding: chunked\r\n\r\n5;a=b\r\n01234\r\n3\r\n567\r\n0\r\na: b\r\n\r\n",
+                "3HTTP/1.0 404 Not Found\r\na: b\r\n c\r\n\r\nbody"
+            };
+        }
+        const bool isOwnFolder = QFile::exists(QFINDTESTDATA(u"data/"_s + reader));
+        QByteArrayList originals;
+        QDirIterator files(isOwnFolder ? QFINDTESTDATA(u"data/"_s + reader) : QFINDTESTDATA("data"),
+                           { u"*.json"_s }, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (file.open(QIODevice::ReadOnly))
+                originals.append(asReplyTo(reader, file.readAll()));
+        }
+        return originals;
+    }
+
+    static QByteArray asReplyTo(const QString &reader, const QByteArray &data)
+    {
+        QJsonObject reply = QJsonDocument::fromJson(data).object().value("reply"_L1).toObject();
+        if (reader == u"reply") {
+            const QJsonObject result { { u"structuredContent"_s, reply } };
+            reply = { { u"result"_s, result }, { u"error"_s, QString() } };
+        }
+        return QJsonDocument(reply).toJson(QJsonDocument::Compact);
+    }
+
+    quint32 m_seed = 0;
+};
+
+QTEST_GUILESS_MAIN(MutatedRepliesTest)
+#include "MutatedRepliesTest.moc"

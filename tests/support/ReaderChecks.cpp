@@ -1,0 +1,156 @@
+#include "support/ReaderChecks.h"
+
+#include "Models/JsonReading.h"
+#include "Models/PriceCalendar.h"
+#include "Services/CityGuideTool.h"
+#include "Services/FlightSearchTool.h"
+#include "Services/FlightStatusTool.h"
+#include "Services/HttpAnswerReader.h"
+#include "Services/McpError.h"
+#include "Services/PriceCalendarTool.h"
+#include "Services/PromotionsTool.h"
+#include "Services/ToolResult.h"
+
+#include <QJsonDocument>
+#include <QSet>
+
+#include <functional>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void require(bool holds, const char *what)
+{
+    if (!holds)
+        qFatal("This does not hold: %s", what);
+}
+
+/// The answer comes to the same however it is cut.
+void checkHttp(const QByteArray &bytes)
+{
+    if (bytes.isEmpty())
+        return;
+    const HttpLimits limits { .bodyBytes = 4096, .headBytes = 2048, .headLines = 20 };
+    const QByteArrayView answer = QByteArrayView(bytes).sliced(1);
+    const qsizetype piece = 1 + static_cast<unsigned char>(bytes.front()) % 16;
+    HttpAnswerReader whole(limits);
+    whole.take(answer);
+    HttpAnswerReader cut(limits);
+    for (qsizetype at = 0; at < answer.size(); at += piece)
+        cut.take(answer.sliced(at, std::min(piece, answer.size() - at)));
+    require(whole.takeEnd() == cut.takeEnd(), "same state however cut");
+    if (whole.takeEnd() != HttpAnswerReader::State::whole)
+        return;
+    require(whole.answer().body == cut.answer().body, "same body however cut");
+    require(whole.answer().headers == cut.answer().headers, "same headers however cut");
+    require(whole.answer().status >= 200 && whole.answer().status <= 999, "a final status");
+    require(whole.answer().body.size() <= limits.bodyBytes, "a body within the limit");
+}
+
+void checkReply(const QByteArray &bytes)
+{
+    try {
+        readToolResult(bytes);
+    } catch (const McpError &error) {
+        require(error.domain() != McpError::Domain::Internal, "an error of the server's");
+    }
+}
+
+void checkCalendar(const QJsonObject &reply)
+{
+    const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
+    for (const DailyPrice &day : calendar.prices)
+        require(day.currency.has_value(), "a day has a currency");
+}
+
+void checkFlights(const QJsonObject &reply)
+{
+    QSet<QString> ids;
+    const auto flights = FlightSearchTool::parseFlightOptions(reply, u"ist"_s, u"lhr"_s);
+    for (const FlightOption &flight : flights) {
+        ids.insert(flight.id);
+        require(flight.price > 0, "a price");
+        require(!flight.formattedPrice().isEmpty(), "a price text");
+        require(flight.isDirect == (flight.stopsCount == 0), "direct without stops");
+        require(flight.seatAvailability && flight.bookingURL, "seats and a link");
+    }
+    require(ids.size() == flights.size(), "ids of their own");
+}
+
+void checkStatus(const QJsonObject &reply)
+{
+    const auto status = FlightStatusTool::parseFlightStatus(reply, u"vq12"_s, u"2026-03-01"_s);
+    require(status.estimatedDeparture && status.estimatedArrival && status.terminal && status.gate
+                && status.aircraftType,
+            "nothing but the belt is absent");
+    require(status.originAirport == status.originCity, "the city is the airport's text");
+    status.isDelayed();
+    status.isInAir();
+    status.isLanded();
+}
+
+void checkPromotions(const QJsonObject &reply)
+{
+    for (const PromotionItem &promotion : PromotionsTool::parsePromotions(reply))
+        require(!promotion.title.isEmpty(), "a title");
+}
+
+void checkGuide(const QJsonObject &reply)
+{
+    const CityGuideInfo guide = CityGuideTool::parseCityGuide(reply, u"xyz"_s);
+    require(guide.bestTimeToVisit.has_value(), "a best time");
+}
+
+/// What is read from what was written is the same.
+template<typename Record>
+void checkRecord(const QJsonObject &json)
+{
+    try {
+        const QJsonObject written = Record::fromJson(json).toJson();
+        require(Record::fromJson(written).toJson() == written, "a round trip");
+    } catch (const DecodingError &) { }
+}
+
+void checkRecords(const QJsonObject &json)
+{
+    checkRecord<DailyPrice>(json);
+    checkRecord<BestPrice>(json);
+    checkRecord<PriceCalendarResult>(json);
+}
+
+using ObjectCheck = void (*)(const QJsonObject &);
+const std::pair<QString, ObjectCheck> objectChecks[] {
+    { u"calendar"_s, checkCalendar }, { u"flights"_s, checkFlights },
+    { u"status"_s, checkStatus },     { u"promotions"_s, checkPromotions },
+    { u"guide"_s, checkGuide },       { u"records"_s, checkRecords },
+};
+
+} // namespace
+
+namespace ReaderChecks {
+
+QStringList readers()
+{
+    QStringList names { u"http"_s, u"reply"_s };
+    for (const auto &[name, check] : objectChecks)
+        names.append(name);
+    return names;
+}
+
+void check(const QString &reader, const QByteArray &bytes)
+{
+    if (reader == u"http")
+        return checkHttp(bytes);
+    if (reader == u"reply")
+        return checkReply(bytes);
+    const QJsonObject json = QJsonDocument::fromJson(bytes).object();
+    const QJsonObject reply = JsonReading::object(json, u"reply").value_or(json);
+    for (const auto &[name, checkObject] : objectChecks) {
+        if (name == reader)
+            checkObject(reply);
+    }
+}
+
+} // namespace ReaderChecks

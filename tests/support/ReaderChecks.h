@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+/// What holds for each reader of a server's words, whatever these are. A violation ends the program
+/// and names itself; so does a fault that a sanitizer sees.
+namespace ReaderChecks {
+
+/// http, reply, calendar, flights, status, promotions, guide, records.
+QStringList readers();
+/// Lets one of them read. For all but the first two `bytes` is a JSON object, or a data file that
+/// has it as "reply"; what is neither is ignored.
+void check(const QString &reader, const QByteArray &bytes);
+
+} // namespace ReaderChecks
