@@ -23,7 +23,7 @@ struct HttpLimits
 {
     std::chrono::milliseconds idle = std::chrono::seconds(30); ///< without a byte
     std::chrono::milliseconds total = std::chrono::seconds(60);
-    qint64 bodyBytes = 16 * 1024 * 1024;
+    qint64 bodyBytes = 8 * 1024 * 1024;
     qint64 headBytes = 256 * 1024; ///< of status lines, headers and trailers, early hints included
     int headLines = 1000;
 };

@@ -110,6 +110,52 @@ private Q_SLOTS:
                R"({ "departureAirportCode": "ESB", "countryCode": "TR" })");
     }
 
+    void aircraft()
+    {
+        const std::pair<QString, QString> table[] {
+            { u"789"_s, u"Boeing 787-9 Dreamliner"_s },
+            { u"787"_s, u"Boeing 787-9 Dreamliner"_s },
+            { u"A350"_s, u"Airbus A350-900"_s },
+            { u"773"_s, u"Boeing 777-300ER"_s },
+            { u"B777"_s, u"Boeing 777-300ER"_s },
+            { u"32q"_s, u"Airbus A321neo"_s },
+            { u"320"_s, u"Airbus A320neo"_s },
+            { u"738"_s, u"Boeing 737-800"_s },
+            { u"73h"_s, u"Boeing 737-800"_s },
+            { u"739"_s, u"Boeing 737-900ER"_s },
+            { u"73J"_s, u"Boeing 737-900ER"_s },
+            { u"333"_s, u"Airbus A330"_s },
+            { u"332"_s, u"Airbus A330"_s },
+            { u"7max"_s, u"Boeing 737 MAX"_s },
+            { u"7M9"_s, u"Vantora (7M9)"_s },
+            { u"321-789"_s, u"Boeing 787-9 Dreamliner"_s },
+            { u"7320"_s, u"Airbus A320neo"_s },
+            { u"<b>"_s, u"Vantora (<b>)"_s },
+        };
+        for (const auto &[code, name] : table)
+            QCOMPARE(FlightSearchTool::aircraftName(code), name);
+    }
+
+    void repliesWithoutFlights()
+    {
+        const QString none[] {
+            uR"([{ "originDestinationInformations": [{ "originDestinationOptions": [{}] }] }])"_s,
+            u"{}"_s,
+            uR"({ "originDestinationInformations": [] })"_s,
+            uR"({ "originDestinationInformations": [{}] })"_s,
+            uR"({ "originDestinationInformations": [{}, { "originDestinationOptions": [{}] }] })"_s,
+            uR"({ "originDestinationInformations": [{ "originDestinationOptions": [{}] }, null] })"_s,
+            uR"({ "originDestinationInformations": [{ "originDestinationOptions": [{}, 1] }] })"_s,
+        };
+        for (const QString &data : none) {
+            const QString reply = uR"({ "availabilityData": %1 })"_s.arg(data);
+            const QJsonObject json = QJsonDocument::fromJson(reply.toUtf8()).object();
+            QVERIFY(!json.isEmpty());
+            QVERIFY(FlightSearchTool::parseFlightOptions(json, u"A"_s, u"B"_s).isEmpty());
+        }
+        QVERIFY(FlightSearchTool::parseFlightOptions({}, u"A"_s, u"B"_s).isEmpty());
+    }
+
     void replies_data()
     {
         QTest::addColumn<QString>("reader");

@@ -10,6 +10,8 @@ VTRCard {
     id: calendar
 
     required property FlightSearchViewModel viewModel
+    /// Many texts are made with it.
+    readonly property string currency: ShownText.of(viewModel.currency, true)
 
     /// Room for any day's amount with this unit.
     function amountWidth(pixelSize: int, unit: string): real {
@@ -47,7 +49,7 @@ VTRCard {
 
             BestPriceBadge {
                 visible: calendar.viewModel.hasBestPrice
-                text: PriceCalendarFormat.bestPriceText(calendar.viewModel.bestPrice, calendar.viewModel.currency)
+                text: PriceCalendarFormat.bestPriceText(calendar.viewModel.bestPrice, calendar.currency)
             }
         }
 
@@ -68,7 +70,7 @@ VTRCard {
             delegate: CalendarBarColumn {
                 strip: bars
                 topInStrip: 24
-                currency: calendar.viewModel.currency
+                currency: calendar.currency
                 maxPrice: calendar.viewModel.highestPrice
                 selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
@@ -90,7 +92,7 @@ VTRCard {
             Layout.rightMargin: -1
             model: calendar.viewModel.calendarPrices
             selectedIndex: calendar.viewModel.selectedDayIndex
-            narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.viewModel.currency) + 2 * 12))
+            narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
             widestDay: 140
             spacing: 10
             leftMargin: 3
@@ -100,7 +102,7 @@ VTRCard {
             delegate: CalendarTileView {
                 strip: tiles
                 topInStrip: 3
-                currency: calendar.viewModel.currency
+                currency: calendar.currency
                 selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
             }
