@@ -63,7 +63,6 @@ private Q_SLOTS:
                 QVERIFY2(!segmentCounts(site.code, u"IST"_s, day).isEmpty(), qPrintable(site.code));
             }
         }
-        QVERIFY(!m_meaningOfNumber.contains(u"VQ404"_s));
         for (const QString &unknown : { u"77W"_s, u"7M8"_s, u"7M9"_s, u"E95"_s })
             QVERIFY2(m_aircraft.contains(unknown), qPrintable(unknown));
         for (const auto &[route, counts] : { std::pair(u"IST-LHR"_s, u"12"_s),
