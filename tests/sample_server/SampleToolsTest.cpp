@@ -182,6 +182,8 @@ private Q_SLOTS:
                 stage = now;
                 delayed = delayed || meaning.contains(u'd');
                 QVERIFY(minute >= 0 || now == 0);
+                const QString clock = midnight.addSecs(60LL * minute).toString(u"HH:mm");
+                QVERIFY(now != 1 || data["actualDeparture"_L1].toString() <= clock);
                 QCOMPARE(data.contains("actualDeparture"_L1), now >= 1);
                 QCOMPARE(data.contains("actualArrival"_L1), now == 2);
                 QCOMPARE(differsFromSchedule(data), now < 2 ? meaning.contains(u'd') : delayed);
