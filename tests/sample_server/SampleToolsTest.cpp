@@ -3,6 +3,7 @@
 #include "sample_server/AirportGeography.h"
 #include "sample_server/JsonSchema.h"
 
+#include <QLocale>
 #include <QTest>
 
 #include <tuple>
@@ -55,6 +56,7 @@ private Q_SLOTS:
         QCOMPARE(toolDescriptions().size(), 5);
         int day = 0;
         int guides = 0;
+        const QLocale turkish(QLocale::Turkish, QLocale::Turkey);
         for (const AirportSite &site : airportSites()) {
             day = (day + 11) % 365;
             const QString other = site.code == "IST"_L1 ? u"SIN"_s : u"IST"_s;
@@ -76,6 +78,11 @@ private Q_SLOTS:
                         .value_or(u""_s);
                 QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
                 guides += reply.contains("guide"_L1);
+                for (const QJsonValue promotion : reply["promotions"_L1].toArray()) {
+                    const QString until = promotion["validUntil"_L1].toString();
+                    QVERIFY(until.isEmpty()
+                            || turkish.toDate(until, u"d MMMM yyyy"_s) > fixedNow().date());
+                }
             }
         }
         QVERIFY(guides > 20 && guides < airportSites().size());
