@@ -12,7 +12,7 @@ namespace {
 
 // What one reply may hold. Each object or array of three bytes may become a record of a kilobyte.
 // A list of ten thousand flights has 30,000 of them and 250,000 values.
-constexpr int mostContainers = 32'000;
+constexpr int mostContainers = 50'000;
 constexpr int mostValues = 1'000'000;
 
 bool isTooMuch(const QByteArray &json)

@@ -32,6 +32,6 @@ void CityGuideViewModel::store(const CityGuideInfo &guide, const QList<Promotion
     m_guideInfo = guide;
     Q_EMIT guideInfoChanged();
     Q_EMIT objectWillChange();
-    m_promotions.setRecords(promotions.mid(0, mostPromotions));
+    m_promotions.setRecords(promotions);
     publish(m_isLoading, false, &CityGuideViewModel::isLoadingChanged);
 }

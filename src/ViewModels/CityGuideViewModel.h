@@ -30,7 +30,7 @@ public:
     /// The airport that the guide was asked for; empty before.
     QString destinationCode() const { return m_destinationCode; }
     std::optional<CityGuideInfo> guideInfo() const { return m_guideInfo; }
-    /// The first of them, in the server's order.
+    /// In the server's order.
     const QList<PromotionItem> &promotions() const { return m_promotions.records(); }
     bool isLoading() const { return m_isLoading; }
 
@@ -38,9 +38,6 @@ public:
     bool hasGuideInfo() const { return m_guideInfo.has_value(); }
     CityGuideInfo guideInfoOrEmpty() const { return m_guideInfo.value_or(CityGuideInfo()); }
     CountedListModel *promotionsModel() { return &m_promotions; }
-
-    /// The sheet lays every promotion out at once, and this many take some 30 ms.
-    static constexpr qsizetype mostPromotions = 60;
 
     /// Asks for the guide of this airport and for the promotions at once, and stores both when both
     /// have come. When either fails nothing is stored, and `isLoading` stays true for good.

@@ -29,6 +29,19 @@ bool showError(Stage &stage)
     return stage.waitForSearch() && stage.viewModel()->hasErrorMessage();
 }
 
+/// The same with the page scrolled away from the banner.
+bool showErrorBelow(Stage &stage)
+{
+    return showError(stage) && stage.waitUntilStill() && stage.scrollTo(u"flightResults"_s);
+}
+
+/// The cheapest day is the chosen one.
+bool showBestDay(Stage &stage)
+{
+    stage.viewModel()->startSelectCalendarDate(stage.viewModel()->bestPriceOrEmpty().date);
+    return stage.waitForSearch() && hasResults(stage) && stage.scrollTo(u"fareChart"_s);
+}
+
 /// A day that has passed has no flights.
 bool showEmpty(Stage &stage)
 {
@@ -170,6 +183,8 @@ const QList<Scene> &allScenes()
         { u"loading"_s, u"a search under way, over the results of the one before"_s, showLoading,
           true },
         { u"error"_s, u"a failed search, over the results of the one before"_s, showError },
+        { u"error-below"_s, u"the same, seen from the flights below"_s, showErrorBelow },
+        { u"best-day"_s, u"the flights of the cheapest day"_s, showBestDay },
         { u"empty"_s, u"a day without flights"_s, showEmpty },
         { u"direct-only"_s, u"the direct flights alone"_s, showDirectOnly },
         { u"round-trip"_s, u"the search card with a day of return"_s, showRoundTrip },

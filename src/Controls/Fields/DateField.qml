@@ -16,7 +16,6 @@ BaseButton {
     property color fill: VTRTheme.cardBgLight
     /// While it is open.
     property MonthPanel month: null
-    readonly property string tip: shown.text === fullText ? "" : fullText
     readonly property string fullText: DateEditing.fullText(value)
 
     signal edited(date value)
@@ -59,7 +58,7 @@ BaseButton {
             color: VTRTheme.textSecondary
         }
         PlainText {
-            id: shown
+            readonly property string tip: text === field.fullText ? "" : field.fullText
 
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)

@@ -11,8 +11,8 @@ constexpr int delay = 500; // milliseconds
 /// What a tip tells of this item; empty when the item shows everything.
 QString untold(const QQuickItem *item)
 {
-    if (item->inherits("QQuickText"))
-        return item->property("truncated").toBool() ? item->property("text").toString() : QString();
+    if (item->inherits("QQuickText") && item->property("truncated").toBool())
+        return item->property("text").toString();
     return item->property("tip").toString();
 }
 

@@ -16,7 +16,8 @@ Item {
 
     /// 0 closed, 1 open.
     property real openness: isOpen ? 1 : 0
-    readonly property real wantedHeight: openness * (gap + holder.childrenRect.height)
+    /// Whole pixels: a Flickable rounds its place whenever its content changes.
+    readonly property real wantedHeight: Math.round(openness * (gap + holder.childrenRect.height))
 
     visible: isOpen || openness > 0
     enabled: isOpen

@@ -7,6 +7,7 @@ Item {
 
     required property string text
 
+    onTextChanged: arrival.restart()
     implicitWidth: row.implicitWidth + 24
     implicitHeight: row.implicitHeight + 12
 
@@ -17,6 +18,16 @@ Item {
         shadowColor: VTRTheme.withOpacity(VTRTheme.bestGreen, 0.4)
         shadowRadius: 6
         shadowOffset: 2
+    }
+
+    EaseInOut {
+        id: arrival
+
+        target: row
+        property: "opacity"
+        from: 0
+        to: 1
+        duration: Motion.resultsDuration
     }
 
     Row {

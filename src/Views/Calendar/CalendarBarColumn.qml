@@ -30,7 +30,7 @@ CalendarDay {
             objectName: "price"
             text: PriceCalendarFormat.wholeAmount(column.price.amount)
             font.pixelSize: 10
-            font.weight: Font.Bold
+            font.weight: column.isSelected ? Font.ExtraBold : Font.Bold
             color: column.bestFirst(VTRTheme.bestGreen, VTRTheme.vtrRed, VTRTheme.textSecondary)
         }
 

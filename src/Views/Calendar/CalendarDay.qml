@@ -13,6 +13,9 @@ BaseButton {
     required property DayStrip strip
     /// Where the day is drawn in the strip.
     required property real topInStrip
+    /// The day is new in the strip, not scrolled to.
+    required property bool fadesIn
+    property bool isThere: !fadesIn
 
     readonly property bool isBest: price.isBestPrice
     readonly property bool isSelected: price.date === selectedDate
@@ -30,12 +33,18 @@ BaseButton {
     // A list decides about the place of its delegates, not about what is drawn there.
     transform: Translate { y: day.topInStrip }
     width: strip.dayWidth
+    opacity: isThere ? 1 : 0
     focus: ListView.isCurrentItem
     focusPolicy: Qt.ClickFocus
     showsFocus: strip.showsFocus && ListView.isCurrentItem
     onPressed: strip.pressed(index)
+    Component.onCompleted: isThere = true
 
     text: PriceCalendarFormat.spokenDay(price, currency, isSelected)
     Accessible.selectable: true
     Accessible.selected: isSelected
+
+    Behavior on opacity {
+        EaseInOut { duration: Motion.resultsDuration }
+    }
 }

@@ -29,6 +29,7 @@ CalendarDay {
         spacing: 3
 
         Line {
+            isOnRed: tile.isSelected
             text: PriceCalendarFormat.formatDayOfWeek(tile.price.date, true)
             font.pixelSize: 10
             font.weight: Font.Medium
@@ -36,12 +37,14 @@ CalendarDay {
         }
 
         Line {
+            isOnRed: tile.isSelected
             text: PriceCalendarFormat.formatDateShort(tile.price.date)
             font.pixelSize: 12
             font.weight: Font.Bold
         }
 
         Line {
+            isOnRed: tile.isSelected
             objectName: "price"
             width: Math.min(implicitWidth, tile.availableWidth)
             elide: Text.ElideRight
@@ -49,10 +52,16 @@ CalendarDay {
             font.pixelSize: 11
             font.weight: Font.Bold
             color: tile.isBest ? VTRTheme.bestGreen : VTRTheme.textSecondary
+            styleColor: Qt.rgba(0.2, 0, 0.03, tile.isBest ? 0.8 : 0.55)
         }
     }
 
     component Line: PlainText {
+        /// A dark edge keeps the colours readable there.
+        required property bool isOnRed
+
         anchors.horizontalCenter: parent.horizontalCenter
+        style: isOnRed ? Text.Outline : Text.Normal
+        styleColor: Qt.rgba(0.2, 0, 0.03, 0.55)
     }
 }

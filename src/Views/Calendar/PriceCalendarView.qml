@@ -11,12 +11,15 @@ VTRCard {
 
     required property FlightSearchViewModel viewModel
     /// Many texts are made with it.
-    readonly property string currency: ShownText.of(viewModel.currency, true)
+    readonly property string currency: ShownText.of(shown.currency, true)
+    readonly property ShownCalendar shown: ShownCalendar {
+        viewModel: calendar.viewModel
+    }
 
     /// Room for any day's amount with this unit.
     function amountWidth(pixelSize: int, unit: string): real {
         const font = Qt.font({ family: VTRTheme.fontFamily, pixelSize: pixelSize, weight: Font.Bold });
-        return TextWidth.widest([PriceCalendarFormat.widestAmount(viewModel.highestPrice) + unit], font) + 1;
+        return TextWidth.widest([PriceCalendarFormat.widestAmount(shown.highestPrice) + unit], font) + 1;
     }
 
     ColumnLayout {
@@ -48,8 +51,13 @@ VTRCard {
             }
 
             BestPriceBadge {
-                visible: calendar.viewModel.hasBestPrice
-                text: PriceCalendarFormat.bestPriceText(calendar.viewModel.bestPrice, calendar.currency)
+                visible: opacity > 0
+                opacity: calendar.shown.hasBestPrice ? 1 : 0
+                text: PriceCalendarFormat.bestPriceText(calendar.shown.bestPrice, calendar.currency)
+
+                Behavior on opacity {
+                    EaseInOut { duration: Motion.resultsDuration }
+                }
             }
         }
 
@@ -59,7 +67,7 @@ VTRCard {
             Layout.fillWidth: true
             // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
-            model: calendar.viewModel.calendarPrices
+            model: calendar.shown.days
             selectedIndex: calendar.viewModel.selectedDayIndex
             narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
             spacing: 12
@@ -70,8 +78,9 @@ VTRCard {
             delegate: CalendarBarColumn {
                 strip: bars
                 topInStrip: 24
+                fadesIn: calendar.shown.isArriving()
                 currency: calendar.currency
-                maxPrice: calendar.viewModel.highestPrice
+                maxPrice: calendar.shown.highestPrice
                 selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
             }
@@ -90,7 +99,7 @@ VTRCard {
             Layout.topMargin: -3
             Layout.leftMargin: -1
             Layout.rightMargin: -1
-            model: calendar.viewModel.calendarPrices
+            model: calendar.shown.days
             selectedIndex: calendar.viewModel.selectedDayIndex
             narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
             widestDay: 140
@@ -102,6 +111,7 @@ VTRCard {
             delegate: CalendarTileView {
                 strip: tiles
                 topInStrip: 3
+                fadesIn: calendar.shown.isArriving()
                 currency: calendar.currency
                 selectedDate: calendar.viewModel.selectedDate
                 onClicked: calendar.viewModel.startSelectCalendarDate(price.date)

@@ -8,7 +8,7 @@ RoundedSurface {
 
     required property string search
 
-    implicitHeight: label.implicitHeight + 2 * 8
+    implicitHeight: Math.ceil(label.implicitHeight) + 2 * 8
     radius: VTRTheme.controlRadius
     color: VTRTheme.withOpacity(VTRTheme.gold, 0.12)
 

@@ -26,7 +26,15 @@ VTRCard {
 
     implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
+    // The note comes and goes above the cards that one looks at.
+    onHasEarlierFlightsChanged: {
+        const top = topInPage + padding + chips.y + chips.height;
+        page.follow(top, (hasEarlierFlights ? 1 : -1) * (note.height + column.spacing));
+    }
+
     Column {
+        id: column
+
         width: parent.width
         spacing: 16
 
@@ -53,11 +61,15 @@ VTRCard {
         }
 
         SortChips {
+            id: chips
+
             currentOption: section.viewModel.activeFilter
             onChosen: option => section.viewModel.applyFilter(option)
         }
 
         EarlierFlightsNote {
+            id: note
+
             width: parent.width
             visible: section.hasEarlierFlights
             search: section.viewModel.earlierSearch

@@ -64,6 +64,7 @@ FocusScope {
             }
 
             CalendarSlot {
+                objectName: "fareChart"
                 width: parent.width
                 page: scrollPage
                 topInPage: error.topInPage + error.height

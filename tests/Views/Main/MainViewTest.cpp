@@ -1,5 +1,6 @@
 #include "support/WindowTesting.h"
 
+#include <QClipboard>
 #include <QDesktopServices>
 
 using namespace Qt::StringLiterals;
@@ -89,25 +90,67 @@ private Q_SLOTS:
         QCOMPARE(m_window->itemsOfType("PriceCalendarView").size(), 1);
 
         m_answers.insert(calendarTool, ScriptedAnswer::content());
+        int fadingDays = 0;
+        connect(m_window->viewModel(), &FlightSearchViewModel::calendarPricesChanged, this,
+                [&] { fadingDays = int(m_window->itemsOfType("CalendarBarColumn").size()); });
         m_window->viewModel()->startSearchAll();
         QTRY_VERIFY(m_window->called(u"Uçuşlar yükleniyor..."_s));
         QVERIFY(!m_window->named(u"noFlights"_s));
         QVERIFY(m_window->waitForSearch());
         QTRY_VERIFY(m_window->itemsOfType("PriceCalendarView").isEmpty());
+        QCOMPARE(fadingDays, 14);
     }
 
     void failureShowsTheBannerOverTheOldCards()
     {
         QVERIFY(m_window->itemsOfType("ErrorBanner").isEmpty());
+        const QString reason = u"Bakımdayız. "_s.repeated(80).trimmed();
+        m_answers.insert(flightsTool, ScriptedAnswer::failure(reason));
+        m_window->viewModel()->startSelectCalendarDate(u"2026-12-02"_s);
+        QVERIFY(m_window->waitForSearch());
+        const QString message = u"Seçilen tarih (2026-12-02) için uçuşlar yüklenemedi: "_s + reason;
+        QQuickItem *banner = m_window->called(message);
+        QVERIFY(banner);
+        QCOMPARE(accessible(banner)->role(), QAccessible::AlertMessage);
+        QCOMPARE(m_window->textIn(banner), message);
+        QCOMPARE(shownFlights(), u"VQ100 VQ101 VQ102"_s);
+
+        QTRY_VERIFY(m_window->called(u"İletinin tümünü göster"_s));
+        const qreal fourLines = banner->height();
+        pressAccessibly(m_window->called(u"İletinin tümünü göster"_s));
+        QTRY_VERIFY(banner->height() > fourLines + 30);
+        pressAccessibly(m_window->called(u"İletiyi kopyala"_s));
+        QCOMPARE(QGuiApplication::clipboard()->text(), message);
+    }
+
+    void anErrorIsSeenFromTheFlightsAndMovesNothing()
+    {
+        m_answers.insert(flightsTool, flightsAnswer(20));
+        m_window->viewModel()->startSearchAll();
+        QVERIFY(m_window->waitForSearch());
+        waitForTheCalendar();
+        m_window->layOut();
+        scrollToTheEnd();
+        QQuickItem *card = m_window->itemsOfType("FlightCardView").constLast();
+        const qreal place = card->mapToScene({}).y();
+        QVERIFY(!m_window->named(u"errorStrip"_s));
+
         m_answers.insert(flightsTool, ScriptedAnswer::failure(u"olmadı"_s));
         m_window->viewModel()->startSelectCalendarDate(u"2026-12-02"_s);
         QVERIFY(m_window->waitForSearch());
-        QQuickItem *banner =
-            m_window->called(u"Seçilen tarih (2026-12-02) için uçuşlar yüklenemedi: olmadı"_s);
-        QVERIFY(banner);
-        QCOMPARE(accessible(banner)->role(), QAccessible::AlertMessage);
-        QCOMPARE(m_window->textIn(banner), accessibleName(banner));
-        QCOMPARE(shownFlights(), u"VQ100 VQ101 VQ102"_s);
+        QTRY_COMPARE(slotOf("ErrorSlot")->property("openness"), 1.0);
+        m_window->layOut();
+        QCOMPARE(card->mapToScene({}).y(), place);
+        QVERIFY(m_window->textIn(flightResults()).contains(u"önceki aramaya ait: IST–LHR"));
+
+        QQuickItem *strip = m_window->named(u"errorStrip"_s);
+        QVERIFY(strip && m_window->textIn(strip).endsWith(u"olmadı"));
+        QTRY_VERIFY(strip->y() > 0);
+        pressAccessibly(strip);
+        QTRY_VERIFY(!m_window->named(u"errorStrip"_s));
+        const qreal banner =
+            m_window->itemsOfType("ErrorBanner").constFirst()->mapToItem(page(), QPointF()).y();
+        QVERIFY(banner >= 0 && banner < page()->height() - 40);
     }
 
     void onlyTheCardsInViewExist()
@@ -207,9 +250,11 @@ private:
     /// The calendar slides in; a click during that would miss.
     void waitForTheCalendar() const
     {
-        QTRY_COMPARE(m_window->itemsOfType("CalendarSlot").size(), 1);
-        QTRY_COMPARE(m_window->itemsOfType("CalendarSlot").constFirst()->property("openness"), 1.0);
+        QTRY_VERIFY(slotOf("CalendarSlot"));
+        QTRY_COMPARE(slotOf("CalendarSlot")->property("openness"), 1.0);
     }
+    QQuickItem *slotOf(const char *type) const { return m_window->itemsOfType(type).value(0); }
+    QQuickItem *flightResults() const { return m_window->named(u"flightResults"_s); }
     QString shownFlights() const
     {
         QList<QQuickItem *> cards = m_window->itemsOfType("FlightCardView");

@@ -158,22 +158,6 @@ private Q_SLOTS:
         QVERIFY(!m_window->named(u"guideLoadingPanel"_s));
     }
 
-    void ofEndlessListsTheFirstEntriesAreShown()
-    {
-        QJsonArray tips;
-        QJsonArray offers;
-        for (int number = 1; number <= 5000; ++number) {
-            tips.append(u"i%1"_s.arg(number));
-            offers.append(QJsonObject { { u"title"_s, u"k%1"_s.arg(number) } });
-        }
-        m_answers.insert(guideTool, ScriptedAnswer::content({ { u"localTips"_s, tips } }));
-        m_answers.insert(promotionsTool, ScriptedAnswer::content({ { u"promotions"_s, offers } }));
-        QVERIFY(open());
-        QTRY_VERIFY(textOf(u"cityGuidePage"_s).endsWith(u"|i59|i60"_s));
-        m_window->key(Qt::Key_Right);
-        QTRY_COMPARE(m_window->itemsOfType("PromotionCard").size(), 60);
-    }
-
     void aLaterSheetGetsItsOwnAnswersAlone()
     {
         m_answers.insert(guideTool, guideOf(u"Eski"_s).held());
