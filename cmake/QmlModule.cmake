@@ -1,10 +1,11 @@
 # qmllint over every QML file of the program; a warning fails it.
 add_custom_target(lint-qml)
 
-# A static library that is a QML module: `SOURCES` are its C++ types, `QML_FILES` its components.
-# Folders within a module are for readers: its files see one another without imports.
+# A static library that is a QML module, made of all C++ and QML files below this folder. The folders
+# are for readers: to QML the module is flat.
 function(vantora_add_qml_module target uri)
-  cmake_parse_arguments(PARSE_ARGV 2 module "" "" "SOURCES;QML_FILES")
+  file(GLOB_RECURSE module_SOURCES RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.cpp *.h)
+  file(GLOB_RECURSE module_QML_FILES RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} CONFIGURE_DEPENDS *.qml)
   string(REPLACE "." "/" path ${uri})
 
   foreach(file IN LISTS module_QML_FILES)

@@ -13,13 +13,31 @@
 namespace {
 
 /// A system without a language setting ("C") gets Turkish, like every other text of the window.
-icu::Locale userLocale()
+QString languageTag()
 {
     const QLocale locale;
     // QLocale::name() would leave the script out.
-    const QString tag = locale.language() == QLocale::C ? QStringLiteral("tr") : locale.bcp47Name();
+    return locale.language() == QLocale::C ? QStringLiteral("tr") : locale.bcp47Name();
+}
+
+/// The formatter of the user's locale, made once for each thread and locale; null when ICU has
+/// none.
+icu::NumberFormat *currencyFormat()
+{
+    thread_local QString madeFor;
+    thread_local std::unique_ptr<icu::NumberFormat> format;
+    const QString tag = languageTag();
+    if (tag == madeFor)
+        return format.get();
     UErrorCode status = U_ZERO_ERROR;
-    return icu::Locale::forLanguageTag(tag.toLatin1().constData(), status);
+    const auto locale = icu::Locale::forLanguageTag(tag.toLatin1().constData(), status);
+    format.reset(icu::NumberFormat::createCurrencyInstance(locale, status));
+    madeFor = tag;
+    if (U_FAILURE(status))
+        format.reset();
+    if (format)
+        format->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
+    return format.get();
 }
 
 /// A null text when ICU cannot format the amount.
@@ -27,14 +45,13 @@ QString formatted(double amount, const QString &currencyCode)
 {
     if (currencyCode.size() != 3)
         return {};
-    UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<icu::NumberFormat> format(
-        icu::NumberFormat::createCurrencyInstance(userLocale(), status));
-    if (U_FAILURE(status) || !format)
+    icu::NumberFormat *format = currencyFormat();
+    if (!format)
         return {};
+    UErrorCode status = U_ZERO_ERROR;
     format->setCurrency(reinterpret_cast<const char16_t *>(currencyCode.utf16()), status);
+    // The currency brings its own.
     format->setMaximumFractionDigits(0);
-    format->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
     icu::UnicodeString text;
     format->format(amount, text, nullptr, status);
     if (U_FAILURE(status))

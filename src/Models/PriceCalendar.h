@@ -59,6 +59,14 @@ public:
     QJsonObject toJson() const;
 };
 
+/// The fare calendar as the tool operation hands it out.
+struct PriceCalendar
+{
+    QList<DailyPrice> prices; ///< in the server's order
+    std::optional<BestPrice> bestPrice;
+    QString currency = QStringLiteral("TRY");
+};
+
 /// One calendar answer as a JSON document of its own. Every field may be absent.
 struct PriceCalendarResult
 {

@@ -2,43 +2,11 @@
 
 #include "Models/JsonReading.h"
 
-#include <array>
+#include <type_traits>
 
 namespace SearchOptions {
 
 namespace {
-
-template<typename Option>
-struct Row
-{
-    Option option;
-    QStringView rawValue;
-    QStringView title;
-};
-
-constexpr std::array tripTypes {
-    Row<TripType> { TripType::oneWay, u"ONE_WAY", u"Tek Yön" },
-    Row<TripType> { TripType::roundTrip, u"ROUND_TRIP", u"Gidiş - Dönüş" },
-};
-
-constexpr std::array cabinClasses {
-    Row<CabinClass> { CabinClass::economy, u"ECONOMY", u"Economy Class" },
-    Row<CabinClass> { CabinClass::business, u"BUSINESS", u"Business Class" },
-};
-
-constexpr std::array timeRanges {
-    Row<TimeRange> { TimeRange::oneWeek, u"1_WEEK", u"1 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::twoWeeks, u"2_WEEKS", u"2 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::threeWeeks, u"3_WEEKS", u"3 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::fourWeeks, u"4_WEEKS", u"1 Aylık (En Geniş)" },
-};
-
-constexpr std::array sortOptions {
-    Row<FlightSortOption> { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz" },
-    Row<FlightSortOption> { FlightSortOption::earliest, u"En Erken", u"En Erken" },
-    Row<FlightSortOption> { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı" },
-    Row<FlightSortOption> { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
-};
 
 template<typename Option>
 constexpr const auto &table()

@@ -4,7 +4,9 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringView>
 
+#include <array>
 #include <optional>
 
 /// The choices a traveller makes when searching. Each case has a text raw value, which is its
@@ -25,6 +27,40 @@ Q_ENUM_NS(TimeRange)
 /// How the flight list is ordered, or (`directOnly`) reduced.
 enum class FlightSortOption { cheapest, earliest, fastest, directOnly };
 Q_ENUM_NS(FlightSortOption)
+
+/// A case, what is sent for it, and what it is called.
+template<typename Option>
+struct Row
+{
+    Option option;
+    QStringView rawValue;
+    QStringView title;
+};
+
+// In the order of the cases, in which pickers show them.
+inline constexpr std::array tripTypes {
+    Row<TripType> { TripType::oneWay, u"ONE_WAY", u"Tek Yön" },
+    Row<TripType> { TripType::roundTrip, u"ROUND_TRIP", u"Gidiş - Dönüş" },
+};
+
+inline constexpr std::array cabinClasses {
+    Row<CabinClass> { CabinClass::economy, u"ECONOMY", u"Economy Class" },
+    Row<CabinClass> { CabinClass::business, u"BUSINESS", u"Business Class" },
+};
+
+inline constexpr std::array timeRanges {
+    Row<TimeRange> { TimeRange::oneWeek, u"1_WEEK", u"1 Haftalık Fiyatlar" },
+    Row<TimeRange> { TimeRange::twoWeeks, u"2_WEEKS", u"2 Haftalık Fiyatlar" },
+    Row<TimeRange> { TimeRange::threeWeeks, u"3_WEEKS", u"3 Haftalık Fiyatlar" },
+    Row<TimeRange> { TimeRange::fourWeeks, u"4_WEEKS", u"1 Aylık (En Geniş)" },
+};
+
+inline constexpr std::array sortOptions {
+    Row<FlightSortOption> { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz" },
+    Row<FlightSortOption> { FlightSortOption::earliest, u"En Erken", u"En Erken" },
+    Row<FlightSortOption> { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı" },
+    Row<FlightSortOption> { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
+};
 
 /// All cases, in the order in which pickers show them.
 template<typename Option>

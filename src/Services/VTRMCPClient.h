@@ -24,14 +24,6 @@
 #include <memory>
 #include <optional>
 
-/// The fare calendar as the tool operation hands it out.
-struct PriceCalendar
-{
-    QList<DailyPrice> prices; ///< in the server's order
-    std::optional<BestPrice> bestPrice;
-    QString currency = QStringLiteral("TRY");
-};
-
 /// The program's only network component: a client of the airline's MCP server. It opens one session
 /// on first use and shares it among all calls. It lives on the main thread.
 ///

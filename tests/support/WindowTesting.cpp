@@ -13,11 +13,6 @@ QString accessibleName(QQuickItem *item)
     return node ? node->text(QAccessible::Name) : QString();
 }
 
-void pressAccessibly(QQuickItem *item)
-{
-    accessible(item)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-}
-
 TestWindow::TestWindow()
 {
     loadMainWindow(m_engine, u"Test"_s);
@@ -45,45 +40,12 @@ void TestWindow::activate()
     m_isReady = QTest::qWaitForWindowActive(m_window);
 }
 
-FlightSearchViewModel *TestWindow::viewModel() const
-{
-    return state("viewModel").value<FlightSearchViewModel *>();
-}
-
-bool TestWindow::waitForSearch() const
-{
-    return QTest::qWaitFor([this] {
-        return viewModel()->hasSearched() && !viewModel()->isLoading()
-            && !viewModel()->isSearchingFlightsOnly();
-    });
-}
-
-QList<QQuickItem *> TestWindow::itemsIn(QQuickItem *root, const Condition &isWanted)
-{
-    QList<QQuickItem *> found;
-    if (!root->isVisible())
-        return found;
-    if (isWanted(root))
-        found.append(root);
-    const auto children = root->childItems();
-    for (QQuickItem *child : children)
-        found += itemsIn(child, isWanted);
-    return found;
-}
-
 QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
 {
     // QML types are named after their file and a number.
     return itemsIn(m_window->contentItem(), [&type](QQuickItem *item) {
         return QByteArray(item->metaObject()->className()).startsWith(type + "_QMLTYPE");
     });
-}
-
-QQuickItem *TestWindow::named(const QString &objectName) const
-{
-    return itemsIn(m_window->contentItem(),
-                   [&objectName](QQuickItem *item) { return item->objectName() == objectName; })
-        .value(0);
 }
 
 QQuickItem *TestWindow::called(const QString &name) const
@@ -105,6 +67,38 @@ QString TestWindow::textIn(QQuickItem *root)
     return texts.join(u'|');
 }
 
+QString TestWindow::textOf(const QString &objectName) const
+{
+    QQuickItem *item = named(objectName);
+    return item ? textIn(item) : QString();
+}
+
+QStringList TestWindow::misplacedTexts(QQuickItem *root)
+{
+    QStringList misplaced;
+    const QRectF inside = root->boundingRect();
+    QList<QRectF> places;
+    for (QQuickItem *item :
+         itemsIn(root, [](QQuickItem *item) { return item->inherits("QQuickText"); })) {
+        const QRectF place = item->mapRectToItem(root, item->boundingRect());
+        bool isClear = inside.contains(place);
+        for (const QRectF &other : std::as_const(places)) {
+            const QRectF common = place.intersected(other);
+            isClear = isClear && (common.width() < 1 || common.height() < 1);
+        }
+        if (!isClear)
+            misplaced.append(item->property("text").toString());
+        places.append(place);
+    }
+    return misplaced;
+}
+
+bool TestWindow::search() const
+{
+    viewModel()->startSearchAll();
+    return waitForSearch();
+}
+
 void TestWindow::focus(const QString &objectName) const
 {
     QQuickItem *wanted = named(objectName);
@@ -112,21 +106,22 @@ void TestWindow::focus(const QString &objectName) const
     wanted->forceActiveFocus(Qt::TabFocusReason);
 }
 
-void TestWindow::key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
-{
-    QTest::keyClick(m_window, key, modifiers);
-}
-
-void TestWindow::type(const QString &text) const
-{
-    for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, character, Qt::NoModifier);
-}
-
 void TestWindow::click(QQuickItem *item) const
 {
     const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
     QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
+}
+
+bool TestWindow::open(const QString &button, const QString &sheetName) const
+{
+    click(named(button));
+    return QTest::qWaitFor([&] { return isOpen(sheetName); });
+}
+
+bool TestWindow::close(const QString &sheetName) const
+{
+    key(Qt::Key_Escape);
+    return QTest::qWaitFor([&] { return isGone(sheetName); });
 }
 
 bool TestWindow::isOpen(const QString &sheetName) const

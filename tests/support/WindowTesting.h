@@ -1,29 +1,20 @@
 #pragma once
 
-#include "ViewModels/FlightSearchViewModel.h"
+#include "inspect/WindowDriver.h"
 #include "support/ClientTesting.h"
 #include "support/ToolAnswers.h"
 
-#include <QAccessible>
 #include <QQmlApplicationEngine>
-#include <QQuickItem>
-#include <QQuickWindow>
 
-#include <functional>
-
-inline QAccessibleInterface *accessible(QQuickItem *item)
-{
-    return QAccessible::queryAccessibleInterface(item);
-}
+#include <memory>
 
 QString accessibleName(QQuickItem *item);
-void pressAccessibly(QQuickItem *item);
 
 /// Once in a test program, before its first window.
 void prepareWindows();
 
 /// A window under a user's hands and eyes.
-class TestWindow
+class TestWindow : public WindowDriver
 {
 public:
     /// The real window. It starts its first search at once.
@@ -33,49 +24,47 @@ public:
 
     /// Whether it is loaded and has the keyboard.
     bool isReady() const { return m_isReady; }
-    QQuickWindow *window() const { return m_window; }
+    /// Starts a search and waits for its end.
+    bool search() const;
     QVariant state(const char *property) const { return m_window->property(property); }
-    FlightSearchViewModel *viewModel() const;
-    /// Waits for the end of the search under way; false after the time limit.
-    bool waitForSearch() const;
 
-    using Condition = std::function<bool(QQuickItem *)>;
-    /// All visible items below `root` for which `isWanted` holds, in tree order.
-    static QList<QQuickItem *> itemsIn(QQuickItem *root, const Condition &isWanted);
     /// All visible items whose QML type is `type`.
     QList<QQuickItem *> itemsOfType(const QByteArray &type) const;
-    /// The visible item of this object name; null when there is none.
-    QQuickItem *named(const QString &objectName) const;
     /// The visible item that assistive technology knows by this name.
     QQuickItem *called(const QString &name) const;
     /// Every text that is seen below the item, one after the other with | between them.
     static QString textIn(QQuickItem *root);
+    /// What `textIn` gives for the item of this name; empty when there is no such item.
+    QString textOf(const QString &objectName) const;
+    /// The texts below the item that leave it or cover one another.
+    static QStringList misplacedTexts(QQuickItem *root);
 
     QQuickItem *focused() const { return m_window->activeFocusItem(); }
     QString focusedName() const { return accessibleName(focused()); }
     void focus(const QString &objectName) const;
-    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    void type(const QString &text) const;
     void click(QQuickItem *item) const;
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
 
     QObject *sheet(const QString &name) const { return m_window->findChild<QObject *>(name); }
+    /// Clicks the button and waits until the sheet stands still.
+    bool open(const QString &button, const QString &sheetName) const;
+    /// Presses Escape and waits until the sheet has gone.
+    bool close(const QString &sheetName) const;
     bool isOpen(const QString &sheetName) const;
     bool isGone(const QString &sheetName) const;
-    /// The state object of the sheet that is open, which its content has under `property`.
+    /// The state object of the sheet that is open.
     template<typename State>
-    State *stateOf(const QString &sheetName, const char *property) const
+    State *stateOf(const QString &sheetName) const
     {
         auto *body = sheet(sheetName)->property("body").value<QQuickItem *>();
-        return body ? body->property(property).value<State *>() : nullptr;
+        return body ? body->property("viewModel").value<State *>() : nullptr;
     }
 
 private:
     void activate();
 
     QQmlApplicationEngine m_engine;
-    QQuickWindow *m_window = nullptr;
     bool m_isReady = false;
 };
 

@@ -64,7 +64,7 @@ bool showDirectOnly(Stage &stage)
 /// The item is there, and the sheet that holds it has ended its opening motion.
 bool isShown(const Stage &stage, const QString &objectName)
 {
-    QQuickItem *item = stage.item(objectName);
+    QQuickItem *item = stage.named(objectName);
     for (const QQuickItem *ancestor = item; ancestor; ancestor = ancestor->parentItem()) {
         if (ancestor->opacity() < 1)
             return false;
@@ -96,7 +96,7 @@ bool showPickerQuery(Stage &stage)
     if (!showOriginPicker(stage))
         return false;
     stage.type(u"lon"_s);
-    stage.pressKey(Qt::Key_Down);
+    stage.key(Qt::Key_Down);
     return stage.waitUntil([&] { return isShown(stage, u"airportPicker"_s); });
 }
 
@@ -113,7 +113,7 @@ bool showKeyboardFocus(Stage &stage)
 {
     constexpr int mostTabs = 30;
     for (int i = 0; i < mostTabs; ++i) {
-        stage.pressKey(Qt::Key_Tab);
+        stage.key(Qt::Key_Tab);
         const QQuickItem *item = stage.window()->activeFocusItem();
         if (item && item->objectName() == u"searchButton")
             return true;
@@ -132,7 +132,7 @@ bool askForStatus(Stage &stage, const QString &number, const QString &panel)
     if (!showStatusEmpty(stage))
         return false;
     stage.type(number);
-    stage.pressKey(Qt::Key_Return);
+    stage.key(Qt::Key_Return);
     return stage.waitUntil([&] { return isShown(stage, panel); });
 }
 
@@ -162,7 +162,7 @@ bool showPromotions(Stage &stage)
     if (!showCityGuide(stage))
         return false;
     // The keyboard is on the tabs.
-    stage.pressKey(Qt::Key_Right);
+    stage.key(Qt::Key_Right);
     return stage.waitUntil([&] { return isShown(stage, u"promotionsPage"_s); });
 }
 

@@ -1,47 +1,39 @@
 #pragma once
 
-#include "ViewModels/FlightSearchViewModel.h"
+#include "inspect/WindowDriver.h"
 
 #include <QElapsedTimer>
 #include <QImage>
-#include <QQuickItem>
-#include <QQuickWindow>
 
+#include <chrono>
 #include <functional>
 
 /// The window of the application under the hand of a scene: what a user could do, and waiting.
-class Stage
+class Stage : public WindowDriver
 {
 public:
     /// Everything together may take `timeout`.
     Stage(QQuickWindow *window, std::chrono::milliseconds timeout);
 
-    QQuickWindow *window() const { return m_window; }
-    FlightSearchViewModel *viewModel() const { return m_viewModel; }
-
     /// Runs the event loop until the condition holds; false when the time is over.
-    bool waitUntil(const std::function<bool()> &condition);
+    bool waitUntil(const std::function<bool()> &condition) const;
     /// Waits until the window has drawn nothing for a while: every animation has ended.
     bool waitUntilStill();
     /// Waits until no search is running.
-    bool waitForSearch();
+    bool waitForSearch() const { return WindowDriver::waitForSearch(remaining()); }
 
-    /// The visible item with this object name; null when there is none.
-    QQuickItem *item(const QString &objectName) const;
-    /// Presses the item as assistive technology does. False when there is no such item.
-    bool press(const QString &objectName);
+    /// Presses the visible item of this name. False when there is none.
+    bool press(const QString &objectName) const { return pressAccessibly(named(objectName)); }
     /// Scrolls the window's page until the item begins at its top. False when there is no such
     /// item.
-    bool scrollTo(const QString &objectName);
-    void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void type(const QString &text);
+    bool scrollTo(const QString &objectName) const;
 
     QImage picture() const { return m_window->grabWindow(); }
 
 private:
-    QQuickWindow *m_window;
-    FlightSearchViewModel *m_viewModel;
+    std::chrono::milliseconds remaining() const;
+
     QElapsedTimer m_clock;
     QElapsedTimer m_lastFrame;
-    qint64 m_timeout;
+    std::chrono::milliseconds m_timeout;
 };

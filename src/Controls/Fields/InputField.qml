@@ -17,7 +17,6 @@ FieldSurface {
     property bool clearable: false
     property alias text: input.text
     property alias font: input.font
-    property alias maximumLength: input.maximumLength
     property alias textInput: input
 
     /// Return was pressed.

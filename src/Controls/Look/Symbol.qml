@@ -8,8 +8,6 @@ Item {
     required property string name
     property int size: VTRTheme.bodySize
     property color color: VTRTheme.textPrimary
-    /// On a filled circle the glyph is drawn in this colour.
-    property color glyphColor: VTRTheme.textPrimary
 
     readonly property bool isCircled: SymbolCatalogue.isCircled(name)
     readonly property bool isDisc: SymbolCatalogue.isDisc(name)
@@ -35,7 +33,7 @@ Item {
         Accessible.ignored: true
         text: SymbolCatalogue.ligature(symbol.name)
         rotation: SymbolCatalogue.rotation(symbol.name)
-        color: symbol.isDisc ? symbol.glyphColor : symbol.color
+        color: symbol.isDisc ? VTRTheme.textPrimary : symbol.color
         font.family: VTRTheme.symbolFamily
         font.pixelSize: symbol.glyphSize
         font.weight: Font.Normal

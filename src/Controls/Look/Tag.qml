@@ -16,7 +16,7 @@ Item {
     property real horizontalPadding: 6
     property real verticalPadding: 2
 
-    implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding
+    implicitWidth: label.implicitWidth + 2 * horizontalPadding
     implicitHeight: label.implicitHeight + 2 * verticalPadding
 
     RoundedSurface {

@@ -49,7 +49,7 @@ T.Dialog {
         color: sheet.fill
         borderColor: VTRTheme.cardBorder
         borderWidth: 0.5
-        shadowColor: VTRTheme.withOpacity(Qt.rgba(0, 0, 0, 1), 0.5)
+        shadowColor: Qt.rgba(0, 0, 0, 0.5)
         shadowRadius: 30
         shadowOffset: 12
     }
@@ -61,7 +61,7 @@ T.Dialog {
     }
 
     T.Overlay.modal: Rectangle {
-        color: VTRTheme.withOpacity(Qt.rgba(0, 0, 0, 1), 0.55)
+        color: Qt.rgba(0, 0, 0, 0.55)
 
         Behavior on opacity {
             NumberAnimation { duration: Motion.sheetDuration }

@@ -1,7 +1,10 @@
+#include "Models/AirportDatabase.h"
 #include "support/WindowTesting.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +65,7 @@ private Q_SLOTS:
     void aNewOrderFadesCardsInAndOut()
     {
         m_answers.insert(flightsTool, flightsAnswer(40));
-        m_window->viewModel()->startSearchAll();
-        QVERIFY(m_window->waitForSearch());
+        QVERIFY(m_window->search());
         waitForTheCalendar();
         QTRY_VERIFY(hasAllCardsInView());
         flightList()->forceActiveFocus(Qt::TabFocusReason);
@@ -99,6 +101,51 @@ private Q_SLOTS:
         QVERIFY(m_window->waitForSearch());
         QTRY_VERIFY(m_window->itemsOfType("PriceCalendarView").isEmpty());
         QCOMPARE(fadingDays, 14);
+    }
+
+    void helpOpensTheAirlinesAddresses()
+    {
+        QDesktopServices::setUrlHandler(u"https"_s, this, "rememberUrl");
+        const QStringList addresses { u"https://www.vantora-air.example"_s,
+                                      u"https://mcp.vantora-air.example/"_s };
+        for (int entry = 0; entry < 2; ++entry) {
+            m_window->key(Qt::Key_Y, Qt::AltModifier);
+            QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));
+            for (int step = 0; step <= entry; ++step)
+                m_window->key(Qt::Key_Down);
+            m_window->key(Qt::Key_Return);
+            QTRY_COMPARE(m_opened, QUrl(addresses.at(entry)));
+            QTRY_VERIFY(!m_window->called(u"Vantora MCP Sunucusu"_s));
+        }
+        QDesktopServices::unsetUrlHandler(u"https"_s);
+    }
+
+    void longTextsFitTheSmallestWindow()
+    {
+        const QList<Airport> &airports = AirportDatabase::allAirports();
+        const auto longest = std::max_element(airports.begin(), airports.end(),
+                                              [](const Airport &left, const Airport &right) {
+                                                  return left.name.size() < right.name.size();
+                                              });
+        const QString text = u"Afyonkarahisar-Kütahya, Zafer Havalimanı "_s.repeated(8);
+        m_answers.insert(flightsTool,
+                         flightsAnswer({ { text, 987'654'321.0, u"2026-12-05T23:55"_s, 99'999 } }));
+        m_window->viewModel()->setOriginCode(longest->code);
+        m_window->viewModel()->setDestinationCode(longest->code);
+        m_window->viewModel()->setTripType(TripType::roundTrip);
+        QVERIFY(m_window->search());
+        m_answers.insert(flightsTool, ScriptedAnswer::failure(text));
+        m_window->viewModel()->startSelectCalendarDate(u"2026-12-02"_s);
+        QVERIFY(m_window->waitForSearch());
+        m_window->window()->resize(m_window->window()->minimumSize());
+        waitForTheCalendar();
+        m_window->layOut();
+        for (const char *type : { "HeaderBar", "IntroView", "FlightSearchCardView", "ErrorBanner",
+                                  "CalendarBarColumn", "CalendarTileView", "FlightCardView" }) {
+            QVERIFY2(!m_window->itemsOfType(type).isEmpty(), type);
+            for (QQuickItem *item : m_window->itemsOfType(type))
+                QCOMPARE(TestWindow::misplacedTexts(item), QStringList());
+        }
     }
 
     void failureShowsTheBannerOverTheOldCards()
@@ -156,8 +203,7 @@ private Q_SLOTS:
     void onlyTheCardsInViewExist()
     {
         m_answers.insert(flightsTool, flightsAnswer(10'000));
-        m_window->viewModel()->startSearchAll();
-        QVERIFY(m_window->waitForSearch());
+        QVERIFY(m_window->search());
         QCOMPARE(m_window->viewModel()->flights().size(), 10'000);
         QTRY_VERIFY(!shownFlights().isEmpty());
         QVERIFY(m_window->itemsOfType("FlightCardView").size() < 40);
@@ -181,8 +227,7 @@ private Q_SLOTS:
     {
         QFETCH(const int, countAfterwards);
         m_answers.insert(flightsTool, flightsAnswer(40));
-        m_window->viewModel()->startSearchAll();
-        QVERIFY(m_window->waitForSearch());
+        QVERIFY(m_window->search());
         m_window->layOut();
         scrollToTheEnd();
         m_answers.insert(flightsTool, flightsAnswer(countAfterwards));
@@ -222,8 +267,7 @@ private Q_SLOTS:
     void thePageStaysWhenTheKeyboardComesBack()
     {
         m_answers.insert(flightsTool, flightsAnswer(20));
-        m_window->viewModel()->startSearchAll();
-        QVERIFY(m_window->waitForSearch());
+        QVERIFY(m_window->search());
         waitForTheCalendar();
         m_window->focus(u"searchButton"_s);
         m_window->layOut();

@@ -1,5 +1,3 @@
-#include "Controls/Look/Motion.h"
-#include "Controls/Look/ShownText.h"
 #include "Views/Calendar/PriceCalendarFormat.h"
 #include "Views/ExternalLinks.h"
 #include "Views/Flights/FlightCardFormat.h"
@@ -8,7 +6,6 @@
 #include <QLocale>
 #include <QTest>
 
-#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -27,6 +24,12 @@ private Q_SLOTS:
         QCOMPARE(format.barHeight(-10, 5000), 18);
         QCOMPARE(format.barHeight(0, 0), 20);
         QCOMPARE(format.barHeight(-5, -1), 20);
+        // 14 days share 1000 pixels, but keep to their bounds.
+        QCOMPARE(format.dayWidth(1000, 14, 10, 40, 90), 62);
+        QCOMPARE(format.dayWidth(1000, 28, 10, 40, 90), 40);
+        QCOMPARE(format.dayWidth(1000, 2, 10, 40, 90), 90);
+        QCOMPARE(format.dayWidth(1000, 0, 10, 40, 90), 90);
+        QCOMPARE(format.widestAmount(-10'512.7), u"-88888"_s);
     }
 
     void bestPriceText()
@@ -75,35 +78,6 @@ private Q_SLOTS:
                u"https://book.example/"_s + QString(1'000'000, u'x') })
             QCOMPARE(opened(link), webSite);
         QDesktopServices::unsetUrlHandler(u"https"_s);
-    }
-
-    void shownTexts()
-    {
-        const auto lines = [](const QString &text) { return ShownText::of(text, true); };
-        const auto paragraphs = [](const QString &text) { return ShownText::of(text, false); };
-        QCOMPARE(lines(u"İstanbul – 5 °C"_s), u"İstanbul – 5 °C"_s);
-        QCOMPARE(lines(u"a\nb\rc\u2028d\u2029e\u0085f"_s), u"a b c d e f"_s);
-        QCOMPARE(lines(u"\u202eVQ1\u2067 \u200fمطار"_s), u"VQ1 مطار"_s);
-        QCOMPARE(paragraphs(u"a\n\nb\u2029c"_s), u"a\n\nb\nc"_s);
-        QCOMPARE(paragraphs(QString(1'000'000, u'\n')).count(u'\n'), ShownText::mostParagraphs);
-        QCOMPARE(lines(QString(1'000'000, u'\u202e')), u"…"_s);
-        // No half of a character is left at the end.
-        const QString cut = lines(QString(ShownText::longestLine - 1, u'x') + u"🛫🛫"_s);
-        QCOMPARE(cut, QString(ShownText::longestLine - 1, u'x') + u'…');
-    }
-
-    void springCurveFollowsTheSpring()
-    {
-        const Spring spring(0.35, 0.7);
-        const QVariantList curve = spring.bezierSpline();
-        QCOMPARE(curve.size() % 6, 0);
-        QCOMPARE(curve.at(curve.size() - 2).toDouble(), 1.0);
-        QCOMPARE(curve.constLast().toDouble(), 1.0);
-        // It overshoots by exp(-πd/√(1-d²)) of the way, as a spring of this damping does.
-        double highest = 0;
-        for (double t = 0; t < spring.settlingTime(); t += 0.001)
-            highest = std::max(highest, spring.position(t));
-        QVERIFY(std::abs(highest - 1 - std::exp(-M_PI * 0.7 / std::sqrt(1 - 0.49))) < 0.001);
     }
 
 public Q_SLOTS:

@@ -79,7 +79,7 @@ private:
     void useStatusSheet()
     {
         pressAccessibly(m_window->named(u"flightStatusButton"_s));
-        auto *state = m_window->stateOf<FlightStatusViewModel>(statusSheet, "viewModel");
+        auto *state = m_window->stateOf<FlightStatusViewModel>(statusSheet);
         QVERIFY(state);
         QCOMPARE(state->flightNumber(), u"VQ1983"_s);
         QVERIFY(!state->result() && !state->isLoading() && !state->errorMessage());
@@ -99,7 +99,7 @@ private:
         const QString destination = one(destinations);
         m_window->viewModel()->setDestinationCode(destination);
         pressAccessibly(m_window->named(u"cityGuideButton"_s));
-        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet, "viewModel");
+        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet);
         QVERIFY(state);
         QCOMPARE(state->destinationCode(), destination);
         QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());

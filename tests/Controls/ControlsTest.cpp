@@ -1,7 +1,11 @@
+#include "Controls/Look/Motion.h"
+#include "Controls/Look/ShownText.h"
 #include "support/WindowTesting.h"
 
 #include <QRegularExpression>
 #include <QScreen>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -167,6 +171,35 @@ private Q_SLOTS:
         QVERIFY(picture() != moved);
         page.window()->setProperty("rounding", 20);
         QCOMPARE(picture(), moved);
+    }
+
+    void shownTexts()
+    {
+        const auto lines = [](const QString &text) { return ShownText::of(text, true); };
+        const auto paragraphs = [](const QString &text) { return ShownText::of(text, false); };
+        QCOMPARE(lines(u"İstanbul – 5 °C"_s), u"İstanbul – 5 °C"_s);
+        QCOMPARE(lines(u"a\nb\rc\u2028d\u2029e\u0085f"_s), u"a b c d e f"_s);
+        QCOMPARE(lines(u"\u202eVQ1\u2067 \u200fمطار"_s), u"VQ1 مطار"_s);
+        QCOMPARE(paragraphs(u"a\n\nb\u2029c"_s), u"a\n\nb\nc"_s);
+        QCOMPARE(paragraphs(QString(1'000'000, u'\n')).count(u'\n'), ShownText::mostParagraphs);
+        QCOMPARE(lines(QString(1'000'000, u'\u202e')), u"…"_s);
+        // No half of a character is left at the end.
+        const QString cut = lines(QString(ShownText::longestLine - 1, u'x') + u"🛫🛫"_s);
+        QCOMPARE(cut, QString(ShownText::longestLine - 1, u'x') + u'…');
+    }
+
+    void springCurveFollowsTheSpring()
+    {
+        const Spring spring(0.35, 0.7);
+        const QVariantList curve = spring.bezierSpline();
+        QCOMPARE(curve.size() % 6, 0);
+        QCOMPARE(curve.at(curve.size() - 2).toDouble(), 1.0);
+        QCOMPARE(curve.constLast().toDouble(), 1.0);
+        // It overshoots by exp(-πd/√(1-d²)) of the way, as a spring of this damping does.
+        double highest = 0;
+        for (double t = 0; t < spring.settlingTime(); t += 0.001)
+            highest = std::max(highest, spring.position(t));
+        QVERIFY(std::abs(highest - 1 - std::exp(-M_PI * 0.7 / std::sqrt(1 - 0.49))) < 0.001);
     }
 };
 

@@ -53,9 +53,9 @@ private Q_SLOTS:
         m_answers.insert(promotionsTool, promotions());
     }
 
-    void questionsAsReceived()
+    void bothAreAskedForAndShownAtOnce()
     {
-        m_answers = { { guideTool, guideOf(u"İstanbul"_s).held() },
+        m_answers = { { guideTool, guideOf(u"Londra"_s).held() },
                       { promotionsTool, promotions().held() } };
         m_window->viewModel()->setOriginCode(u"fco"_s);
         m_window->viewModel()->swapAirports();
@@ -63,37 +63,22 @@ private Q_SLOTS:
 
         // Both are on their way before either is answered.
         QTRY_COMPARE(m_server->heldCount(), 2);
-        const int guide = questions().at(0).tool() == guideTool ? 0 : 1;
-        QCOMPARE(questions().at(guide).arguments(), QJsonObject({ { u"cityCode"_s, u"FCO"_s } }));
-        QCOMPARE(questions().at(1 - guide).tool(), promotionsTool);
-        QCOMPARE(questions().at(1 - guide).arguments(),
-                 QJsonObject(
-                     { { u"departureAirportCode"_s, u"IST"_s }, { u"countryCode"_s, u"TR"_s } }));
-
+        const QJsonObject promotionsArguments { { u"departureAirportCode"_s, u"IST"_s },
+                                                { u"countryCode"_s, u"TR"_s } };
+        const QJsonObject guideArguments { { u"cityCode"_s, u"FCO"_s } };
+        for (const ReceivedRequest &question : questions()) {
+            QCOMPARE(question.arguments(),
+                     question.tool() == guideTool ? guideArguments : promotionsArguments);
+        }
         // The destination is that of the opening.
         m_window->viewModel()->setDestinationCode(u"CDG"_s);
-        QCOMPARE(textOf(u"guideTabs"_s), u"fco Şehir Rehberi|Aktif Kampanyalar"_s);
+        QCOMPARE(m_window->textOf(u"guideTabs"_s), u"fco Şehir Rehberi|Aktif Kampanyalar"_s);
+        // The first answer has long come when a further call has ended.
         m_server->release();
+        QVERIFY(settle(call()).value);
+        QVERIFY(isLoading());
         m_server->release();
-        QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
-        QCOMPARE(questions().size(), 2);
-    }
-
-    void nothingShowsBeforeBothHaveCome()
-    {
-        for (const QString &late : { guideTool, promotionsTool }) {
-            const ScriptedAnswer answer = m_answers.value(late);
-            m_answers.insert(late, answer.held());
-            QVERIFY(open());
-            QTRY_COMPARE(m_server->heldCount(), 1);
-            // The answer that was not held has long come when a further call has ended.
-            QVERIFY(settle(call()).value);
-            QVERIFY(isLoading());
-            m_server->release();
-            QTRY_COMPARE(textOf(u"cityGuidePage"_s), guideText);
-            m_answers.insert(late, answer);
-            close();
-        }
+        QTRY_COMPARE(m_window->textOf(u"cityGuidePage"_s), guideText);
     }
 
     void aFailureLeavesTheSheetLoading()
@@ -108,37 +93,37 @@ private Q_SLOTS:
             m_window->key(Qt::Key_Right);
             QTest::qWait(50);
             QVERIFY(isLoading());
-            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName, "viewModel");
+            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName);
             QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
 
             // Only opening the sheet again asks again.
             m_answers.insert(failing, answer);
             QCOMPARE(questions().size(), before + 3); // with the further call
-            close();
+            QVERIFY(m_window->close(sheetName));
             QVERIFY(open());
             QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
-            close();
+            QVERIFY(m_window->close(sheetName));
         }
     }
 
     void tabs()
     {
         QVERIFY(open());
-        QTRY_COMPARE(textOf(u"cityGuidePage"_s), guideText);
-        QCOMPARE(textOf(u"guideTabs"_s), u"LHR Şehir Rehberi|Aktif Kampanyalar"_s);
+        QTRY_COMPARE(m_window->textOf(u"cityGuidePage"_s), guideText);
+        QCOMPARE(m_window->textOf(u"guideTabs"_s), u"LHR Şehir Rehberi|Aktif Kampanyalar"_s);
         QQuickItem *tab = m_window->called(u"Aktif Kampanyalar"_s);
         QCOMPARE(accessible(tab)->role(), QAccessible::RadioButton);
         QVERIFY(!accessible(tab)->state().checked);
         // The tab that is chosen stays so when it is pressed again.
         for (int press = 0; press < 2; ++press) {
             pressAccessibly(tab);
-            QTRY_COMPARE(textOf(u"promotionsPage"_s), promotionsText);
+            QTRY_COMPARE(m_window->textOf(u"promotionsPage"_s), promotionsText);
             QVERIFY(accessible(tab)->state().checked);
             m_window->click(tab);
         }
         QVERIFY(!m_window->named(u"cityGuidePage"_s));
         m_window->click(m_window->called(u"LHR Şehir Rehberi"_s));
-        QTRY_COMPARE(textOf(u"cityGuidePage"_s), guideText);
+        QTRY_COMPARE(m_window->textOf(u"cityGuidePage"_s), guideText);
         QCOMPARE(questions().size(), 2);
         pressAccessibly(m_window->called(u"Kapat"_s));
         QTRY_VERIFY(m_window->isGone(sheetName));
@@ -147,10 +132,10 @@ private Q_SLOTS:
     void absentPartsAreNotShown()
     {
         m_answers.insert(guideTool, guideOf(u"Londra"_s, QString()));
-        m_answers.insert(promotionsTool,
-                         ScriptedAnswer::content({ { u"promotions"_s, QJsonArray() } }));
+        const ScriptedAnswer none = ScriptedAnswer::content({ { u"promotions"_s, QJsonArray() } });
+        m_answers.insert(promotionsTool, none);
         QVERIFY(open());
-        QTRY_COMPARE(textOf(u"cityGuidePage"_s),
+        QTRY_COMPARE(m_window->textOf(u"cityGuidePage"_s),
                      u"Londra, Birleşik Krallık|Thames'in iki yakası.|"_s + listsText);
         m_window->key(Qt::Key_Right);
         QTRY_VERIFY(!m_window->named(u"cityGuidePage"_s));
@@ -163,9 +148,8 @@ private Q_SLOTS:
         m_answers.insert(guideTool, guideOf(u"Eski"_s).held());
         QVERIFY(open());
         QTRY_COMPARE(m_server->heldCount(), 1);
-        const QPointer<CityGuideViewModel> first =
-            m_window->stateOf<CityGuideViewModel>(sheetName, "viewModel");
-        close();
+        const QPointer<CityGuideViewModel> first = m_window->stateOf<CityGuideViewModel>(sheetName);
+        QVERIFY(m_window->close(sheetName));
         QTRY_VERIFY(!first);
 
         m_answers.insert(guideTool, guideOf(u"Yeni"_s).held());
@@ -175,12 +159,11 @@ private Q_SLOTS:
         QVERIFY(settle(call()).value);
         QVERIFY(isLoading());
         m_server->release();
-        QTRY_VERIFY(textOf(u"cityGuidePage"_s).startsWith(u"Yeni, Birleşik Krallık|"_s));
+        QTRY_VERIFY(m_window->textOf(u"cityGuidePage"_s).startsWith(u"Yeni, Birleşik Krallık|"_s));
     }
 
     void keyboardAlone()
     {
-        const QString day = m_window->viewModel()->selectedDate();
         m_answers.insert(guideTool, guideOf(u"Londra "_s.repeated(60)));
         m_window->focus(u"cityGuideButton"_s);
         QQuickItem *header = m_window->focused();
@@ -200,34 +183,18 @@ private Q_SLOTS:
             QCOMPARE(m_window->focusedName(), stop);
             m_window->key(Qt::Key_Tab);
         }
-        close();
+        QVERIFY(m_window->close(sheetName));
         QCOMPARE(m_window->focused(), header);
-        QCOMPARE(m_window->viewModel()->selectedDate(), day);
         QCOMPARE(questions().size(), 2);
     }
 
 private:
-    bool open() const
-    {
-        m_window->click(m_window->named(u"cityGuideButton"_s));
-        return QTest::qWaitFor([this] { return m_window->isOpen(sheetName); });
-    }
-    void close() const
-    {
-        m_window->key(Qt::Key_Escape);
-        QTRY_VERIFY(m_window->isGone(sheetName));
-    }
-    /// What the item of this name shows; empty when there is no such item.
-    QString textOf(const QString &objectName) const
-    {
-        QQuickItem *item = m_window->named(objectName);
-        return item ? m_window->textIn(item) : QString();
-    }
+    bool open() const { return m_window->open(u"cityGuideButton"_s, sheetName); }
     /// Whether the sheet says that it loads, and shows nothing else.
     bool isLoading() const
     {
         const QString text = u"Rehber bilgileri yükleniyor..."_s;
-        return textOf(u"guideLoadingPanel"_s) == text && m_window->called(text)
+        return m_window->textOf(u"guideLoadingPanel"_s) == text && m_window->called(text)
             && !m_window->named(u"cityGuidePage"_s) && !m_window->named(u"promotionsPage"_s);
     }
 };

@@ -1,0 +1,57 @@
+#include "inspect/WindowDriver.h"
+
+#include <QTest>
+
+bool pressAccessibly(QQuickItem *item)
+{
+    QAccessibleInterface *node = accessible(item);
+    if (!node || !node->actionInterface())
+        return false;
+    node->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    return true;
+}
+
+FlightSearchViewModel *WindowDriver::viewModel() const
+{
+    return m_window->property("viewModel").value<FlightSearchViewModel *>();
+}
+
+bool WindowDriver::waitForSearch(std::chrono::milliseconds time) const
+{
+    const auto hasEnded = [this] {
+        return viewModel()->hasSearched() && !viewModel()->isLoading()
+            && !viewModel()->isSearchingFlightsOnly();
+    };
+    return QTest::qWaitFor(hasEnded, static_cast<int>(time.count()));
+}
+
+QList<QQuickItem *> WindowDriver::itemsIn(QQuickItem *root, const Condition &isWanted)
+{
+    QList<QQuickItem *> found;
+    if (!root->isVisible())
+        return found;
+    if (isWanted(root))
+        found.append(root);
+    const auto children = root->childItems();
+    for (QQuickItem *child : children)
+        found += itemsIn(child, isWanted);
+    return found;
+}
+
+QQuickItem *WindowDriver::named(const QString &objectName) const
+{
+    return itemsIn(m_window->contentItem(),
+                   [&objectName](QQuickItem *item) { return item->objectName() == objectName; })
+        .value(0);
+}
+
+void WindowDriver::key(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_window, key, modifiers);
+}
+
+void WindowDriver::type(const QString &text) const
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, character, Qt::NoModifier);
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ViewModels/FlightSearchViewModel.h"
+
+#include <QAccessible>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+#include <chrono>
+#include <functional>
+
+inline QAccessibleInterface *accessible(QQuickItem *item)
+{
+    return QAccessible::queryAccessibleInterface(item);
+}
+
+/// Presses the item as assistive technology does. False when there is nothing to press.
+bool pressAccessibly(QQuickItem *item);
+
+/// A user's hands on the application's window, for tests and for the inspection tool.
+class WindowDriver
+{
+public:
+    explicit WindowDriver(QQuickWindow *window = nullptr)
+        : m_window(window)
+    { }
+
+    QQuickWindow *window() const { return m_window; }
+    FlightSearchViewModel *viewModel() const;
+    /// Runs the event loop until no search is running; false when the time is over.
+    bool waitForSearch(std::chrono::milliseconds time = std::chrono::seconds(5)) const;
+
+    using Condition = std::function<bool(QQuickItem *)>;
+    /// All visible items below `root` for which `isWanted` holds, in tree order.
+    static QList<QQuickItem *> itemsIn(QQuickItem *root, const Condition &isWanted);
+    /// The visible item of this object name; null when there is none.
+    QQuickItem *named(const QString &objectName) const;
+
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    void type(const QString &text) const;
+
+protected:
+    QQuickWindow *m_window;
+};
