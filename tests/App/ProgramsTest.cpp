@@ -40,7 +40,11 @@ private Q_SLOTS:
 
     void demoOpensWithoutComplaint()
     {
+        const QTemporaryDir runtime;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"XDG_RUNTIME_DIR"_s, runtime.path());
         QProcess demo;
+        demo.setProcessEnvironment(environment);
         demo.start(QString::fromUtf8(DEMO_PROGRAM), QStringList());
         QVERIFY(!demo.waitForFinished(3000));
         demo.kill();

@@ -76,8 +76,6 @@ private Q_SLOTS:
         QCOMPARE(page.focusedName(), u"Sonra"_s);
         page.key(Qt::Key_Backtab, Qt::ShiftModifier);
         QCOMPARE(page.focusedName(), u"Üç"_s);
-        page.key(Qt::Key_Up);
-        QCOMPARE(page.state("choice"), 1);
     }
 
     void menuByKeyboard()

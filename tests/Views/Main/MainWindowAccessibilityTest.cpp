@@ -64,25 +64,6 @@ private Q_SLOTS:
         QVERIFY2(buttons > 14 + 3, qPrintable(QString::number(buttons)));
     }
 
-    void pressActionsPress()
-    {
-        QTRY_VERIFY(m_window->called(u"4 Ara Cuma, 4300 TRY"_s));
-        QQuickItem *day = m_window->called(u"4 Ara Cuma, 4300 TRY"_s);
-        pressAccessibly(day);
-        QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-04"_s);
-        QVERIFY(accessible(day)->state().selected);
-
-        pressAccessibly(m_window->named(u"destinationButton"_s));
-        QTRY_VERIFY(m_window->itemsOfType("AirportRowView").size() > 5);
-        QQuickItem *row = m_window->itemsOfType("AirportRowView").constLast();
-        const QString code = row->property("airport").value<Airport>().code;
-        QVERIFY(code != m_window->viewModel()->destinationCode());
-        QVERIFY(accessibleName(row).startsWith(code));
-        pressAccessibly(row);
-        QCOMPARE(m_window->viewModel()->destinationCode(), code);
-        QTRY_VERIFY(m_window->itemsOfType("AirportRowView").isEmpty());
-    }
-
     void tabReachesEveryControlOnceAndReturns()
     {
         QTRY_COMPARE(m_window->itemsOfType("FlightCardView").size(), 3);

@@ -12,12 +12,8 @@ namespace {
 
 constexpr int openings = 500;
 constexpr int openingsForEachWindow = 50;
-constexpr quint32 seed = 20261121;
 constexpr std::chrono::milliseconds delay(5);
 constexpr std::chrono::milliseconds jitter(15);
-
-const QString statusSheet = u"flightStatusSheet"_s;
-const QString guideSheet = u"cityGuideSheet"_s;
 const QStringList destinations { u"LHR"_s, u"IST"_s, u"CDG"_s, u"LUX"_s };
 const QStringList numbers { u"VQ1983"_s, u"vq1907"_s, u"VQ1"_s, u"VQ404"_s, u" "_s, u"42"_s };
 
@@ -38,102 +34,74 @@ private Q_SLOTS:
         const std::optional<quint16> port = server.listen();
         QVERIFY(port);
         VTRMCPClientTestAccess::replaceShared(QUrl(u"http://127.0.0.1:%1/mcp"_s.arg(*port)));
-        for (const QString &code : destinations) {
-            if (const auto guide = settle(VTRMCPClient::shared().fetchCityGuide(code)).value)
-                m_cities.insert(code, guide->city);
-        }
-        QVERIFY(m_cities.size() >= 3);
         server.setAnswerDelay(delay, jitter);
 
         for (int opening = 0; opening < openings; ++opening) {
-            if (opening % openingsForEachWindow == 0) {
+            if (opening % openingsForEachWindow == 0)
                 m_window = std::make_unique<TestWindow>();
-                QVERIFY(m_window->isReady());
-            }
-            if (m_random.bounded(2) == 0)
-                useStatusSheet();
+            QVERIFY(m_window->isReady());
+            const bool isStatus = m_random.bounded(2) == 0;
+            pressAccessibly(
+                m_window->named(isStatus ? u"flightStatusButton"_s : u"cityGuideButton"_s));
+            if (isStatus)
+                askForStatus();
             else
-                useGuideSheet();
+                waitForTheGuide();
+            close(m_window->sheet(isStatus ? u"flightStatusSheet"_s : u"cityGuideSheet"_s));
             if (QTest::currentTestFailed())
                 return;
+            m_window->viewModel()->setDestinationCode(one(destinations));
         }
         QTRY_VERIFY(!m_window->window()->findChild<FlightStatusViewModel *>());
         QVERIFY(!m_window->window()->findChild<CityGuideViewModel *>());
 
         // The last window closes with a sheet open and its questions under way, then the client.
         pressAccessibly(m_window->named(u"cityGuideButton"_s));
-        pause(5);
         m_window.reset();
         QTest::qWait(2 * int((delay + jitter).count()));
         VTRMCPClientTestAccess::destroyShared();
-        QCOMPARE(server.sessionCount(), 1);
-        qInfo("%d openings, %d questions, %d answered while the sheet was open", openings,
-              m_queries, m_answers);
         // How many depends on the machine; both kinds of closing must have happened.
-        QVERIFY(m_answers > 0 && m_answers < m_queries);
+        QVERIFY(m_answers > 0 && m_answers < m_questions);
     }
 
 private:
-    void pause(int most) { QTest::qWait(m_random.bounded(most)); }
     QString one(const QStringList &list) { return list.at(m_random.bounded(list.size())); }
-    void useStatusSheet()
+
+    void askForStatus()
     {
-        pressAccessibly(m_window->named(u"flightStatusButton"_s));
-        auto *state = m_window->stateOf<FlightStatusViewModel>(statusSheet);
-        QVERIFY(state);
-        QCOMPARE(state->flightNumber(), u"VQ1983"_s);
+        auto *state = m_window->stateOf<FlightStatusViewModel>(u"flightStatusSheet"_s);
         QVERIFY(!state->result() && !state->isLoading() && !state->errorMessage());
-        for (int queries = m_random.bounded(3); queries > 0; --queries) {
+        for (int questions = m_random.bounded(3); questions > 0; --questions) {
             state->setFlightNumber(one(numbers));
             state->startSearchStatus();
-            ++m_queries;
-            pause(80);
+            ++m_questions;
+            QTest::qWait(m_random.bounded(80));
         }
-        if (state->result() || state->errorMessage())
-            ++m_answers;
-        close(statusSheet);
+        m_answers += state->result() || state->errorMessage();
     }
-
-    void useGuideSheet()
+    void waitForTheGuide()
     {
-        const QString destination = one(destinations);
-        m_window->viewModel()->setDestinationCode(destination);
-        pressAccessibly(m_window->named(u"cityGuideButton"_s));
-        auto *state = m_window->stateOf<CityGuideViewModel>(guideSheet);
-        QVERIFY(state);
-        QCOMPARE(state->destinationCode(), destination);
+        auto *state = m_window->stateOf<CityGuideViewModel>(u"cityGuideSheet"_s);
+        QCOMPARE(state->destinationCode(), m_window->viewModel()->destinationCode());
         QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
-        ++m_queries;
-        pause(120);
-        if (!state->isLoading()) {
-            ++m_answers;
-            QCOMPARE(state->guideInfo()->city, m_cities.value(destination));
-            QVERIFY(!state->promotions().isEmpty());
-        }
-        if (m_random.bounded(2) == 0)
-            m_window->key(Qt::Key_Right);
-        close(guideSheet);
+        ++m_questions;
+        QTest::qWait(m_random.bounded(120));
+        m_answers += !state->isLoading();
     }
-
-    void close(const QString &name)
+    void close(QObject *sheet)
     {
-        QObject *sheet = m_window->sheet(name);
         // Mostly without its motions, which would make up most of the time.
         if (m_random.bounded(10) > 0) {
             sheet->setProperty("enter", QVariant());
             sheet->setProperty("exit", QVariant());
         }
-        if (m_random.bounded(2) == 0)
-            m_window->key(Qt::Key_Escape);
-        else
-            QMetaObject::invokeMethod(sheet, "close");
-        QTRY_VERIFY(m_window->isGone(name));
+        QMetaObject::invokeMethod(sheet, "close");
+        QTRY_VERIFY(!sheet->property("visible").toBool());
     }
 
-    QRandomGenerator m_random { seed };
+    QRandomGenerator m_random { 20261121 };
     std::unique_ptr<TestWindow> m_window;
-    QHash<QString, QString> m_cities; ///< by airport code, as the server names them
-    int m_queries = 0;
+    int m_questions = 0;
     int m_answers = 0;
 };
 
