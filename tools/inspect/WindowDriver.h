@@ -28,7 +28,7 @@ public:
     QQuickWindow *window() const { return m_window; }
     FlightSearchViewModel *viewModel() const;
     /// Runs the event loop until no search is running; false when the time is over.
-    bool waitForSearch(std::chrono::milliseconds time = std::chrono::seconds(5)) const;
+    bool waitForSearch(std::chrono::milliseconds time = std::chrono::seconds(30)) const;
 
     using Condition = std::function<bool(QQuickItem *)>;
     /// All visible items below `root` for which `isWanted` holds, in tree order.
