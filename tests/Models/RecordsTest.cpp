@@ -48,26 +48,20 @@ private Q_SLOTS:
         }
     }
 
-    void integers_data()
-    {
-        QTest::addColumn<std::optional<qint64>>("value");
-        const auto row = [](const char *number, std::optional<qint64> value) {
-            QTest::newRow(number) << value;
-        };
-        row("-0.0", 0);
-        row("54e5", 5'400'000);
-        row("9007199254740993", 9'007'199'254'740'993);
-        row("9223372036854775807", std::numeric_limits<qint64>::max());
-        row("-9223372036854775808", std::numeric_limits<qint64>::min());
-        for (const char *other : { "9223372036854775808", "1e300", "2.5", "true", "\"2\"", "null" })
-            row(other, std::nullopt);
-    }
     void integers()
     {
-        QFETCH(std::optional<qint64>, value);
-        const QJsonObject json = parsed("{\"n\": " + QByteArray(QTest::currentDataTag()) + "}");
-        QVERIFY(!json.isEmpty());
-        QCOMPARE(JsonReading::integer(json, u"n"), value);
+        const auto read = [](const QByteArray &number) {
+            return JsonReading::integer(parsed("{\"n\": " + number + "}"), u"n");
+        };
+        QCOMPARE(read("-0.0").value_or(-1), qint64(0));
+        QCOMPARE(read("54e5").value_or(-1), qint64(5'400'000));
+        QCOMPARE(read("9007199254740993").value_or(-1), qint64(9'007'199'254'740'993));
+        QCOMPARE(read("9223372036854775807").value_or(-1),
+                 qint64(std::numeric_limits<qint64>::max()));
+        QCOMPARE(read("-9223372036854775808").value_or(-1),
+                 qint64(std::numeric_limits<qint64>::min()));
+        for (const char *other : { "9223372036854775808", "1e300", "2.5", "true", "\"2\"", "null" })
+            QVERIFY2(!read(other), other);
     }
 
     void searchOptionsAcceptTheirRawValuesAlone()
