@@ -181,6 +181,7 @@ private Q_SLOTS:
         QCOMPARE(paragraphs(u"a\n\nb\u2029c"_s), u"a\n\nb\nc"_s);
         QCOMPARE(paragraphs(QString(1'000'000, u'\n')).count(u'\n'), ShownText::mostParagraphs);
         QCOMPARE(lines(QString(1'000'000, u'\u202e')), u"…"_s);
+        QCOMPARE(ShownText::of(QString(999, u'x'), true, true).size(), 41);
         // No half of a character is left at the end.
         const QString cut = lines(QString(ShownText::longestLine - 1, u'x') + u"🛫🛫"_s);
         QCOMPARE(cut, QString(ShownText::longestLine - 1, u'x') + u'…');

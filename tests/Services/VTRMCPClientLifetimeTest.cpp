@@ -1,9 +1,11 @@
 #include "support/ClientTesting.h"
 
+#include <QElapsedTimer>
 #include <QSemaphore>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -46,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(once.value);
 
         constexpr int lostSessions = 1000;
-        VTRMCPClientTestAccess::setLongestBreath(std::chrono::milliseconds(0));
+        VTRMCPClientTestAccess::setLongestBreath(0ms);
         int calls = 0;
         m_server->onInitialize = [](const ReceivedRequest &) {
             return ScriptedAnswer::session("s");
@@ -66,6 +68,29 @@ private Q_SLOTS:
         QVERIFY2(turns > 20, qPrintable(QString::number(turns)));
         const auto depth = qAbs(qint64(after.value->frame) - qint64(once.value->frame));
         QVERIFY2(depth < 8192, qPrintable(QString::number(depth)));
+    }
+
+    void aLostSessionIsNotRepeatedWildly()
+    {
+        VTRMCPClientTestAccess::setLongestBreath(150ms);
+        const ScriptedAnswer lost = ScriptedAnswer::text("{}", 404);
+        m_server->enqueue({ lost, lost, lost, lost });
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(settle(call()).value);
+        // The first breath is none, the second 100 ms.
+        QVERIFY2(timer.elapsed() >= 400, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void anyExceptionEndsACall()
+    {
+        for (const qsizetype size : { 1000, 300'000 }) {
+            m_server->enqueue({ answerOfSize(size) });
+            const auto outcome = settle(VTRMCPClientTestAccess::callTool<int>(
+                [](const QJsonObject &) -> int { throw std::bad_alloc(); }));
+            QVERIFY(outcome.error);
+            QCOMPARE(outcome.error->domain(), McpError::Domain::Internal);
+        }
     }
 
     void aLargeBodyIsReadOffTheMainThread()

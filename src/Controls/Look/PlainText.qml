@@ -6,7 +6,7 @@ import Vantora.Controls
 CutText {
     property string text
 
-    shownText: ShownText.of(text, wrapMode === Text.NoWrap)
+    shownText: ShownText.of(text, wrapMode === Text.NoWrap, fontSizeMode !== Text.FixedSize)
     color: VTRTheme.textPrimary
     font.family: VTRTheme.fontFamily
     font.pixelSize: VTRTheme.bodySize

@@ -16,9 +16,9 @@ bool turnsDirection(QChar sign)
 
 } // namespace
 
-QString ShownText::of(const QString &text, bool isOneLine)
+QString ShownText::of(const QString &text, bool isOneLine, bool isFitted)
 {
-    const qsizetype longest = isOneLine ? longestLine : longestText;
+    const qsizetype longest = isFitted ? longestFitted : isOneLine ? longestLine : longestText;
     const qsizetype paragraphs = isOneLine ? 0 : mostParagraphs;
     QString shown;
     qsizetype breaks = 0;

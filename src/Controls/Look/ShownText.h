@@ -18,11 +18,13 @@ public:
 
     /// `text` as it is shown on one line or, wrapped, on several: cut to what a person would read,
     /// without the marks that turn the direction of what stands beside them. On one line every line
-    /// break is a blank; wrapped, paragraphs stay.
-    Q_INVOKABLE static QString of(const QString &text, bool isOneLine);
+    /// break is a blank; wrapped, paragraphs stay. A text whose size is fitted to its room is
+    /// measured a dozen times, and is the shortest.
+    Q_INVOKABLE static QString of(const QString &text, bool isOneLine, bool isFitted = false);
     /// The first of a list's entries, as many as a person would read.
     Q_INVOKABLE static QStringList firstOf(const QStringList &entries);
 
+    static constexpr qsizetype longestFitted = 40; ///< the dearest price has 26
     static constexpr qsizetype longestLine = 200;
     static constexpr qsizetype longestText = 4000;
     static constexpr qsizetype mostParagraphs = 40;
