@@ -11,6 +11,7 @@
 #include <QNetworkProxyFactory>
 #include <QPalette>
 #include <QQuickStyle>
+#include <QScreen>
 #include <QWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
@@ -44,12 +45,25 @@ void prepareApplication()
     QGuiApplication::setPalette(dark);
 }
 
+namespace {
+
+/// What the first screen has free for a window, without the title bar that it gets.
+QSize roomForTheWindow()
+{
+    constexpr int titleBar = 40;
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? screen->availableSize() - QSize(0, titleBar) : QSize(1280, 860);
+}
+
+} // namespace
+
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
 {
     ExternalLinks::setAddresses(QUrl(ServiceAddresses::webSite(), QUrl::StrictMode),
                                 ServiceAddresses::mcpEndpoint());
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties({ { u"title"_s, title } });
+    engine.setInitialProperties(
+        { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
     engine.load(QUrl(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s));
     if (engine.rootObjects().isEmpty()) {
         qCritical("The window could not be loaded.");

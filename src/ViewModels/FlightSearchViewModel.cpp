@@ -144,6 +144,11 @@ void FlightSearchViewModel::setSearchingFlightsOnly(bool isSearching)
             &FlightSearchViewModel::isSearchingFlightsOnlyChanged);
 }
 
+void FlightSearchViewModel::setSearchesUnderWay(int count)
+{
+    publish(m_searchesUnderWay, count, &FlightSearchViewModel::searchesUnderWayChanged);
+}
+
 void FlightSearchViewModel::setSelectedDate(const QString &date)
 {
     publish(m_selectedDate, date, &FlightSearchViewModel::selectedDateChanged);
@@ -204,9 +209,12 @@ QCoro::Task<> FlightSearchViewModel::searchAll()
     const QString searchDay = formatDate(m_departureDate);
     setSelectedDate(searchDay);
     setLoading(true);
-    const auto lowerFlag = qScopeGuard([self] {
-        if (self)
-            self->setLoading(false);
+    setSearchesUnderWay(m_searchesUnderWay + 1);
+    const auto end = qScopeGuard([self] {
+        if (!self)
+            return;
+        self->setLoading(false);
+        self->setSearchesUnderWay(self->m_searchesUnderWay - 1);
     });
     setErrorMessage(std::nullopt);
     publish(m_hasSearched, true, &FlightSearchViewModel::hasSearchedChanged);
@@ -265,9 +273,12 @@ QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
     if (const auto parsed = parseDate(date))
         setDepartureDate(*parsed);
     setSearchingFlightsOnly(true);
-    const auto lowerFlag = qScopeGuard([self] {
-        if (self)
-            self->setSearchingFlightsOnly(false);
+    setSearchesUnderWay(m_searchesUnderWay + 1);
+    const auto end = qScopeGuard([self] {
+        if (!self)
+            return;
+        self->setSearchingFlightsOnly(false);
+        self->setSearchesUnderWay(self->m_searchesUnderWay - 1);
     });
     setErrorMessage(std::nullopt);
 

@@ -48,6 +48,7 @@ class FlightSearchViewModel : public ObservableObject
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
     Q_PROPERTY(bool isSearchingFlightsOnly READ isSearchingFlightsOnly NOTIFY
                    isSearchingFlightsOnlyChanged)
+    Q_PROPERTY(int searchesUnderWay READ searchesUnderWay NOTIFY searchesUnderWayChanged)
     Q_PROPERTY(bool hasErrorMessage READ hasErrorMessage NOTIFY errorMessageChanged)
     Q_PROPERTY(QString errorMessage READ errorMessageText NOTIFY errorMessageChanged)
     Q_PROPERTY(bool hasSearched READ hasSearched NOTIFY hasSearchedChanged)
@@ -98,6 +99,9 @@ public:
     bool isLoading() const { return m_isLoading; }
     /// The flights of another day are being loaded.
     bool isSearchingFlightsOnly() const { return m_isSearchingFlightsOnly; }
+    /// How many full searches and changes of day are running. When several overlap, the first to
+    /// end lowers its flag above; its flights may not be the last to come.
+    int searchesUnderWay() const { return m_searchesUnderWay; }
     /// What the user is told; absent when there is nothing to tell.
     std::optional<QString> errorMessage() const { return m_errorMessage; }
     /// True from the first search that passed validation on.
@@ -159,6 +163,7 @@ Q_SIGNALS:
     void activeFilterChanged();
     void isLoadingChanged();
     void isSearchingFlightsOnlyChanged();
+    void searchesUnderWayChanged();
     void errorMessageChanged();
     void hasSearchedChanged();
     void selectedDayIndexChanged();
@@ -177,6 +182,7 @@ private:
     void setErrorMessage(const std::optional<QString> &message);
     void setLoading(bool isLoading);
     void setSearchingFlightsOnly(bool isSearching);
+    void setSearchesUnderWay(int count);
     void setSelectedDate(const QString &date);
 
     QString m_originCode = QStringLiteral("IST");
@@ -197,6 +203,7 @@ private:
     FlightSortOption m_activeFilter = FlightSortOption::cheapest;
     bool m_isLoading = false;
     bool m_isSearchingFlightsOnly = false;
+    int m_searchesUnderWay = 0;
     std::optional<QString> m_errorMessage;
     bool m_hasSearched = false;
 };

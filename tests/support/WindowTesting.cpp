@@ -27,6 +27,7 @@ TestWindow::TestWindow(const QByteArray &controls)
     m_engine.loadData("import QtQuick\nimport QtQuick.Controls.Basic\nimport Vantora\n"
                       "import Vantora.Controls\n"
                       "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
+                      "HeldKeys { window: page }\n"
                       + controls + "}");
     activate();
 }

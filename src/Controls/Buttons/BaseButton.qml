@@ -20,19 +20,14 @@ T.AbstractButton {
     Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: button.press()
-    // A held key acts once: what it opened would take the repeats.
-    Keys.onReturnPressed: event => button.pressByKey(event.isAutoRepeat)
-    Keys.onEnterPressed: event => button.pressByKey(event.isAutoRepeat)
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
+    Keys.onSpacePressed: press()
 
     /// Acts as a click does; a disabled button does not.
     function press() {
         if (enabled)
             clicked();
-    }
-
-    function pressByKey(isAutoRepeat: bool) {
-        if (!isAutoRepeat)
-            press();
     }
 
     FocusRing {

@@ -36,6 +36,7 @@ T.RadioButton {
     Accessible.onToggleAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
+    Keys.onSpacePressed: clicked()
     Keys.onLeftPressed: move(index - 1)
     Keys.onUpPressed: move(index - 1)
     Keys.onRightPressed: move(index + 1)

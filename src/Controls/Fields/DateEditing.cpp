@@ -80,6 +80,11 @@ int DateEditing::year(const QDateTime &moment) const { return moment.date().year
 int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
 int DateEditing::day(const QDateTime &moment) const { return moment.date().day(); }
 
+bool DateEditing::isEarlier(const QDateTime &moment, const QDateTime &other) const
+{
+    return other.isValid() && moment.date() < other.date();
+}
+
 QString DateEditing::fullText(const QDateTime &moment) const { return full(moment.date()); }
 
 QString DateEditing::fittingText(const QDateTime &moment, const QFont &font, qreal width) const

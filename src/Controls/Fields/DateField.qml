@@ -13,6 +13,8 @@ BaseButton {
     /// What the date means; the accessible name begins with it.
     required property string label
     required property date value
+    /// The month dims the days before this one; they can be chosen all the same.
+    property date dimmedBefore
     property color fill: VTRTheme.cardBgLight
     /// While it is open.
     property MonthPanel month: null
@@ -78,6 +80,7 @@ BaseButton {
         MonthPanel {
             parent: field
             value: field.value
+            dimmedBefore: field.dimmedBefore
             onTaken: value => field.edited(value)
             onClosed: destroy()
         }

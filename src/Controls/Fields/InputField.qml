@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -19,11 +21,20 @@ FieldSurface {
     property alias font: input.font
     property alias textInput: input
 
+    /// While it is open.
+    property EditMenu menu: null
+
     /// Return was pressed.
     signal accepted()
 
     implicitWidth: row.implicitWidth + 20
     onActiveFocusChanged: if (activeFocus) input.forceActiveFocus(Qt.OtherFocusReason)
+
+    function openMenu(x: real, y: real) {
+        input.forceActiveFocus(Qt.MouseFocusReason);
+        menu = editMenu.createObject(input) as EditMenu;
+        menu.popup(x, y);
+    }
 
     HoverHandler {
         cursorShape: Qt.IBeamCursor
@@ -64,10 +75,19 @@ FieldSurface {
             font.pixelSize: VTRTheme.bodySize
             Accessible.name: field.label
             Accessible.description: field.description
+            // The menu has the keyboard meanwhile.
+            persistentSelection: field.menu !== null
             onAccepted: field.accepted()
-            // The key that opened a sheet may still be held.
-            Keys.onReturnPressed: event => event.accepted = event.isAutoRepeat
-            Keys.onEnterPressed: event => event.accepted = event.isAutoRepeat
+            onReleased: event => {
+                if (event.button === Qt.RightButton)
+                    field.openMenu(event.x, height);
+            }
+            Keys.onPressed: event => {
+                event.accepted = event.key === Qt.Key_Menu
+                    || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier);
+                if (event.accepted)
+                    field.openMenu(cursorRectangle.x, height);
+            }
 
             PlainText {
                 id: promptText
@@ -98,6 +118,19 @@ FieldSurface {
 
     FocusRing {
         control: field
-        visible: input.activeFocus
+        visible: input.activeFocus || field.menu !== null
+    }
+
+    Component {
+        id: editMenu
+
+        EditMenu {
+            input: field.textInput
+            onOpened: currentIndex = 0
+            onClosed: {
+                field.menu = null;
+                destroy();
+            }
+        }
     }
 }

@@ -12,10 +12,13 @@ BaseButton {
     required property bool today
     /// The day chosen in the panel, with the time of day to keep.
     required property date cursor
+    required property date dimmedBefore
 
     readonly property bool isShownMonth: month === DateEditing.month(cursor)
     readonly property bool isChosen: isShownMonth && day === DateEditing.day(cursor)
     readonly property date value: DateEditing.onDay(cursor, year, month, day)
+
+    readonly property bool isDimmed: !isShownMonth || DateEditing.isEarlier(value, dimmedBefore)
 
     implicitWidth: 36
     implicitHeight: 32
@@ -41,7 +44,7 @@ BaseButton {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         font.weight: cell.isChosen || cell.today ? Font.Bold : Font.Normal
-        color: cell.isShownMonth ? VTRTheme.textPrimary : VTRTheme.textMuted
+        color: cell.isDimmed && !cell.isChosen ? VTRTheme.textMuted : VTRTheme.textPrimary
         Accessible.ignored: true
     }
 }

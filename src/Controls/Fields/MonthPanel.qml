@@ -9,6 +9,7 @@ T.Popup {
 
     /// The date to begin with.
     required property date value
+    property date dimmedBefore
     property bool opensUpwards: false
 
     /// A day was chosen.
@@ -38,6 +39,7 @@ T.Popup {
     contentItem: MonthView {
         objectName: "monthView"
         cursor: monthPanel.value
+        dimmedBefore: monthPanel.dimmedBefore
         focus: true
         onTaken: day => {
             monthPanel.close();

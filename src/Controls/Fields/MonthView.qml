@@ -5,13 +5,15 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// One month to choose a day from. The arrows move by days and weeks, PageUp and PageDown by
-/// months, Home and End within the month; Return, Space and a click take the day.
+/// One month to choose a day from. The arrows move by days and weeks, PageUp, PageDown and the wheel
+/// by months, Home and End within the month; Return, Space and a click take the day.
 FocusScope {
     id: monthView
 
     /// The day that Return would take, with the time of day to keep.
     required property date cursor
+    /// Days before this one are dimmed; they can be chosen all the same.
+    property date dimmedBefore
 
     /// A day was chosen.
     signal taken(date day)
@@ -26,14 +28,22 @@ FocusScope {
         cursor = DateEditing.moved(cursor, event.key);
     }
 
-    /// The key that opened the month may still be held.
-    function take(isAutoRepeat: bool) {
-        if (!isAutoRepeat)
-            taken(cursor);
-    }
-
     function showMonth(step: int) {
         cursor = DateEditing.addMonths(cursor, step);
+    }
+
+    WheelHandler {
+        /// What a touchpad turned short of a notch.
+        property real turned: 0
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        target: null
+        onWheel: event => {
+            turned += event.angleDelta.y / 120;
+            const notches = Math.trunc(turned);
+            turned -= notches;
+            monthView.showMonth(-notches);
+        }
     }
 
     ColumnLayout {
@@ -107,9 +117,9 @@ FocusScope {
             Accessible.name: DateEditing.fullText(monthView.cursor)
             Accessible.focusable: true
 
-            Keys.onReturnPressed: event => monthView.take(event.isAutoRepeat)
-            Keys.onEnterPressed: event => monthView.take(event.isAutoRepeat)
-            Keys.onSpacePressed: event => monthView.take(event.isAutoRepeat)
+            Keys.onReturnPressed: monthView.taken(monthView.cursor)
+            Keys.onEnterPressed: monthView.taken(monthView.cursor)
+            Keys.onSpacePressed: monthView.taken(monthView.cursor)
 
             // It lays out no delegates of its own: it would write into their context, which bound
             // components do not allow.
@@ -133,6 +143,7 @@ FocusScope {
                     model: calendar.source
                     delegate: MonthDay {
                         cursor: monthView.cursor
+                        dimmedBefore: monthView.dimmedBefore
                         showsFocus: isChosen && days.activeFocus
                         onClicked: monthView.taken(value)
                     }

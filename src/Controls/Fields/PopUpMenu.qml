@@ -26,25 +26,23 @@ T.ComboBox {
     hoverEnabled: true
     Accessible.name: label + ": " + displayText
     Accessible.onPressAction: popup.open()
-    Keys.onReturnPressed: event => event.accepted = holdReturn()
-    Keys.onEnterPressed: event => event.accepted = holdReturn()
-    Keys.onReleased: event => event.accepted = releaseReturn()
-
-    /// Return went down while the menu was closed, and opens it when it goes up. Opened at once,
-    /// the menu would take the release for its own and close again.
-    property bool holdsReturn: false
-
-    function holdReturn(): bool {
-        holdsReturn = !popup.visible;
-        return holdsReturn;
+    Keys.onReturnPressed: openOrTake()
+    Keys.onEnterPressed: openOrTake()
+    Keys.onSpacePressed: openOrTake()
+    Keys.onEscapePressed: event => {
+        event.accepted = popup.visible;
+        popup.close();
     }
 
-    function releaseReturn(): bool {
-        const opens = holdsReturn;
-        holdsReturn = false;
-        if (opens)
+    function openOrTake() {
+        if (!popup.visible) {
             popup.open();
-        return opens;
+            return;
+        }
+        const index = highlightedIndex;
+        popup.close();
+        if (index >= 0)
+            activated(index);
     }
 
     background: FieldSurface {

@@ -7,13 +7,15 @@ T.ScrollBar {
 
     visible: size < 1
     implicitWidth: 12
+    implicitHeight: 12
     padding: 3
     minimumSize: 0.04
     Accessible.ignored: true
 
     contentItem: Rectangle {
         implicitWidth: 6
-        radius: width / 2
+        implicitHeight: 6
+        radius: 3
         antialiasing: true
         color: Qt.rgba(1, 1, 1, bar.pressed ? 0.4 : bar.hovered ? 0.3 : 0.16)
     }

@@ -2,14 +2,16 @@ import QtQuick
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// A page that scrolls up and down by wheel, touchpad, scroll bar and keyboard, stops at its ends,
-/// and follows the keyboard focus.
+/// A page that scrolls by wheel, touch, scroll bar and keyboard, stops at its ends, and follows the
+/// keyboard focus. A mouse does not drag it. It scrolls sideways where it is narrower than
+/// `leastWidth`.
 Flickable {
     id: page
 
     /// The last item that the keyboard brought into view. It may come back to it by itself, from
     /// another window or a menu, and the page has been scrolled meanwhile.
     property Item shownItem: null
+    property real leastWidth: 0
 
     /// Scrolls as little as needed to show the content from `top` to `bottom`.
     function showRange(top: real, bottom: real) {
@@ -34,6 +36,10 @@ Flickable {
             contentY = Math.max(top, contentY + distance);
     }
 
+    function scrollSideways(distance: real) {
+        contentX = Math.max(0, Math.min(contentX + distance, contentWidth - width));
+    }
+
     /// Shows the item that the keyboard has come to, if it lies in this page and fits into it.
     function showItem(item: Item) {
         for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
@@ -42,17 +48,20 @@ Flickable {
             if (item === shownItem)
                 return;
             shownItem = item;
-            const top = item.mapToItem(contentItem, 0, 0).y;
+            const place = item.mapToItem(contentItem, 0, 0);
             if (item.height < height)
-                showRange(top, top + item.height);
+                showRange(place.y, place.y + item.height);
+            if (place.x < contentX || place.x + item.width > contentX + width)
+                scrollSideways(place.x + (item.width - width) / 2 - contentX);
             return;
         }
     }
 
-    contentWidth: width
+    contentWidth: Math.max(width, leastWidth)
     interactive: false
     boundsBehavior: Flickable.StopAtBounds
     onHeightChanged: scrollBy(0)
+    onWidthChanged: scrollSideways(0)
     onContentHeightChanged: scrollBy(0)
 
     Keys.onPressed: event => {
@@ -68,6 +77,10 @@ Flickable {
             scrollBy(60);
         else if (event.key === Qt.Key_Up)
             scrollBy(-60);
+        else if (event.key === Qt.Key_Right && contentWidth > width)
+            scrollSideways(60);
+        else if (event.key === Qt.Key_Left && contentWidth > width)
+            scrollSideways(-60);
         else
             return;
         event.accepted = true;
@@ -82,11 +95,49 @@ Flickable {
     }
 
     WheelHandler {
+        // On X11 pixels are whatever the driver counts in.
+        readonly property bool tellsPixels: Qt.platform.pluginName !== "xcb"
+
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         target: null
         // A touchpad tells pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
-        onWheel: event => page.scrollBy(-(event.pixelDelta.y || event.angleDelta.y * 80 / 120))
+        onWheel: event => {
+            page.scrollBy(-(tellsPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120));
+            page.scrollSideways(-(tellsPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120));
+        }
+    }
+
+    // Flickable itself would let a mouse drag the page, too.
+    DragHandler {
+        id: finger
+
+        property vector2d last
+        property vector2d speed
+        property real movedAt
+
+        acceptedDevices: PointerDevice.TouchScreen
+        target: null
+        xAxis.enabled: page.contentWidth > page.width
+        onActiveChanged: {
+            last = Qt.vector2d(0, 0);
+            // A finger that rested before it left does not throw the page.
+            if (!active && Date.now() - movedAt < 100)
+                page.flick(xAxis.enabled ? speed.x : 0, speed.y);
+        }
+        onActiveTranslationChanged: {
+            page.scrollSideways(last.x - activeTranslation.x);
+            page.scrollBy(last.y - activeTranslation.y);
+            last = activeTranslation;
+            speed = centroid.velocity;
+            movedAt = Date.now();
+        }
+    }
+
+    PointHandler {
+        acceptedDevices: PointerDevice.TouchScreen
+        onActiveChanged: if (active) page.cancelFlick()
     }
 
     T.ScrollBar.vertical: PageScrollBar {}
+    T.ScrollBar.horizontal: PageScrollBar {}
 }

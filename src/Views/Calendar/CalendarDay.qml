@@ -38,6 +38,8 @@ BaseButton {
     focusPolicy: Qt.ClickFocus
     showsFocus: strip.showsFocus && ListView.isCurrentItem
     onPressed: strip.pressed(index)
+    // Otherwise the second click would ask again.
+    onDoubleClicked: {}
     Component.onCompleted: isThere = true
 
     text: PriceCalendarFormat.spokenDay(price, currency, isSelected)

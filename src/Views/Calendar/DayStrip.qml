@@ -7,12 +7,14 @@ import Vantora.Controls
 ListView {
     id: strip
 
+    /// The number of days in the model; the list's own `count` changes in the middle of its layout.
+    required property int dayCount
     /// The day that is kept in view; -1 for none.
     required property int selectedIndex
     /// The least width of a day. Where there is room, days grow up to `widestDay` to fill the row.
     required property real narrowestDay
     property real widestDay: 2 * narrowestDay
-    readonly property real dayWidth: PriceCalendarFormat.dayWidth(width - leftMargin - rightMargin, count, spacing,
+    readonly property real dayWidth: PriceCalendarFormat.dayWidth(width - leftMargin - rightMargin, dayCount, spacing,
                                                                   narrowestDay, widestDay)
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
@@ -20,6 +22,7 @@ ListView {
     /// How much of either end is covered while there are more days past it.
     readonly property real edgeWidth: 32
     property int laidOutCount: 0
+    property bool couldScroll: false
 
     /// The pointer went down on a day: the keyboard moves there.
     function pressed(index: int) {
@@ -35,13 +38,16 @@ ListView {
         show(selectedIndex);
     }
 
-    /// New days are shown from the first one on. The same days in another width keep the current one
-    /// in view.
+    /// New days are shown from the first one on. The same days in another width stay where they were;
+    /// if they all had room and no longer have, the current one is kept in view.
     function layOut() {
         if (laidOutCount === count) {
-            show(currentIndex);
+            if (!interactive || !couldScroll)
+                show(currentIndex);
+            couldScroll = interactive;
             return;
         }
+        couldScroll = interactive;
         laidOutCount = count;
         contentX = originX - leftMargin;
         showSelection();
@@ -93,6 +99,11 @@ ListView {
             const wanted = strip.contentX - (event.angleDelta.y || event.angleDelta.x);
             strip.contentX = Math.max(strip.originX - strip.leftMargin, Math.min(wanted, furthest));
         }
+    }
+
+    HoverHandler {
+        enabled: strip.interactive
+        cursorShape: strip.dragging ? Qt.ClosedHandCursor : Qt.OpenHandCursor
     }
 
     EdgeFade {

@@ -68,6 +68,7 @@ VTRCard {
             // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
             model: calendar.shown.days
+            dayCount: calendar.shown.days.count
             selectedIndex: calendar.viewModel.selectedDayIndex
             narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
             spacing: 12
@@ -100,6 +101,7 @@ VTRCard {
             Layout.leftMargin: -1
             Layout.rightMargin: -1
             model: calendar.shown.days
+            dayCount: calendar.shown.days.count
             selectedIndex: calendar.viewModel.selectedDayIndex
             narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
             widestDay: 140

@@ -122,6 +122,8 @@ Item {
                 horizontalPadding: 14
                 verticalPadding: 8
                 onClicked: card.book()
+                // Otherwise the second click would book again.
+                onDoubleClicked: {}
 
                 contentItem: SymbolLabel {
                     spacing: 6

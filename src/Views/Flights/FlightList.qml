@@ -32,8 +32,8 @@ FocusScope {
 
     // Another window may take the keyboard and give it back.
     onActiveFocusChanged: if (!activeFocus && Window.active) pointerMovedLast = false
-    Keys.onUpPressed: moveTo(cards.currentRow - 1)
-    Keys.onDownPressed: moveTo(cards.currentRow + 1)
+    // At either end the page takes the key.
+    Keys.onPressed: event => event.accepted = moveTo(rowAfterKey(event.key))
 
     VisibleFlights {
         id: cards
@@ -63,14 +63,9 @@ FocusScope {
             showsFocus: area.showsFocus && isCurrent
             Accessible.ignored: flightRow.isLeaving
             Component.onCompleted: hasAppeared = true
-            Keys.onReturnPressed: event => bookUnless(event.isAutoRepeat)
-            Keys.onEnterPressed: event => bookUnless(event.isAutoRepeat)
-            Keys.onSpacePressed: event => bookUnless(event.isAutoRepeat)
-
-            function bookUnless(isAutoRepeat: bool) {
-                if (!isAutoRepeat)
-                    book();
-            }
+            Keys.onReturnPressed: book()
+            Keys.onEnterPressed: book()
+            Keys.onSpacePressed: book()
 
             Behavior on y {
                 EaseInOut { duration: cards.motionDuration }
@@ -91,11 +86,35 @@ FocusScope {
         }
     }
 
-    /// Moves the keyboard to the card in `row` and scrolls the page to it; stays at the ends.
-    function moveTo(row: int) {
+    function rowAfterKey(key: int): int {
+        const rowsInView = Math.max(1, Math.floor(page.height / cardPitch));
+        switch (key) {
+        case Qt.Key_Up:
+            return cards.currentRow - 1;
+        case Qt.Key_Down:
+            return cards.currentRow + 1;
+        case Qt.Key_PageUp:
+            return cards.currentRow - rowsInView;
+        case Qt.Key_PageDown:
+            return cards.currentRow + rowsInView;
+        case Qt.Key_Home:
+            return 0;
+        case Qt.Key_End:
+            return count - 1;
+        }
+        return cards.currentRow;
+    }
+
+    /// Moves the keyboard to the card in `row`, or the nearest there is, and scrolls the page to it.
+    /// False when it is there already.
+    function moveTo(row: int): bool {
+        const nearest = Math.max(0, Math.min(row, count - 1));
+        if (nearest === cards.currentRow)
+            return false;
         pointerMovedLast = false;
-        cards.currentRow = Math.max(0, Math.min(row, count - 1));
-        const top = topInPage + cards.currentRow * cardPitch;
+        cards.currentRow = nearest;
+        const top = topInPage + nearest * cardPitch;
         page.showRange(top, top + cardHeight);
+        return true;
     }
 }

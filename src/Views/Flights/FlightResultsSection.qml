@@ -13,7 +13,8 @@ VTRCard {
     /// The margin of the page below this item.
     required property real roomBelow
 
-    readonly property bool isSearching: viewModel.isSearchingFlightsOnly || viewModel.isLoading
+    // Of several searches at once, answers that others will replace are not shown.
+    readonly property bool isSearching: viewModel.searchesUnderWay > 0
     readonly property bool isEmpty: !isSearching && viewModel.filteredFlights.count === 0
     readonly property bool hasEarlierFlights: !isSearching && !isEmpty && viewModel.earlierSearch.length > 0
 
@@ -23,6 +24,12 @@ VTRCard {
     readonly property real naturalHeight: padding + body.y + bodyHeight + padding
     /// Up to the end of the page's view: while the flights are away the page stays where it is.
     readonly property real heightInView: page.contentY + page.height - topInPage - roomBelow
+
+    component HeadingText: PlainText {
+        font.pixelSize: 18
+        font.weight: Font.Bold
+        Accessible.ignored: true
+    }
 
     implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
@@ -42,13 +49,27 @@ VTRCard {
             width: parent.width
             spacing: 4
 
-            PlainText {
-                width: parent.width
-                elide: Text.ElideRight
-                text: section.viewModel.originCode + " ➔ " + section.viewModel.destinationCode + " Uçuş Seçenekleri"
-                font.pixelSize: 18
-                font.weight: Font.Bold
+            Row {
+                spacing: 5
                 Accessible.role: Accessible.Heading
+                Accessible.name: section.viewModel.originCode + " ➔ " + title.text
+
+                HeadingText {
+                    text: section.viewModel.originCode
+                }
+
+                // Drawn: the embedded fonts lack this arrow, and others may not be there.
+                Symbol {
+                    anchors.verticalCenter: parent.verticalCenter
+                    name: "arrow.right"
+                    size: 17
+                }
+
+                HeadingText {
+                    id: title
+
+                    text: section.viewModel.destinationCode + " Uçuş Seçenekleri"
+                }
             }
 
             PlainText {

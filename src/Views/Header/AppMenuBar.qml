@@ -32,6 +32,9 @@ T.MenuBar {
         horizontalPadding: 8
         verticalPadding: 4
         Accessible.name: text.replace("&", "")
+        Keys.onReturnPressed: menu.open()
+        Keys.onEnterPressed: menu.open()
+        Keys.onSpacePressed: menu.open()
 
         background: Rectangle {
             radius: 6
@@ -52,5 +55,15 @@ T.MenuBar {
         window: menuBar.Window.window
     }
 
-    HelpMenu {}
+    // The keyboard begins with the first entry.
+    HelpMenu {
+        id: help
+
+        onOpened: currentIndex = (parent as T.MenuBarItem).hovered ? -1 : 0
+    }
+
+    Shortcut {
+        sequences: ["F10"]
+        onActivated: help.open()
+    }
 }

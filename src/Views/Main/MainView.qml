@@ -15,11 +15,22 @@ FocusScope {
 
     Component.onCompleted: viewModel.startSearchAll()
 
+    // Keys that the controls leave alone scroll the page.
+    Keys.forwardTo: [scrollPage]
+    Keys.onPressed: event => {
+        const asksAgain = event.key === Qt.Key_F5
+            || (event.key === Qt.Key_R && event.modifiers === Qt.ControlModifier);
+        event.accepted = asksAgain;
+        if (asksAgain && !viewModel.isLoading)
+            viewModel.startSearchAll();
+    }
+
     ScrollPage {
         id: scrollPage
 
         objectName: "page"
         anchors.fill: parent
+        leastWidth: 1080
         contentHeight: content.y + content.height + results.roomBelow
 
         Column {
@@ -29,7 +40,7 @@ FocusScope {
 
             anchors.horizontalCenter: parent.horizontalCenter
             y: gap
-            width: Math.min(scrollPage.width - 2 * 28, mainView.widestContent)
+            width: Math.min(scrollPage.contentWidth - 2 * 28, mainView.widestContent)
 
             Column {
                 id: top

@@ -8,12 +8,15 @@ T.ApplicationWindow {
     id: window
 
     readonly property FlightSearchViewModel viewModel: mainView.viewModel
+    /// What the screen has free for the window.
+    required property size room
 
     title: "Vantora"
-    width: 1280
-    height: 860
-    minimumWidth: 1080
-    minimumHeight: 720
+    width: Math.min(1280, room.width)
+    height: Math.min(860, room.height)
+    // A smaller screen scrolls what is laid out for 1080 × 720.
+    minimumWidth: Math.min(1080, room.width)
+    minimumHeight: Math.min(720, room.height)
     visible: true
     color: VTRTheme.background
 
@@ -25,6 +28,16 @@ T.ApplicationWindow {
 
     TextTip {
         window: window
+    }
+
+    HeldKeys {
+        window: window
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Q", "Ctrl+W"]
+        context: Qt.ApplicationShortcut
+        onActivated: window.close()
     }
 
     MainView {

@@ -13,6 +13,8 @@ BaseButton {
     cornerRadius: 6
     horizontalPadding: 8
     verticalPadding: 4
+    // Otherwise the second click would ask again.
+    onDoubleClicked: {}
 
     background: RoundedSurface {
         radius: button.cornerRadius

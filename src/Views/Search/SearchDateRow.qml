@@ -41,6 +41,7 @@ Row {
             width: 250
             label: "Dönüş Tarihi"
             value: row.viewModel.returnDate
+            dimmedBefore: row.viewModel.departureDate
             onEdited: value => row.viewModel.returnDate = value
         }
     }

@@ -111,7 +111,7 @@ private Q_SLOTS:
         for (int entry = 0; entry < 2; ++entry) {
             m_window->key(Qt::Key_Y, Qt::AltModifier);
             QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));
-            for (int step = 0; step <= entry; ++step)
+            for (int step = 0; step < entry; ++step)
                 m_window->key(Qt::Key_Down);
             m_window->key(Qt::Key_Return);
             QTRY_COMPARE(m_opened, QUrl(addresses.at(entry)));
