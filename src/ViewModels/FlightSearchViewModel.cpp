@@ -2,6 +2,7 @@
 
 #include "Models/AirportDatabase.h"
 #include "Models/DateText.h"
+#include "Services/PlatformErrorText.h"
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
@@ -21,9 +22,12 @@ constexpr int defaultDaysToDeparture = 14;
 constexpr int defaultDaysToReturn = 21;
 
 /// An error's description may hold what a server sent: it stays one line of a length that can be
-/// read, and gives the terminal no orders.
-void writeConsoleLine(QString line)
+/// read, and gives the terminal no orders. That the user quits is no failure to tell of.
+void writeConsoleLine(const QString &failure, const McpError &error)
 {
+    if (error.localizedDescription() == PlatformErrorText::applicationQuits())
+        return;
+    QString line = failure + u": "_s + error.localizedDescription();
     constexpr qsizetype longestLine = 1000;
     if (line.size() > longestLine)
         line = line.left(longestLine) + u'…';
@@ -241,8 +245,7 @@ QCoro::Task<> FlightSearchViewModel::loadCalendar(QString searchDay)
         Q_EMIT bestPriceChanged();
         publish(m_currency, calendar.currency, &FlightSearchViewModel::currencyChanged);
     } catch (...) {
-        writeConsoleLine(u"Price calendar fetch error: "_s
-                         + McpError::current().localizedDescription());
+        writeConsoleLine(u"Price calendar fetch error"_s, McpError::current());
     }
 }
 
@@ -258,7 +261,7 @@ QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
             setFlights(flights, search);
     } catch (...) {
         const McpError error = McpError::current();
-        writeConsoleLine(u"Flights search error: "_s + error.localizedDescription());
+        writeConsoleLine(u"Flights search error"_s, error);
         if (self) {
             setErrorMessage(u"Uçuş bilgileri alınırken hata oluştu: "_s
                             + error.localizedDescription());

@@ -140,6 +140,17 @@ private Q_SLOTS:
         QCOMPARE(state(), u"hasSearched hasBest "_s + kept);
     }
 
+    void quittingPrintsNothing()
+    {
+        m_calendar = m_flights = [] { return ScriptedAnswer::content().held(); };
+        ConsoleCapture capture;
+        m_model->startSearchAll();
+        QTRY_COMPARE(m_server->heldCount(), 2);
+        QVERIFY(QMetaObject::invokeMethod(qApp, "aboutToQuit"));
+        QVERIFY(!m_model->isLoading());
+        QCOMPARE(capture.text(), QString());
+    }
+
     void choosingADay()
     {
         search();
