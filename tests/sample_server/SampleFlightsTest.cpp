@@ -2,7 +2,6 @@
 
 #include "sample_server/AirportGeography.h"
 
-#include <QSet>
 #include <QTest>
 
 #include <algorithm>
@@ -25,19 +24,17 @@ qint64 minuteAt(const QString &time, const QString &airport)
 
 double lowestFare(const QJsonArray &options)
 {
-    double lowest = 0;
-    for (const QJsonValue option : options) {
-        const double amount = option["cheapestPriceAmount"_L1].toDouble();
-        lowest = lowest == 0 ? amount : std::min(lowest, amount);
-    }
+    double lowest = std::numeric_limits<double>::infinity();
+    for (const QJsonValue option : options)
+        lowest = std::min(lowest, option["cheapestPriceAmount"_L1].toDouble());
     return lowest;
 }
 
-QJsonObject calendar(const QString &from, const QString &to, int day, const QString &range,
+QJsonObject calendar(const QString &to, int day, const QString &range,
                      const QString &cabin = u"ECONOMY"_s)
 {
     return call(u"find_flight_price_calendar"_s,
-                calendarArguments(from, to, dayText(day), range, cabin));
+                calendarArguments(u"IST"_s, to, dayText(day), range, cabin));
 }
 
 } // namespace
@@ -63,8 +60,6 @@ private Q_SLOTS:
                 QVERIFY2(!segmentCounts(site.code, u"IST"_s, day).isEmpty(), qPrintable(site.code));
             }
         }
-        for (const QString &unknown : { u"77W"_s, u"7M8"_s, u"7M9"_s, u"E95"_s })
-            QVERIFY2(m_aircraft.contains(unknown), qPrintable(unknown));
         for (const auto &[route, counts] : { std::pair(u"IST-LHR"_s, u"12"_s),
                                              { u"IST-TGD"_s, u"1"_s },
                                              { u"IST-SYD"_s, u"23"_s },
@@ -76,31 +71,26 @@ private Q_SLOTS:
 
     void calendarAgreesWithSearch()
     {
-        for (const auto &[from, to] :
-             { std::pair(u"IST"_s, u"LHR"_s), { u"BER"_s, u"BKK"_s }, { u"IST"_s, u"SAW"_s } }) {
-            for (const int day : { 0, 30, 340 }) {
-                const QJsonObject economy = calendar(from, to, day, u"4_WEEKS"_s);
-                const QJsonObject business = calendar(from, to, day, u"4_WEEKS"_s, u"BUSINESS"_s);
-                const bool served = to != u"SAW"_s;
-                QString best;
-                double lowest = std::numeric_limits<double>::infinity();
-                int ahead = std::clamp(day - 14, 0, 355 - 27);
-                QCOMPARE(economy["prices"_L1].toArray().size(), served ? 28 : 0);
-                for (qsizetype i = 0; i < economy["prices"_L1].toArray().size(); ++i, ++ahead) {
-                    const QJsonValue price = economy["prices"_L1][i];
-                    const double amount = price["amount"_L1].toDouble();
-                    QCOMPARE(price["date"_L1].toString(), dayText(ahead));
-                    QCOMPARE(amount, lowestFare(options(from, to, dayText(ahead))));
-                    QVERIFY(business["prices"_L1][i]["amount"_L1].toDouble() > 2 * amount);
-                    // The best day is the first of the cheapest ones.
-                    if (amount < std::exchange(lowest, std::min(lowest, amount)))
-                        best = dayText(ahead);
-                }
-                for (const QJsonValue price : economy["prices"_L1].toArray())
-                    QCOMPARE(price["isBestPrice"_L1].toBool(), price["date"_L1].toString() == best);
-                QCOMPARE(economy["bestPrice"_L1]["date"_L1].toString(), best);
+        for (const int day : { 0, 30, 340 }) {
+            const QJsonObject reply = calendar(u"LHR"_s, day, u"4_WEEKS"_s);
+            const QJsonArray prices = reply["prices"_L1].toArray();
+            QString best;
+            double lowest = std::numeric_limits<double>::infinity();
+            for (const QJsonValue price : prices) {
+                const QString date = price["date"_L1].toString();
+                const double amount = price["amount"_L1].toDouble();
+                QCOMPARE(amount, lowestFare(options(u"IST"_s, u"LHR"_s, date)));
+                // The best day is the first of the cheapest ones.
+                if (amount < std::exchange(lowest, std::min(lowest, amount)))
+                    best = date;
             }
+            for (const QJsonValue price : prices)
+                QCOMPARE(price["isBestPrice"_L1].toBool(), price["date"_L1].toString() == best);
+            QCOMPARE(reply["bestPrice"_L1]["date"_L1].toString(), best);
+            const QJsonObject business = calendar(u"LHR"_s, day, u"4_WEEKS"_s, u"BUSINESS"_s);
+            QVERIFY(business["bestPrice"_L1]["amount"_L1].toDouble() > lowest);
         }
+        QVERIFY(calendar(u"SAW"_s, 30, u"4_WEEKS"_s)["prices"_L1].toArray().isEmpty());
     }
 
     void calendarWindow()
@@ -112,10 +102,10 @@ private Q_SLOTS:
                                                               { -30, u"2_WEEKS"_s, 0, 14 },
                                                               { 355, u"1_WEEK"_s, 349, 7 },
                                                               { 380, u"4_WEEKS"_s, 328, 28 } }) {
-            const QJsonArray prices =
-                calendar(u"IST"_s, u"LHR"_s, departure, range)["prices"_L1].toArray();
+            const QJsonArray prices = calendar(u"LHR"_s, departure, range)["prices"_L1].toArray();
             QCOMPARE(prices.size(), count);
-            QCOMPARE(prices[0]["date"_L1].toString(), dayText(first));
+            for (int index = 0; index < count; ++index)
+                QCOMPARE(prices[index]["date"_L1].toString(), dayText(first + index));
         }
         QVERIFY(options(u"IST"_s, u"LHR"_s, dayText(-1)).isEmpty());
         QVERIFY(options(u"IST"_s, u"LHR"_s, dayText(356)).isEmpty());
@@ -129,9 +119,8 @@ private Q_SLOTS:
         const QJsonArray nine =
             optionsOf(call(tool, searchArguments(u"IST"_s, u"LHR"_s, dayText(60), 9)));
         QCOMPARE(lowestFare(nine), 9 * lowestFare(one));
-        const QString link = nine.at(0)["deeplinks"_L1][0].toString();
-        const QString base = u"https://www.example.test/booking?from=IST&to=LHR&date="_s;
-        QVERIFY2(link.startsWith(base + dayText(60)), qPrintable(link));
+        QVERIFY(nine.at(0)["deeplinks"_L1][0].toString().startsWith(
+            u"https://www.example.test/booking?from=IST&to=LHR&date="_s + dayText(60)));
         // The same flight is dearer for those who book late; the hour makes no difference.
         QVERIFY(lowestFare(optionsOf(call(tool, arguments, fixedNow().addDays(59))))
                 > 1.2 * lowestFare(one));
@@ -170,7 +159,6 @@ private:
                 const QString meaning = at + next + departsAt.mid(10);
                 EXPECT(m_meaningOfNumber.value(number, meaning) == meaning);
                 m_meaningOfNumber.insert(number, meaning);
-                m_aircraft.insert(segment["equipment"_L1].toString());
                 const QJsonValue status = flightStatus(
                     { { u"flightNumber"_s, number }, { u"flightDate"_s, departsAt.left(10) } },
                     { fixedNow(), {} })["flightData"_L1];
@@ -188,7 +176,6 @@ private:
     }
 
     QHash<QString, QString> m_meaningOfNumber;
-    QSet<QString> m_aircraft;
 };
 
 QTEST_APPLESS_MAIN(SampleFlightsTest)

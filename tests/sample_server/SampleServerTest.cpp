@@ -23,9 +23,9 @@ QByteArray toolCall(int id, const QString &tool, const QJsonObject &arguments)
 }
 
 /// A question with an answer of many kilobytes.
-QByteArray longCall(int id)
+QByteArray longCall()
 {
-    return toolCall(id, u"search_flights"_s, searchArguments(u"IST"_s, u"LHR"_s, dayText(5)));
+    return toolCall(1, u"search_flights"_s, searchArguments(u"IST"_s, u"LHR"_s, dayText(5)));
 }
 
 } // namespace
@@ -52,11 +52,7 @@ private Q_SLOTS:
         const auto row = [this](const char *name, int status, int code, const Headers &headers,
                                 const QByteArray &body = ping,
                                 const QByteArray &start = "POST /mcp HTTP/1.1") {
-            Headers all { { "mcp-session-id", m_session } };
-            all.insert(headers);
-            RawClient client(m_port);
-            client.send(post(body, all, start));
-            const RawClient::Answer answer = client.read();
+            const RawClient::Answer answer = ask(body, headers, start);
             QVERIFY2(answer.status == status, name);
             QVERIFY2(answer.json()["error"_L1]["code"_L1].toInt() == code, name);
             QVERIFY2(answer.json().contains("result"_L1) == (status == 200 && code == 0), name);
@@ -64,7 +60,6 @@ private Q_SLOTS:
             // No refusal costs the session or the server.
             QVERIFY2(ask(ping).status == 200, name);
         };
-        row("good", 200, 0, {});
         row("host: name and port", 200, 0, { { "Host", "localhost:80" } });
         row("host: foreign", 403, -32600, { { "Host", "127.0.0.1.evil.example" } });
         row("host: missing", 403, -32600, { { "Host", "" } });
@@ -83,12 +78,9 @@ private Q_SLOTS:
         row("header without a colon", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nnonsense");
         row("header twice", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nhost: 127.0.0.1");
         row("endless line", 431, 0, { { "X", QByteArray(100'000, 'x') } });
-        row("endless headers", 431, 0,
-            { { "X", QByteArray(9000, 'x') }, { "Y", QByteArray(9000, 'y') } });
         row("not HTTP", 400, 0, {}, ping, "hello");
         row("path", 404, -32600, {}, ping, "POST / HTTP/1.1");
-        for (const QByteArray method : { "GET", "HEAD", "PUT" })
-            row(method, 405, 0, {}, {}, method + " /mcp HTTP/1.1");
+        row("method", 405, 0, {}, {}, "GET /mcp HTTP/1.1");
 
         row("no body", 400, -32700, {}, {});
         row("cut off", 400, -32700, {}, R"({"jsonrpc":"2.0","id":1,)");
@@ -97,25 +89,19 @@ private Q_SLOTS:
         row("version 1.0", 400, -32600, {}, R"({"jsonrpc":"1.0","id":1,"method":"ping"})");
         row("id null", 400, -32600, {}, R"({"jsonrpc":"2.0","id":null,"method":"ping"})");
         row("method number", 400, -32600, {}, R"({"jsonrpc":"2.0","id":1,"method":5})");
-        const QByteArray notification = R"({"jsonrpc":"2.0","method":"notifications/initialized"})";
-        row("notification", 202, 0, {}, notification);
-        row("notification, session unknown", 404, -32001, { { "mcp-session-id", "feedbeef" } },
-            notification);
+        row("notification", 202, 0, {},
+            R"({"jsonrpc":"2.0","method":"notifications/initialized"})");
         row("unknown method", 200, -32601, {}, rpc(1, u"resources/list"_s));
-        row("no tool", 200, -32602, {}, rpc(1, u"tools/call"_s));
         row("unknown tool", 200, -32602, {}, toolCall(1, u"fly"_s, {}));
         row("no arguments", 200, -32602, {}, toolCall(1, u"get_city_guide"_s, {}));
-        row("good call", 200, 0, {}, longCall(1));
     }
 
     void sessions()
     {
         const QByteArray other = initialize("2025-06-18").header("mcp-session-id");
-        const QByteArray end = post({}, { { "mcp-session-id", other } }, "DELETE /mcp HTTP/1.1");
-        RawClient client(m_port);
-        client.send(end + end);
-        QCOMPARE(client.read().status, 200);
-        QCOMPARE(client.read().status, 404);
+        for (const int status : { 200, 404 })
+            QCOMPARE(ask({}, { { "mcp-session-id", other } }, "DELETE /mcp HTTP/1.1").status,
+                     status);
         // A version that is not known yet is answered with the newest one.
         for (const QByteArray version : { "2024-11-05", "2025-11-25", "2031-01-01" }) {
             const QJsonObject result = initialize(version).json()["result"_L1].toObject();
@@ -129,14 +115,11 @@ private Q_SLOTS:
     {
         const QByteArray idle = initialize("2024-11-05").header("mcp-session-id");
         RawClient client(m_port);
-        client.send(
-            (post(ping, { { "mcp-session-id", m_session } }) + post(rpc(1, u"initialize"_s)))
-                .repeated(1100));
+        client.send((own(ping) + post(rpc(1, u"initialize"_s))).repeated(1100));
         for (int i = 0; i < 2200; ++i)
             QCOMPARE(client.read().status, 200);
         QCOMPARE(m_server->sessionCount(), 1000);
-        client.send(post(ping, { { "mcp-session-id", idle } }));
-        QCOMPARE(client.read().status, 404);
+        QCOMPARE(ask(ping, { { "mcp-session-id", idle } }).status, 404);
     }
 
     void answersKeepTheOrderOfTheRequests()
@@ -150,8 +133,7 @@ private Q_SLOTS:
         };
         QByteArray requests;
         for (int i = 0; i < 20; ++i)
-            requests += post(i % 2 ? rpc(i, u"ping"_s) : toolCall(i, tool, question(i)),
-                             { { "mcp-session-id", m_session } });
+            requests += own(i % 2 ? rpc(i, u"ping"_s) : toolCall(i, tool, question(i)));
         RawClient atOnce(m_port);
         RawClient inPieces(m_port);
         atOnce.send(requests);
@@ -173,38 +155,31 @@ private Q_SLOTS:
         for (const QByteArray start :
              { "POST /mcp HTTP/1.0", "POST /mcp HTTP/1.1\r\nConnection: close" }) {
             RawClient last(m_port);
-            last.send(post(ping, { { "mcp-session-id", m_session } }, start));
+            last.send(own(ping, {}, start));
             QCOMPARE(last.read().status, 200);
             QVERIFY(last.isDropped());
         }
     }
 
-    void clientsThatLeaveCostNothing()
+    void clientsThatDoNotReadCostLittle()
     {
         QSignalSpy calls(m_server.get(), &SampleServer::toolCalled);
-        const QByteArray question = post(longCall(1), { { "mcp-session-id", m_session } });
         for (int i = 0; i < 50; ++i) {
-            RawClient client(m_port);
-            QVERIFY(client.socket.waitForConnected());
-            client.send(question + question);
-            QVERIFY(client.socket.waitForBytesWritten());
+            RawClient leaving(m_port);
+            QVERIFY(leaving.socket.waitForConnected());
+            leaving.send(own(longCall()).repeated(2));
+            QVERIFY(leaving.socket.waitForBytesWritten());
         }
         QCOMPARE(ask(ping).status, 200);
         QVERIFY2(calls.size() <= 10, qPrintable(QString::number(calls.size())));
-    }
 
-    void clientsThatDoNotReadAreNotAnsweredFurther()
-    {
-        QSignalSpy calls(m_server.get(), &SampleServer::toolCalled);
-        RawClient client(m_port);
-        client.socket.setReadBufferSize(1);
-        const QByteArray question = post(longCall(1), { { "mcp-session-id", m_session } });
-        for (int i = 0; i < 1000; ++i) {
-            client.send(question);
-            if (!calls.wait(1000))
-                break;
-        }
-        QVERIFY2(calls.size() < 1000, "Answers pile up.");
+        RawClient staying(m_port);
+        staying.socket.setReadBufferSize(1);
+        int sent = 0;
+        do
+            staying.send(own(longCall()));
+        while (++sent < 1000 && calls.wait(1000));
+        QVERIFY2(sent < 1000, "Answers pile up.");
         QCOMPARE(ask(ping).status, 200);
     }
 
@@ -213,7 +188,7 @@ private Q_SLOTS:
         RawClient active(m_port);
         std::vector<std::unique_ptr<RawClient>> idle;
         for (int i = 0; i < 150; ++i) {
-            active.send(post(ping, { { "mcp-session-id", m_session } }));
+            active.send(own(ping));
             QCOMPARE(active.read().status, 200);
             idle.push_back(std::make_unique<RawClient>(m_port));
             idle.back()->send("POST /mcp HTTP/1.1\r\nHost: half a head");
@@ -224,10 +199,19 @@ private Q_SLOTS:
     }
 
 private:
-    RawClient::Answer ask(const QByteArray &body)
+    /// A request of the session, but for these headers.
+    QByteArray own(const QByteArray &body, const Headers &headers = {},
+                   const QByteArray &start = "POST /mcp HTTP/1.1") const
+    {
+        Headers all { { "mcp-session-id", m_session } };
+        all.insert(headers);
+        return post(body, all, start);
+    }
+    RawClient::Answer ask(const QByteArray &body, const Headers &headers = {},
+                          const QByteArray &start = "POST /mcp HTTP/1.1") const
     {
         RawClient client(m_port);
-        client.send(post(body, { { "mcp-session-id", m_session } }));
+        client.send(own(body, headers, start));
         return client.read();
     }
     RawClient::Answer initialize(const QByteArray &version)
