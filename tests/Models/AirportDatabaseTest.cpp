@@ -3,6 +3,8 @@
 #include <QSet>
 #include <QTest>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 class AirportDatabaseTest : public QObject
@@ -24,36 +26,24 @@ private Q_SLOTS:
         QCOMPARE(hubs, QStringList({ u"IST"_s, u"SAW"_s }));
     }
 
-    void search_data()
-    {
-        QTest::addColumn<QString>("query");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<QStringList>("codes"); // the first ones found
-
-        const auto row = [](const QString &query, int count, const QStringList &codes) {
-            QTest::newRow(qPrintable(u'"' + query + u'"')) << query << count << codes;
-        };
-        row(QString(), 121, { u"IST"_s, u"SAW"_s, u"ESB"_s });
-        row(u" \t\n"_s, 121, { u"IST"_s });
-        row(u"  lon\n"_s, 4, { u"LHR"_s, u"LGW"_s, u"BCN"_s, u"SKG"_s });
-        row(u"airport"_s, 117, { u"IST"_s });
-        row(u"TÜRK"_s, 17, { u"IST"_s });
-        row(u"turk"_s, 0, {});
-        row(u"united kingdom"_s, 3, { u"LHR"_s, u"LGW"_s, u"MAN"_s });
-        row(u"o.r. tambo"_s, 1, { u"JNB"_s });
-        row(u"%"_s, 0, {});
-        row(u"[a-z]*"_s, 0, {});
-    }
     void search()
     {
-        QFETCH(QString, query);
-        QFETCH(int, count);
-        QFETCH(QStringList, codes);
-        QStringList found;
-        for (const Airport &airport : AirportDatabase::search(query))
-            found.append(airport.code);
-        QCOMPARE(found.size(), count);
-        QCOMPARE(found.first(codes.size()), codes);
+        // How many are found, and the first of them.
+        for (const auto &[query, count, first] : { std::tuple(QString(), 121, u"IST SAW ESB "_s),
+                                                   { u" \t\n"_s, 121, u"IST "_s },
+                                                   { u"  lon\n"_s, 4, u"LHR LGW BCN SKG "_s },
+                                                   { u"airport"_s, 117, u"IST "_s },
+                                                   { u"TÜRK"_s, 17, u"IST "_s },
+                                                   { u"turk"_s, 0, QString() },
+                                                   { u"united kingdom"_s, 3, u"LHR LGW MAN "_s },
+                                                   { u"o.r. tambo"_s, 1, u"JNB "_s },
+                                                   { u"%"_s, 0, QString() },
+                                                   { u"[a-z]*"_s, 0, QString() } }) {
+            QString found;
+            for (const Airport &airport : AirportDatabase::search(query))
+                found += airport.code + u' ';
+            QVERIFY2(found.size() == 4 * count && found.startsWith(first), qPrintable(query));
+        }
     }
 
     void lookup()

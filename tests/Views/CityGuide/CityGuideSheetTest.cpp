@@ -93,13 +93,10 @@ private Q_SLOTS:
             m_window->key(Qt::Key_Right);
             QTest::qWait(50);
             QVERIFY(isLoading());
-            const auto *state = m_window->stateOf<CityGuideViewModel>(sheetName);
-            QVERIFY(state->isLoading() && !state->guideInfo() && state->promotions().isEmpty());
 
             // Only opening the sheet again asks again.
             m_answers.insert(failing, answer);
-            QVERIFY(m_window->close(sheetName));
-            QVERIFY(open());
+            QVERIFY(m_window->close(sheetName) && open());
             QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
             QVERIFY(m_window->close(sheetName));
         }
@@ -138,35 +135,12 @@ private Q_SLOTS:
         QVERIFY(!m_window->named(u"guideLoadingPanel"_s));
     }
 
-    void aLaterSheetGetsItsOwnAnswersAlone()
-    {
-        m_answers.insert(guideTool, guideOf(u"Eski"_s).held());
-        QVERIFY(open());
-        QTRY_COMPARE(m_server->heldCount(), 1);
-        const QPointer<CityGuideViewModel> first = m_window->stateOf<CityGuideViewModel>(sheetName);
-        QVERIFY(m_window->close(sheetName));
-        QTRY_VERIFY(!first);
-
-        m_answers.insert(guideTool, guideOf(u"Yeni"_s).held());
-        QVERIFY(open());
-        QTRY_COMPARE(m_server->heldCount(), 2);
-        m_server->release();
-        QVERIFY(settle(call()).value);
-        QVERIFY(isLoading());
-        m_server->release();
-        QTRY_VERIFY(m_window->textOf(u"cityGuidePage"_s).startsWith(u"Yeni, Birleşik Krallık|"_s));
-    }
-
-    void keyboardAlone()
+    void thePageScrollsByKeyboard()
     {
         m_answers.insert(guideTool, guideOf(u"Londra "_s.repeated(60)));
-        m_window->focus(u"cityGuideButton"_s);
-        QQuickItem *header = m_window->focused();
-        m_window->key(Qt::Key_Return);
-        QTRY_VERIFY(m_window->isOpen(sheetName));
+        QVERIFY(open());
         QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
-
-        // The keyboard is on the tabs, which are one stop, and scrolls the page from there.
+        // The keyboard is on the tabs and scrolls the page from there.
         QQuickItem *page = m_window->named(u"sheetPage"_s);
         QVERIFY(page->property("contentHeight").toReal() > page->height());
         m_window->key(Qt::Key_PageDown);
@@ -178,9 +152,6 @@ private Q_SLOTS:
             QCOMPARE(m_window->focusedName(), stop);
             m_window->key(Qt::Key_Tab);
         }
-        QVERIFY(m_window->close(sheetName));
-        QCOMPARE(m_window->focused(), header);
-        QCOMPARE(questions().size(), 2);
     }
 
 private:

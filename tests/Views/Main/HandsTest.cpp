@@ -33,33 +33,24 @@ private Q_SLOTS:
                                 .constFirst()
                                 ->mapToScene(QPointF(5, 5))
                                 .toPoint();
-        for (const bool isFinger : { false, true }) {
-            std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
-            const auto move = [&](int y) {
-                const QPoint point = from - QPoint(0, y);
-                if (!isFinger)
-                    QTest::mouseMove(m_window->window(), point);
-                else if (y == 0)
-                    QTest::touchEvent(m_window->window(), finger.get()).press(0, point);
-                else
-                    QTest::touchEvent(m_window->window(), finger.get()).move(0, point);
-                QTest::qWait(20);
-            };
-            if (!isFinger)
-                QTest::mousePress(m_window->window(), Qt::LeftButton, {}, from);
-            for (int y = 0; y <= 300; y += 30)
-                move(y);
-            const qreal dragged = place();
-            if (!isFinger)
-                QTest::mouseRelease(m_window->window(), Qt::LeftButton, {}, from - QPoint(0, 300));
-            else
-                QTest::touchEvent(m_window->window(), finger.get())
-                    .release(0, from - QPoint(0, 300));
-            QCOMPARE(dragged > 200, isFinger);
-            // It goes on by itself for a while.
-            if (isFinger)
-                QTRY_VERIFY(place() > dragged + 50);
+        QTest::mousePress(m_window->window(), Qt::LeftButton, {}, from);
+        for (int y = 30; y <= 300; y += 30)
+            QTest::mouseMove(m_window->window(), from - QPoint(0, y));
+        QTest::mouseRelease(m_window->window(), Qt::LeftButton, {}, from - QPoint(0, 300));
+        QCOMPARE(place(), 0.0);
+
+        const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+        const auto touch = [&] { return QTest::touchEvent(m_window->window(), finger.get()); };
+        touch().press(0, from);
+        for (int y = 30; y <= 300; y += 30) {
+            QTest::qWait(20);
+            touch().move(0, from - QPoint(0, y));
         }
+        const qreal dragged = place();
+        QVERIFY(dragged > 200);
+        touch().release(0, from - QPoint(0, 300));
+        // It goes on by itself for a while.
+        QTRY_VERIFY(place() > dragged + 50);
         QVERIFY(questions().isEmpty());
     }
 
