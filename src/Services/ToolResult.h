@@ -4,6 +4,6 @@
 #include <QJsonObject>
 
 /// What a tool call's JSON-RPC answer carries: the result's "structuredContent", else the whole
-/// "result", else an empty object. Throws McpError when the body is no JSON object, reports an error
-/// or holds more than any list of flights. Safe to call from any thread.
+/// "result", else an empty object. Throws McpError when the body is no JSON object, reports an
+/// error or holds more than any list of flights. Safe to call from any thread.
 QJsonObject readToolResult(const QByteArray &body);
