@@ -8,8 +8,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// "green 15" for the theme's green at 15 %.
-QString nameOf(const QColor &colour)
+QString colourOf(const QObject *object, const char *property = "color")
 {
+    const auto colour = object->property(property).value<QColor>();
     const QHash<QRgb, QString> names {
         { QColor::fromRgbF(0.06F, 0.72F, 0.51F).rgb(), u"green"_s },
         { QColor::fromRgbF(0.91F, 0.1F, 0.2F).rgb(), u"red"_s },
@@ -20,11 +21,6 @@ QString nameOf(const QColor &colour)
     const QString name = names.value(QColor(colour.rgb()).rgb(), colour.name());
     const int opacity = qRound(100 * colour.alphaF());
     return opacity == 100 ? name : u"%1 %2"_s.arg(name).arg(opacity);
-}
-
-QString colourOf(const QObject *object, const char *property = "color")
-{
-    return nameOf(object->property(property).value<QColor>());
 }
 
 } // namespace
