@@ -18,6 +18,7 @@ public:
     using QObject::QObject;
 
     const QList<FlightOption> &flights() const { return m_flights; }
+    Q_INVOKABLE FlightOption at(int row) const { return m_flights.value(row); }
     int count() const { return static_cast<int>(m_flights.size()); }
     /// The last change brought other flights, not the same ones in another order or selection.
     bool areNew() const { return m_areNew; }

@@ -99,7 +99,10 @@ private Q_SLOTS:
         page.key(Qt::Key_Down);
         QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 29));
         QCOMPARE(page.state("edits").toInt(), 5);
-        QCOMPARE(page.focusedName(), u"Gidiş Tarihi: 29 Aralık 2026 Salı"_s);
+        QCOMPARE(page.focusedName(), u"Gidiş Tarihi"_s);
+        QVERIFY(accessible(page.focused())
+                    ->text(QAccessible::Description)
+                    .startsWith(u"29 Aralık 2026 Salı"_s));
     }
 
     void panelTakesWhatTheKeyboardChose()
@@ -111,7 +114,7 @@ private Q_SLOTS:
             page.focus(u"field"_s);
             page.key(opener);
             QTRY_VERIFY(page.called(u"Takvim"_s));
-            QTRY_COMPARE(accessible(page.focused())->role(), QAccessible::Table);
+            QTRY_COMPARE(accessible(page.focused())->role(), QAccessible::List);
             page.key(Qt::Key_PageDown);
             page.key(Qt::Key_Down);
             page.key(opener);
@@ -133,12 +136,12 @@ private Q_SLOTS:
             page.key(Qt::Key_Space);
             QTRY_VERIFY(page.called(u"Takvim"_s));
             // Every opening starts from the field's day.
-            QTRY_COMPARE(page.focusedName(), u"30 Aralık 2026 Çarşamba"_s);
+            QTRY_VERIFY(page.told(u"30 Aralık 2026 Çarşamba"_s)->state().focused);
             page.key(Qt::Key_Right);
             // Tab goes round within the panel: two buttons and the days.
             for (int i = 0; i < 3; ++i)
                 page.key(Qt::Key_Tab);
-            QCOMPARE(page.focusedName(), u"31 Aralık 2026 Perşembe"_s);
+            QVERIFY(page.told(u"31 Aralık 2026 Perşembe"_s)->state().focused);
             if (isEscaped)
                 page.key(Qt::Key_Escape);
             else
@@ -162,7 +165,7 @@ private Q_SLOTS:
         page.click(page.called(u"Sonraki ay"_s));
         // The days keep the keyboard.
         page.key(Qt::Key_PageDown);
-        QVERIFY(page.called(u"28 Şubat 2027 Pazar"_s));
+        QVERIFY(page.told(u"28 Şubat 2027 Pazar"_s)->state().focused);
         page.click(page.called(u"Önceki ay"_s));
         page.click(page.called(u"1 Ocak 2027 Cuma"_s));
         QTRY_COMPARE(page.state("day").toDateTime(), at(2027, 1, 1));
@@ -170,8 +173,14 @@ private Q_SLOTS:
 
         pressAccessibly(page.named(u"field"_s));
         QTRY_VERIFY(page.called(u"Takvim"_s));
+        // The arrows go on from where assistive technology went.
+        page.told(u"12 Ocak 2027 Salı"_s)
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::setFocusAction());
+        page.key(Qt::Key_Right);
+        QVERIFY(page.told(u"13 Ocak 2027 Çarşamba"_s)->state().focused);
         // A day of the month before, shown in the same grid.
-        pressAccessibly(page.called(u"31 Aralık 2026 Perşembe"_s));
+        pressAccessibly(page.told(u"31 Aralık 2026 Perşembe"_s));
         QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 31));
     }
 

@@ -56,6 +56,19 @@ QQuickItem *TestWindow::called(const QString &name) const
         .value(0);
 }
 
+QAccessibleInterface *TestWindow::told(const QString &name) const
+{
+    QList<QAccessibleInterface *> nodes { QAccessible::queryAccessibleInterface(m_window) };
+    while (!nodes.isEmpty()) {
+        QAccessibleInterface *node = nodes.takeFirst();
+        if (node->text(QAccessible::Name) == name)
+            return node;
+        for (int i = 0; i < node->childCount(); ++i)
+            nodes.append(node->child(i));
+    }
+    return nullptr;
+}
+
 QString TestWindow::textIn(QQuickItem *root)
 {
     QStringList texts;

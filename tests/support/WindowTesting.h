@@ -32,6 +32,9 @@ public:
     QList<QQuickItem *> itemsOfType(const QByteArray &type) const;
     /// The visible item that assistive technology knows by this name.
     QQuickItem *called(const QString &name) const;
+    /// What assistive technology comes upon under this name from the window down; null when
+    /// nothing.
+    QAccessibleInterface *told(const QString &name) const;
     /// Every text that is seen below the item, one after the other with | between them.
     static QString textIn(QQuickItem *root);
     /// What `textIn` gives for the item of this name; empty when there is no such item.

@@ -1,5 +1,7 @@
 #include "inspect/SeenTexts.h"
 
+#include "Controls/Speech/TopLayer.h"
+
 #include <QCoreApplication>
 #include <QFont>
 #include <QJsonArray>
@@ -38,29 +40,12 @@ void collect(const QQuickItem *item, QRectF view, qreal opacity, QStringList &te
         collect(child, view, opacity, texts);
 }
 
-/// The sheet or menu on top of everything else; the whole content when there is none.
-const QQuickItem *topmost(const QQuickWindow *window)
-{
-    const QQuickItem *top = window->contentItem();
-    const auto layers = window->contentItem()->childItems();
-    for (const QQuickItem *layer : layers) {
-        if (!layer->inherits("QQuickOverlay"))
-            continue;
-        const auto popups = layer->childItems();
-        for (const QQuickItem *popup : popups) {
-            if (popup->isVisible() && popup->inherits("QQuickPopupItem"))
-                top = popup;
-        }
-    }
-    return top;
-}
-
 } // namespace
 
 QStringList seenTexts(QQuickWindow *window)
 {
     QStringList texts;
-    collect(topmost(window), QRectF(0, 0, window->width(), window->height()), 1, texts);
+    collect(TopLayer::of(window), QRectF(0, 0, window->width(), window->height()), 1, texts);
     return texts;
 }
 

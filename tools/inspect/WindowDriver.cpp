@@ -2,9 +2,10 @@
 
 #include <QTest>
 
-bool pressAccessibly(QQuickItem *item)
+bool pressAccessibly(QQuickItem *item) { return pressAccessibly(accessible(item)); }
+
+bool pressAccessibly(QAccessibleInterface *node)
 {
-    QAccessibleInterface *node = accessible(item);
     if (!node || !node->actionInterface())
         return false;
     node->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

@@ -14,8 +14,9 @@ inline QAccessibleInterface *accessible(QQuickItem *item)
     return QAccessible::queryAccessibleInterface(item);
 }
 
-/// Presses the item as assistive technology does. False when there is nothing to press.
+/// Presses it as assistive technology does. False when there is nothing to press.
 bool pressAccessibly(QQuickItem *item);
+bool pressAccessibly(QAccessibleInterface *node);
 
 /// A user's hands on the application's window, for tests and for the inspection tool.
 class WindowDriver

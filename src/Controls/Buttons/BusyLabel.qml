@@ -38,7 +38,6 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             size: label.textSize + 2
             color: VTRTheme.textPrimary
-            Accessible.ignored: true
         }
         PlainText {
             anchors.verticalCenter: parent.verticalCenter

@@ -77,7 +77,6 @@ FieldSurface {
                     verticalAlignment: Text.AlignVCenter
                     font.weight: segment.isCurrent ? Font.DemiBold : Font.Medium
                     color: segment.isCurrent ? VTRTheme.textPrimary : VTRTheme.textSecondary
-                    Accessible.ignored: true
                 }
             }
         }

@@ -85,6 +85,13 @@ bool DateEditing::isEarlier(const QDateTime &moment, const QDateTime &other) con
     return other.isValid() && moment.date() < other.date();
 }
 
+int DateEditing::gridRow(const QDateTime &moment) const
+{
+    const QDate day = moment.date();
+    const int daysBefore = day.addDays(1 - day.day()).dayOfWeek() - 1;
+    return (daysBefore == 0 ? 7 : daysBefore) + day.day() - 1;
+}
+
 QString DateEditing::fullText(const QDateTime &moment) const { return full(moment.date()); }
 
 QString DateEditing::fittingText(const QDateTime &moment, const QFont &font, qreal width) const

@@ -38,6 +38,10 @@ public:
     /// Whether it lies on an earlier day; no day is earlier than an invalid one.
     Q_INVOKABLE bool isEarlier(const QDateTime &moment, const QDateTime &other) const;
 
+    /// The place of a day, from 0, in the six weeks that a month grid shows. They begin on a
+    /// Monday, and always with days of the month before.
+    Q_INVOKABLE int gridRow(const QDateTime &moment) const;
+
     /// "5 Aralık 2026 Cumartesi".
     Q_INVOKABLE QString fullText(const QDateTime &moment) const;
     /// The longest of "5 Aralık 2026 Cumartesi", "5 Ara 2026 Cmt" and "5 Ara" that fits `width`.

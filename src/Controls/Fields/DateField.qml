@@ -10,7 +10,7 @@ import Vantora.Controls
 BaseButton {
     id: field
 
-    /// What the date means; the accessible name begins with it.
+    /// What the date means, for assistive technology.
     required property string label
     required property date value
     /// The month dims the days before this one; they can be chosen all the same.
@@ -19,17 +19,16 @@ BaseButton {
     /// While it is open.
     property MonthPanel month: null
     readonly property string fullText: DateEditing.fullText(value)
+    readonly property bool isExpanded: month !== null
 
     signal edited(date value)
 
     leftPadding: 10
     rightPadding: 8
     implicitHeight: implicitBackgroundHeight
-    text: label + ": " + fullText
+    text: label
     down: pressed || month !== null
-    Accessible.description: "Oklar günü değiştirir, Boşluk takvimi açar"
-    Accessible.onIncreaseAction: step(1)
-    Accessible.onDecreaseAction: step(-1)
+    Accessible.description: fullText + ". Oklar günü değiştirir, Boşluk takvimi açar."
     Keys.onLeftPressed: step(-1)
     Keys.onDownPressed: step(-1)
     Keys.onRightPressed: step(1)
@@ -41,6 +40,7 @@ BaseButton {
 
     function step(days: int) {
         edited(DateEditing.addDays(value, days));
+        Speech.say(DateEditing.fullText(value));
     }
 
     background: FieldSurface {
@@ -65,7 +65,6 @@ BaseButton {
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)
             text: DateEditing.fittingText(field.value, font, width)
-            Accessible.ignored: true
         }
         Symbol {
             name: "chevron.down"

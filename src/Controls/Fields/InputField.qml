@@ -74,7 +74,8 @@ FieldSurface {
             font.family: VTRTheme.fontFamily
             font.pixelSize: VTRTheme.bodySize
             Accessible.name: field.label
-            Accessible.description: field.description
+            // It is not drawn, but told as the description, whatever else is set as that.
+            placeholderText: field.description
             // The menu has the keyboard meanwhile.
             persistentSelection: field.menu !== null
             onAccepted: field.accepted()

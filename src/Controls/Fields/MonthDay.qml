@@ -1,8 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// One day in the month panel. The panel has the keyboard; the day answers the pointer and
-/// assistive technology.
+/// One day in the month panel. The panel has the keyboard; the day answers the pointer.
 BaseButton {
     id: cell
 
@@ -24,9 +23,6 @@ BaseButton {
     implicitHeight: 32
     focusPolicy: Qt.NoFocus
     text: DateEditing.fullText(value) + (today ? ", bugün" : "")
-    Accessible.focusable: false
-    Accessible.checkable: true
-    Accessible.checked: isChosen
 
     background: RoundedSurface {
         radius: cell.cornerRadius
@@ -45,6 +41,5 @@ BaseButton {
         verticalAlignment: Text.AlignVCenter
         font.weight: cell.isChosen || cell.today ? Font.Bold : Font.Normal
         color: cell.isDimmed && !cell.isChosen ? VTRTheme.textMuted : VTRTheme.textPrimary
-        Accessible.ignored: true
     }
 }

@@ -7,7 +7,7 @@ import Vantora.Controls
 
 /// One month to choose a day from. The arrows move by days and weeks, PageUp, PageDown and the wheel
 /// by months, Home and End within the month; Return, Space and a click take the day.
-FocusScope {
+SpokenDialog {
     id: monthView
 
     /// The day that Return would take, with the time of day to keep.
@@ -23,6 +23,8 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: "Takvim"
 
+    // A day of another month may stand in the same place.
+    onCursorChanged: days.sayCurrentRow()
     Keys.onPressed: event => {
         event.accepted = DateEditing.moves(event.key);
         cursor = DateEditing.moved(cursor, event.key);
@@ -106,16 +108,33 @@ FocusScope {
             }
         }
 
-        Item {
+        SpokenList {
             id: days
 
             implicitWidth: grid.implicitWidth
             implicitHeight: grid.implicitHeight
             focus: true
             activeFocusOnTab: true
-            Accessible.role: Accessible.Table
-            Accessible.name: DateEditing.fullText(monthView.cursor)
-            Accessible.focusable: true
+            label: "Günler"
+            count: cells.count
+            currentRow: DateEditing.gridRow(monthView.cursor)
+            selectedRow: currentRow
+            isActive: activeFocus
+            onRowPressed: row => monthView.taken(cell(row).value)
+            onRowFocused: row => {
+                monthView.cursor = cell(row).value;
+                forceActiveFocus(Qt.TabFocusReason);
+            }
+
+            function cell(row: int): MonthDay {
+                return cells.itemAt(row) as MonthDay;
+            }
+            function textOf(row: int): string {
+                return cell(row).text;
+            }
+            function itemOf(row: int): Item {
+                return cell(row);
+            }
 
             Keys.onReturnPressed: monthView.taken(monthView.cursor)
             Keys.onEnterPressed: monthView.taken(monthView.cursor)
@@ -140,6 +159,8 @@ FocusScope {
                 spacing: 2
 
                 Repeater {
+                    id: cells
+
                     model: calendar.source
                     delegate: MonthDay {
                         cursor: monthView.cursor

@@ -9,11 +9,13 @@ import Vantora.Controls
 T.ComboBox {
     id: control
 
-    /// What is chosen here; the accessible name begins with it.
+    /// What is chosen here, for assistive technology.
     required property string label
     /// The entries, in order.
     required property list<string> titles
 
+    /// The menu is open, for assistive technology.
+    readonly property bool isExpanded: down
     readonly property real entryWidth: TextWidth.widest(titles, font) + 1
 
     model: titles
@@ -24,14 +26,37 @@ T.ComboBox {
     font.family: VTRTheme.fontFamily
     font.pixelSize: VTRTheme.bodySize
     hoverEnabled: true
-    Accessible.name: label + ": " + displayText
+    Accessible.name: label
+    Accessible.description: displayText
     Accessible.onPressAction: popup.open()
+    onActivated: telling.restart()
     Keys.onReturnPressed: openOrTake()
     Keys.onEnterPressed: openOrTake()
     Keys.onSpacePressed: openOrTake()
     Keys.onEscapePressed: event => {
         event.accepted = popup.visible;
         popup.close();
+    }
+
+    /// The menu was open before the choice that is to be told.
+    property bool wasOpen: false
+
+    /// An open menu told its entries, and the box has the keyboard again; a closed one tells what the
+    /// arrows have chosen.
+    function tellChoice() {
+        if (!wasOpen)
+            Speech.say(displayText + ", " + (currentIndex + 1) + " / " + count);
+        else if (activeFocus)
+            Speech.focus(control);
+        wasOpen = false;
+    }
+
+    // When everything that goes with the choice has been done.
+    Timer {
+        id: telling
+
+        interval: 0
+        onTriggered: control.tellChoice()
     }
 
     function openOrTake() {
@@ -57,7 +82,6 @@ T.ComboBox {
         font: control.font
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
-        Accessible.ignored: true
     }
     indicator: Symbol {
         x: control.width - width - 8
@@ -85,12 +109,6 @@ T.ComboBox {
         text: modelData
         highlighted: control.highlightedIndex === index
         hoverEnabled: true
-        Accessible.role: Accessible.ListItem
-        Accessible.name: text
-        Accessible.focusable: false
-        Accessible.selectable: true
-        Accessible.selected: index === control.currentIndex
-        Accessible.onPressAction: clicked()
 
         background: MenuEntryGround {
             entry: entry
@@ -108,7 +126,6 @@ T.ComboBox {
             text: entry.text
             font: control.font
             verticalAlignment: Text.AlignVCenter
-            Accessible.ignored: true
         }
     }
 
@@ -126,15 +143,12 @@ T.ComboBox {
         T.Overlay.modal: Item {}
 
         background: PopUpSurface {}
-        contentItem: ListView {
-            implicitHeight: contentHeight
-            clip: true
-            boundsBehavior: Flickable.StopAtBounds
-            model: control.delegateModel
-            currentIndex: control.highlightedIndex
-            highlightMoveDuration: 0
-            Accessible.role: Accessible.List
-            Accessible.name: control.label
+        onOpened: control.wasOpen = true
+        onClosed: telling.restart()
+
+        contentItem: PopUpEntries {
+            label: control.label
+            menu: control
         }
     }
 }

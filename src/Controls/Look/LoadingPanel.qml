@@ -12,8 +12,6 @@ Item {
 
     implicitWidth: content.implicitWidth + 2 * padding
     implicitHeight: content.implicitHeight + 2 * padding
-    Accessible.role: Accessible.Pane
-    Accessible.name: text
 
     Column {
         id: content

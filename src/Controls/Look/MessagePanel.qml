@@ -20,8 +20,6 @@ Item {
     property real spacing: VTRTheme.spacing
 
     implicitHeight: content.implicitHeight + 2 * padding
-    Accessible.role: Accessible.Pane
-    Accessible.name: text.length > 0 ? heading + ". " + text : heading
 
     Column {
         id: content
@@ -44,6 +42,7 @@ Item {
             color: panel.headingColor
             font.pixelSize: panel.headingSize
             font.weight: panel.headingWeight
+            Accessible.role: Accessible.Heading
         }
 
         PlainText {

@@ -26,6 +26,7 @@ Row {
         onClicked: {
             Clipboard.copy(tools.text);
             justCopied.restart();
+            Speech.say(text);
         }
     }
 

@@ -2,7 +2,8 @@ import QtQuick
 import Vantora.Controls
 
 /// The only text component that views use. It never reads markup, so that a text from the server
-/// stays a text, and it draws `text` only as far as a person would read it.
+/// stays a text, and it draws `text` only as far as a person would read it. It is told to assistive
+/// technology, unless it is `Accessible.ignored`, or part of a control or of a list, which tell it.
 CutText {
     property string text
 
@@ -10,4 +11,6 @@ CutText {
     color: VTRTheme.textPrimary
     font.family: VTRTheme.fontFamily
     font.pixelSize: VTRTheme.bodySize
+    Accessible.role: Accessible.StaticText
+    Accessible.name: shownText
 }

@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Vantora.Controls
 
-/// A progress indicator of unknown length. It turns only while it is seen.
+/// A progress indicator of unknown length. It turns only while it is seen. It is not told: what is
+/// going on stands beside it.
 Item {
     id: spinner
 
@@ -12,8 +13,6 @@ Item {
 
     implicitWidth: size
     implicitHeight: size
-    Accessible.role: Accessible.ProgressBar
-    Accessible.name: "Yükleniyor"
 
     Repeater {
         model: 8

@@ -13,6 +13,8 @@ Row {
     /// The symbol stands behind the text.
     property bool isSymbolLast: false
     property int weight: Font.Normal
+    /// What the text is for assistive technology.
+    property int role: Accessible.StaticText
 
     spacing: 4
     layoutDirection: isSymbolLast ? Qt.RightToLeft : Qt.LeftToRight
@@ -30,5 +32,6 @@ Row {
         color: label.color
         font.pixelSize: label.size
         font.weight: label.weight
+        Accessible.role: label.role
     }
 }

@@ -3,6 +3,21 @@
 #include <QKeyEvent>
 #include <QQuickItem>
 
+#include <chrono>
+
+namespace {
+
+/// In milliseconds. With a screen reader at work Qt sends copies of the events, which have no time.
+quint64 momentOf(const QKeyEvent &key)
+{
+    using namespace std::chrono;
+    const auto now = steady_clock::now().time_since_epoch();
+    return key.timestamp() != 0 ? key.timestamp()
+                                : quint64(duration_cast<milliseconds>(now).count());
+}
+
+} // namespace
+
 bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
@@ -12,7 +27,7 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyRelease) {
         const auto &release = *static_cast<QKeyEvent *>(event);
         m_releasedKey = release.nativeScanCode();
-        m_releasedAt = release.timestamp();
+        m_releasedAt = momentOf(release);
         return acts(release);
     }
     return WindowWatcher::eventFilter(watched, event);
@@ -20,9 +35,9 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
 
 bool HeldKeys::isRepeat(const QKeyEvent &press) const
 {
-    // A finger cannot lift a key and press it again within a millisecond.
+    // A finger cannot lift a key and press it again within five milliseconds.
     const bool followsItsRelease = press.nativeScanCode() != 0
-        && press.nativeScanCode() == m_releasedKey && press.timestamp() - m_releasedAt <= 1;
+        && press.nativeScanCode() == m_releasedKey && momentOf(press) - m_releasedAt <= 5;
     return press.isAutoRepeat() || followsItsRelease;
 }
 

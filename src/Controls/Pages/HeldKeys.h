@@ -26,7 +26,7 @@ private:
     /// Whether the key acts on what has the keyboard now; otherwise it moves or types.
     bool acts(const QKeyEvent &key) const;
 
-    /// The last release: which key, and when in the display server's milliseconds.
+    /// The last release: which key, and when, in milliseconds.
     quint32 m_releasedKey = 0;
     quint64 m_releasedAt = 0;
 };

@@ -53,9 +53,8 @@ T.Dialog {
         shadowRadius: 30
         shadowOffset: 12
     }
-    contentItem: FocusScope {
+    contentItem: SpokenDialog {
         focus: true
-        // With Qt 6.4 a dialog itself is unknown to assistive technology.
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title
     }

@@ -51,8 +51,8 @@ Item {
                 font.pixelSize: VTRTheme.headlineSize
                 font.weight: Font.Bold
                 elide: Text.ElideRight
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
+                // It is the name of the sheet.
+                Accessible.ignored: true
             }
             IconButton {
                 symbol: "xmark.circle.fill"

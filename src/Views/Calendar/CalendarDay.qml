@@ -34,17 +34,12 @@ BaseButton {
     transform: Translate { y: day.topInStrip }
     width: strip.dayWidth
     opacity: isThere ? 1 : 0
-    focus: ListView.isCurrentItem
-    focusPolicy: Qt.ClickFocus
+    focusPolicy: Qt.NoFocus
     showsFocus: strip.showsFocus && ListView.isCurrentItem
     onPressed: strip.pressed(index)
     // Otherwise the second click would ask again.
     onDoubleClicked: {}
     Component.onCompleted: isThere = true
-
-    text: PriceCalendarFormat.spokenDay(price, currency, isSelected)
-    Accessible.selectable: true
-    Accessible.selected: isSelected
 
     Behavior on opacity {
         EaseInOut { duration: Motion.resultsDuration }

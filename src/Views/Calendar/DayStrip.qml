@@ -16,8 +16,12 @@ ListView {
     property real widestDay: 2 * narrowestDay
     readonly property real dayWidth: PriceCalendarFormat.dayWidth(width - leftMargin - rightMargin, dayCount, spacing,
                                                                   narrowestDay, widestDay)
+    /// The item that has the keyboard for the strip, and hands its keys on; null when the strip is for
+    /// the pointer alone.
+    property Item keyboard: null
+    readonly property bool hasKeyboard: keyboard !== null && keyboard.activeFocus
     /// The focus ring is shown: the keyboard was the last to move.
-    readonly property bool showsFocus: activeFocus && !pointerMovedLast
+    readonly property bool showsFocus: hasKeyboard && !pointerMovedLast
     property bool pointerMovedLast: false
     /// How much of either end is covered while there are more days past it.
     readonly property real edgeWidth: 32
@@ -26,8 +30,21 @@ ListView {
 
     /// The pointer went down on a day: the keyboard moves there.
     function pressed(index: int) {
+        keyboard?.forceActiveFocus(Qt.MouseFocusReason);
         pointerMovedLast = true;
         currentIndex = index;
+    }
+
+    /// Assistive technology takes the keyboard to a day.
+    function moveTo(index: int) {
+        keyboard.forceActiveFocus(Qt.TabFocusReason);
+        pointerMovedLast = false;
+        currentIndex = index;
+        show(index);
+    }
+
+    function pressCurrent() {
+        (currentItem as CalendarDay).press();
     }
 
     /// Puts the keyboard on the selected day and brings it into view.
@@ -68,17 +85,18 @@ ListView {
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentWidth + leftMargin + rightMargin > width
     clip: interactive
-    activeFocusOnTab: count > 0
     keyNavigationEnabled: true
     highlightMoveDuration: 0
-    Accessible.role: Accessible.List
 
     onSelectedIndexChanged: showSelection()
     onContentWidthChanged: layOut()
     onWidthChanged: layOut()
     onCurrentIndexChanged: if (showsFocus) show(currentIndex)
     // Another window may take the keyboard and give it back.
-    onActiveFocusChanged: if (!activeFocus && Window.active) pointerMovedLast = false
+    onHasKeyboardChanged: if (!hasKeyboard && Window.active) pointerMovedLast = false
+    Keys.onReturnPressed: pressCurrent()
+    Keys.onEnterPressed: pressCurrent()
+    Keys.onSpacePressed: pressCurrent()
     Keys.onPressed: event => {
         const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         if (jumps || event.key === Qt.Key_Left || event.key === Qt.Key_Right)

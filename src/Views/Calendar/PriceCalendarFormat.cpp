@@ -58,9 +58,10 @@ QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
     return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
 }
 
-QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &currency,
-                                       bool isSelected) const
+QString PriceCalendarFormat::spokenDay(CountedListModel *days, int row,
+                                       const QString &currency) const
 {
+    const auto price = days->index(row).data(Qt::UserRole).value<DailyPrice>();
     QStringList parts;
     const QString day = formatDateShort(price.date);
     if (!day.isEmpty())
@@ -68,7 +69,5 @@ QString PriceCalendarFormat::spokenDay(const DailyPrice &price, const QString &c
     parts.append(wholeAmount(price.amount) + u' ' + currency);
     if (price.isBestPrice)
         parts.append(u"en uygun gün"_s);
-    if (isSelected)
-        parts.append(u"seçili"_s);
     return parts.join(u", "_s);
 }

@@ -61,29 +61,54 @@ VTRCard {
             }
         }
 
-        DayStrip {
-            id: bars
+        SpokenList {
+            id: days
 
             Layout.fillWidth: true
             // A day is 166 high; above and below it there is room.
             Layout.preferredHeight: 24 + 166 + 8
-            model: calendar.shown.days
-            dayCount: calendar.shown.days.count
-            selectedIndex: calendar.viewModel.selectedDayIndex
-            narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
-            spacing: 12
-            leftMargin: 4
-            rightMargin: 4
-            Accessible.name: "Fiyat grafiği"
+            label: "Günler"
+            count: bars.count
+            currentRow: bars.currentIndex
+            selectedRow: bars.selectedIndex
+            isActive: activeFocus
+            activeFocusOnTab: count > 0
+            Keys.forwardTo: [bars]
+            onRowPressed: row => {
+                bars.moveTo(row);
+                bars.pressCurrent();
+            }
+            onRowFocused: row => bars.moveTo(row)
 
-            delegate: CalendarBarColumn {
-                strip: bars
-                topInStrip: 24
-                fadesIn: calendar.shown.isArriving()
-                currency: calendar.currency
-                maxPrice: calendar.shown.highestPrice
-                selectedDate: calendar.viewModel.selectedDate
-                onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+            function textOf(row: int): string {
+                return PriceCalendarFormat.spokenDay(calendar.shown.days, row, calendar.currency);
+            }
+            function itemOf(row: int): Item {
+                return bars.itemAtIndex(row);
+            }
+
+            DayStrip {
+                id: bars
+
+                anchors.fill: parent
+                keyboard: days
+                model: calendar.shown.days
+                dayCount: calendar.shown.days.count
+                selectedIndex: calendar.viewModel.selectedDayIndex
+                narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
+                spacing: 12
+                leftMargin: 4
+                rightMargin: 4
+
+                delegate: CalendarBarColumn {
+                    strip: bars
+                    topInStrip: 24
+                    fadesIn: calendar.shown.isArriving()
+                    currency: calendar.currency
+                    maxPrice: calendar.shown.highestPrice
+                    selectedDate: calendar.viewModel.selectedDate
+                    onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+                }
             }
         }
 
@@ -91,32 +116,36 @@ VTRCard {
             Layout.fillWidth: true
         }
 
-        DayStrip {
-            id: tiles
-
+        // The same days once more: for the eye and the pointer.
+        Unspoken {
             Layout.fillWidth: true
             // A day is 62 high. Its focus ring needs room inside the clip, 3 more on every side.
             Layout.preferredHeight: 3 + 62 + 4
             Layout.topMargin: -3
             Layout.leftMargin: -1
             Layout.rightMargin: -1
-            model: calendar.shown.days
-            dayCount: calendar.shown.days.count
-            selectedIndex: calendar.viewModel.selectedDayIndex
-            narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
-            widestDay: 140
-            spacing: 10
-            leftMargin: 3
-            rightMargin: 3
-            Accessible.name: "Günler"
 
-            delegate: CalendarTileView {
-                strip: tiles
-                topInStrip: 3
-                fadesIn: calendar.shown.isArriving()
-                currency: calendar.currency
-                selectedDate: calendar.viewModel.selectedDate
-                onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+            DayStrip {
+                id: tiles
+
+                anchors.fill: parent
+                model: calendar.shown.days
+                dayCount: calendar.shown.days.count
+                selectedIndex: calendar.viewModel.selectedDayIndex
+                narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
+                widestDay: 140
+                spacing: 10
+                leftMargin: 3
+                rightMargin: 3
+
+                delegate: CalendarTileView {
+                    strip: tiles
+                    topInStrip: 3
+                    fadesIn: calendar.shown.isArriving()
+                    currency: calendar.currency
+                    selectedDate: calendar.viewModel.selectedDate
+                    onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+                }
             }
         }
     }

@@ -11,10 +11,12 @@ ScrollSheetContent {
     readonly property CityGuideViewModel viewModel: CityGuideViewModel {}
     /// 0 is the guide, 1 the promotions.
     property int activeTab: 0
+    readonly property bool isLoading: viewModel.isLoading
 
     symbol: "map.circle.fill"
     hasDivider: false
     onActiveTabChanged: page.scrollTo(0)
+    onIsLoadingChanged: Speech.say(isLoading ? loading.text : viewModel.guideInfo.city + " rehberi yüklendi")
     Component.onCompleted: {
         viewModel.startLoading(destinationCode);
         tabBar.currentSegment.focus = true;
@@ -32,9 +34,11 @@ ScrollSheetContent {
     }
 
     LoadingPanel {
+        id: loading
+
         objectName: "guideLoadingPanel"
         Layout.fillWidth: true
-        visible: content.viewModel.isLoading
+        visible: content.isLoading
         padding: 50
         text: "Rehber bilgileri yükleniyor..."
         textSize: VTRTheme.calloutSize
@@ -44,14 +48,14 @@ ScrollSheetContent {
     CityGuidePage {
         objectName: "cityGuidePage"
         Layout.fillWidth: true
-        visible: !content.viewModel.isLoading && content.activeTab === 0 && content.viewModel.hasGuideInfo
+        visible: !content.isLoading && content.activeTab === 0 && content.viewModel.hasGuideInfo
         guide: content.viewModel.guideInfo
     }
 
     PromotionsPage {
         objectName: "promotionsPage"
         Layout.fillWidth: true
-        visible: !content.viewModel.isLoading && content.activeTab === 1
+        visible: !content.isLoading && content.activeTab === 1
         promotions: content.viewModel.promotions
     }
 }

@@ -28,8 +28,7 @@ VTRCard {
             color: card.titleColor
             size: 14
             weight: Font.Bold
-            Accessible.role: Accessible.Heading
-            Accessible.name: text
+            role: Accessible.Heading
         }
 
         Repeater {

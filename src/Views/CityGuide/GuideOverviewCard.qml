@@ -32,7 +32,6 @@ VTRCard {
                 font.pixelSize: 22
                 font.weight: Font.Bold
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
         }
 

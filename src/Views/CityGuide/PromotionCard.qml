@@ -18,9 +18,6 @@ VTRCard {
         elide: Text.ElideRight
     }
 
-    Accessible.role: Accessible.Grouping
-    Accessible.name: promotion.title
-
     ColumnLayout {
         anchors.left: parent.left
         anchors.right: parent.right
@@ -36,7 +33,6 @@ VTRCard {
                 font.pixelSize: 15
                 font.weight: Font.Bold
                 Accessible.role: Accessible.Heading
-                Accessible.name: text
             }
 
             Tag {

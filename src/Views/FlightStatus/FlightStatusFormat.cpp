@@ -24,11 +24,16 @@ QString FlightStatusFormat::spokenStatus(const FlightStatusResult &result) const
         estimateText(result.scheduledDeparture, result.estimatedDepartureText());
     const QString arrivalEstimate =
         estimateText(result.scheduledArrival, result.estimatedArrivalText());
-    QStringList parts { result.flightNumber,
+    const auto airport = [](const QString &code, const QString &city) {
+        return city.isEmpty() || city == code ? code : code + u' ' + city;
+    };
+    const QString origin = airport(result.originAirport, result.originCity);
+    const QString destination = airport(result.destinationAirport, result.destinationCity);
+    QStringList parts { u"Vantora "_s + result.flightNumber,
                         result.status,
-                        u"%1 %2 kalkış"_s.arg(result.originAirport, result.scheduledDeparture),
+                        u"%1 %2 kalkış"_s.arg(origin, result.scheduledDeparture),
                         departureEstimate,
-                        u"%1 %2 varış"_s.arg(result.destinationAirport, result.scheduledArrival),
+                        u"%1 %2 varış"_s.arg(destination, result.scheduledArrival),
                         arrivalEstimate,
                         labelled(u"Terminal: "_s, result.terminalText()),
                         labelled(u"Kapı: "_s, result.gateText()),

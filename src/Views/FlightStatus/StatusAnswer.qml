@@ -9,9 +9,23 @@ ColumnLayout {
     id: answer
 
     required property FlightStatusViewModel viewModel
-    readonly property bool hasNothing: !viewModel.hasResult && !viewModel.isLoading
+    readonly property bool isLoading: viewModel.isLoading
+    readonly property string errorMessage: viewModel.errorMessage
+    readonly property bool hasNothing: !viewModel.hasResult && !isLoading
+
+    /// Tells what is under way, or what came of it.
+    function tell() {
+        Speech.say(isLoading ? loading.text
+                             : viewModel.hasErrorMessage ? error.heading + ". " + errorMessage : card.spokenStatus);
+    }
+
+    onIsLoadingChanged: tell()
+    // Refused before it was asked.
+    onErrorMessageChanged: if (!isLoading && viewModel.hasErrorMessage) tell()
 
     StatusResultCard {
+        id: card
+
         objectName: "statusResultCard"
         Layout.fillWidth: true
         visible: answer.viewModel.hasResult
@@ -19,9 +33,11 @@ ColumnLayout {
     }
 
     LoadingPanel {
+        id: loading
+
         objectName: "statusLoadingPanel"
         Layout.fillWidth: true
-        visible: !answer.viewModel.hasResult && answer.viewModel.isLoading
+        visible: !answer.viewModel.hasResult && answer.isLoading
         padding: 50
         text: "Vantora Hava Yolları MCP sunucusundan canlı durum çekiliyor..."
         textSize: VTRTheme.calloutSize
@@ -29,6 +45,8 @@ ColumnLayout {
     }
 
     MessagePanel {
+        id: error
+
         objectName: "statusErrorPanel"
         Layout.fillWidth: true
         visible: answer.hasNothing && answer.viewModel.hasErrorMessage
@@ -37,10 +55,9 @@ ColumnLayout {
         symbolSize: 36
         symbolColor: VTRTheme.gold
         heading: "Uçuş bilgisi alınamadı"
-        text: answer.viewModel.errorMessage
+        text: answer.errorMessage
         hasTools: true
         textSize: VTRTheme.captionSize
-        Accessible.role: Accessible.AlertMessage
     }
 
     MessagePanel {

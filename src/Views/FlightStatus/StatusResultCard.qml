@@ -11,113 +11,120 @@ VTRCard {
     /// A delay is the news, whether the flight is in the air or not.
     readonly property color statusColor: result.isDelayed ? VTRTheme.vtrRed
                                                           : result.isInAir ? VTRTheme.blue : VTRTheme.bestGreen
+    /// All that the card shows, in words.
+    readonly property string spokenStatus: FlightStatusFormat.spokenStatus(result)
 
-    Accessible.role: Accessible.Grouping
-    Accessible.name: FlightStatusFormat.spokenStatus(result)
+    SpokenWhole {
+        width: parent.width
+        height: rows.implicitHeight
+        Accessible.role: Accessible.StaticText
+        Accessible.name: card.spokenStatus
 
-    ColumnLayout {
-        anchors.left: parent.left
-        anchors.right: parent.right
-        spacing: 14
+        ColumnLayout {
+            id: rows
 
-        RowLayout {
-            spacing: VTRTheme.spacing
+            width: parent.width
+            spacing: 14
 
-            PlainText {
-                Layout.maximumWidth: 200
-                text: card.result.flightNumber
-                elide: Text.ElideRight
-                font.pixelSize: 20
-                font.weight: Font.Bold
+            RowLayout {
+                spacing: VTRTheme.spacing
+
+                PlainText {
+                    Layout.maximumWidth: 200
+                    text: card.result.flightNumber
+                    elide: Text.ElideRight
+                    font.pixelSize: 20
+                    font.weight: Font.Bold
+                }
+
+                Tag {
+                    text: "VANTORA"
+                    weight: Font.Normal
+                    verticalPadding: 3
+                }
+
+                Item { Layout.fillWidth: true }
+
+                StatusBadge {
+                    objectName: "statusBadge"
+                    Layout.fillWidth: true
+                    Layout.maximumWidth: implicitWidth
+                    text: card.result.status
+                    color: card.statusColor
+                }
             }
 
-            Tag {
-                text: "VANTORA"
-                weight: Font.Normal
-                verticalPadding: 3
-            }
-
-            Item { Layout.fillWidth: true }
-
-            StatusBadge {
-                objectName: "statusBadge"
+            Divider {
                 Layout.fillWidth: true
-                Layout.maximumWidth: implicitWidth
-                text: card.result.status
-                color: card.statusColor
             }
-        }
 
-        Divider {
-            Layout.fillWidth: true
-        }
+            RowLayout {
+                spacing: VTRTheme.padding
 
-        RowLayout {
-            spacing: VTRTheme.padding
+                StatusRouteEnd {
+                    objectName: "statusDeparture"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.alignment: Qt.AlignTop
+                    code: card.result.originAirport
+                    city: card.result.originCity
+                    scheduled: card.result.scheduledDeparture
+                    estimated: card.result.estimatedDeparture
+                }
 
-            StatusRouteEnd {
-                objectName: "statusDeparture"
+                Symbol {
+                    name: "airplane"
+                    size: 22
+                    color: VTRTheme.textSecondary
+                }
+
+                StatusRouteEnd {
+                    objectName: "statusArrival"
+                    Layout.fillWidth: true
+                    Layout.preferredWidth: 1
+                    Layout.alignment: Qt.AlignTop
+                    alignment: Text.AlignRight
+                    code: card.result.destinationAirport
+                    city: card.result.destinationCity
+                    scheduled: card.result.scheduledArrival
+                    estimated: card.result.estimatedArrival
+                }
+            }
+
+            Flow {
+                id: details
+
+                objectName: "statusDetails"
                 Layout.fillWidth: true
-                Layout.preferredWidth: 1
-                Layout.alignment: Qt.AlignTop
-                code: card.result.originAirport
-                city: card.result.originCity
-                scheduled: card.result.scheduledDeparture
-                estimated: card.result.estimatedDeparture
-            }
+                visible: terminal.hasValue || gate.hasValue || belt.hasValue
+                spacing: VTRTheme.spacing
 
-            Symbol {
-                name: "airplane"
-                size: 22
-                color: VTRTheme.textSecondary
-            }
+                StatusDetail {
+                    id: terminal
 
-            StatusRouteEnd {
-                objectName: "statusArrival"
-                Layout.fillWidth: true
-                Layout.preferredWidth: 1
-                Layout.alignment: Qt.AlignTop
-                alignment: Text.AlignRight
-                code: card.result.destinationAirport
-                city: card.result.destinationCity
-                scheduled: card.result.scheduledArrival
-                estimated: card.result.estimatedArrival
-            }
-        }
+                    symbol: "building.2"
+                    label: "Terminal"
+                    value: card.result.terminal
+                    widest: details.width
+                }
 
-        Flow {
-            id: details
+                StatusDetail {
+                    id: gate
 
-            objectName: "statusDetails"
-            Layout.fillWidth: true
-            visible: terminal.hasValue || gate.hasValue || belt.hasValue
-            spacing: VTRTheme.spacing
+                    symbol: "door.left.hand.open"
+                    label: "Kapı"
+                    value: card.result.gate
+                    widest: details.width
+                }
 
-            StatusDetail {
-                id: terminal
+                StatusDetail {
+                    id: belt
 
-                symbol: "building.2"
-                label: "Terminal"
-                value: card.result.terminal
-                widest: details.width
-            }
-
-            StatusDetail {
-                id: gate
-
-                symbol: "door.left.hand.open"
-                label: "Kapı"
-                value: card.result.gate
-                widest: details.width
-            }
-
-            StatusDetail {
-                id: belt
-
-                symbol: "bag.badge.questionmark"
-                label: "Bagaj"
-                value: card.result.baggageBelt
-                widest: details.width
+                    symbol: "bag.badge.questionmark"
+                    label: "Bagaj"
+                    value: card.result.baggageBelt
+                    widest: details.width
+                }
             }
         }
     }

@@ -31,5 +31,13 @@ QString FlightCardFormat::spokenFlight(const FlightOption &flight) const
     const QString warning = lowSeatWarning(flight);
     if (!warning.isEmpty())
         parts.append(warning);
+    parts += { flight.aircraft, u"İkram"_s, u"23 kg"_s, u"VTR'de Satın Al"_s };
+    parts.removeAll(QString());
     return parts.join(u", "_s);
+}
+
+QString FlightCardFormat::spokenCount(int flights) const
+{
+    return flights == 0 ? u"Bu tarihte tarifeli uçuş bulunamadı"_s
+                        : u"%1 uçuş bulundu"_s.arg(flights);
 }

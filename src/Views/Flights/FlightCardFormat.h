@@ -19,6 +19,8 @@ public:
     Q_INVOKABLE QString stopsText(bool isDirect) const;
     /// "Son 3 Koltuk!" when few seats are left; empty when many are or their number is not known.
     Q_INVOKABLE QString lowSeatWarning(const FlightOption &flight) const;
-    /// What a screen reader says of the flight: number, times, stops, price.
+    /// What a screen reader says of the flight: everything that its card shows.
     Q_INVOKABLE QString spokenFlight(const FlightOption &flight) const;
+    /// "8 uçuş bulundu", or that there is none.
+    Q_INVOKABLE QString spokenCount(int flights) const;
 };

@@ -19,11 +19,6 @@ Item {
     }
 
     implicitHeight: 104
-    Accessible.role: Accessible.Button
-    Accessible.name: FlightCardFormat.spokenFlight(flight)
-    Accessible.description: "VTR'de Satın Al"
-    Accessible.focusable: true
-    Accessible.onPressAction: card.book()
 
     HoverHandler {
         id: hover
@@ -116,8 +111,6 @@ Item {
 
                 anchors.right: parent.right
                 focusPolicy: Qt.NoFocus
-                // The card itself is what assistive technology presses.
-                Accessible.ignored: true
                 text: "VTR'de Satın Al"
                 horizontalPadding: 14
                 verticalPadding: 8

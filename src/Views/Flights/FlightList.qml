@@ -27,8 +27,6 @@ FocusScope {
     // Cards that are not seen do not act.
     enabled: visible
     activeFocusOnTab: count > 0
-    Accessible.role: Accessible.List
-    Accessible.name: "Uçuşlar"
 
     // Another window may take the keyboard and give it back.
     onActiveFocusChanged: if (!activeFocus && Window.active) pointerMovedLast = false
@@ -43,44 +41,70 @@ FocusScope {
         rowCount: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
     }
 
-    Repeater {
-        model: cards.rows
+    SpokenList {
+        anchors.fill: parent
+        label: "Uçuşlar"
+        count: area.count
+        currentRow: cards.currentRow
+        isActive: area.activeFocus
+        onRowPressed: row => ExternalLinks.openBooking(area.flights.at(row))
+        onRowFocused: row => {
+            area.forceActiveFocus(Qt.TabFocusReason);
+            area.moveTo(row);
+        }
 
-        delegate: FlightCardView {
-            id: card
-
-            required property flightRow flightRow
-            readonly property bool isCurrent: !flightRow.isLeaving && flightRow.row === cards.currentRow
-            property bool hasAppeared: !cards.isRearranging()
-
-            flight: flightRow.flight
-            y: flightRow.row * area.cardPitch
-            width: area.width
-            height: area.cardHeight
-            opacity: hasAppeared && !flightRow.isLeaving ? 1 : 0
-            enabled: !flightRow.isLeaving
-            focus: isCurrent
-            showsFocus: area.showsFocus && isCurrent
-            Accessible.ignored: flightRow.isLeaving
-            Component.onCompleted: hasAppeared = true
-            Keys.onReturnPressed: book()
-            Keys.onEnterPressed: book()
-            Keys.onSpacePressed: book()
-
-            Behavior on y {
-                EaseInOut { duration: cards.motionDuration }
+        function textOf(row: int): string {
+            return FlightCardFormat.spokenFlight(area.flights.at(row));
+        }
+        function itemOf(row: int): Item {
+            for (let i = 0; i < repeater.count; ++i) {
+                const card = repeater.itemAt(i);
+                if (card.y === row * area.cardPitch)
+                    return card;
             }
-            Behavior on opacity {
-                EaseInOut { duration: cards.motionDuration }
-            }
+            return null;
+        }
 
-            TapHandler {
-                onPressedChanged: {
-                    if (!pressed)
-                        return;
-                    area.pointerMovedLast = true;
-                    cards.currentRow = card.flightRow.row;
-                    area.forceActiveFocus(Qt.MouseFocusReason);
+        Repeater {
+            id: repeater
+
+            model: cards.rows
+
+            delegate: FlightCardView {
+                id: card
+
+                required property flightRow flightRow
+                readonly property bool isCurrent: !flightRow.isLeaving && flightRow.row === cards.currentRow
+                property bool hasAppeared: !cards.isRearranging()
+
+                flight: flightRow.flight
+                y: flightRow.row * area.cardPitch
+                width: area.width
+                height: area.cardHeight
+                opacity: hasAppeared && !flightRow.isLeaving ? 1 : 0
+                enabled: !flightRow.isLeaving
+                focus: isCurrent
+                showsFocus: area.showsFocus && isCurrent
+                Component.onCompleted: hasAppeared = true
+                Keys.onReturnPressed: book()
+                Keys.onEnterPressed: book()
+                Keys.onSpacePressed: book()
+
+                Behavior on y {
+                    EaseInOut { duration: cards.motionDuration }
+                }
+                Behavior on opacity {
+                    EaseInOut { duration: cards.motionDuration }
+                }
+
+                TapHandler {
+                    onPressedChanged: {
+                        if (!pressed)
+                            return;
+                        area.pointerMovedLast = true;
+                        cards.currentRow = card.flightRow.row;
+                        area.forceActiveFocus(Qt.MouseFocusReason);
+                    }
                 }
             }
         }

@@ -31,6 +31,14 @@ VTRCard {
         Accessible.ignored: true
     }
 
+    /// Tells what is under way, or what came of it.
+    function tell() {
+        Speech.say(isSearching ? "Uçuşlar yükleniyor..."
+                               : viewModel.hasErrorMessage ? viewModel.errorMessage
+                                                           : FlightCardFormat.spokenCount(viewModel.filteredFlights.count));
+    }
+
+    onIsSearchingChanged: tell()
     implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
     // The note comes and goes above the cards that one looks at.
@@ -85,7 +93,10 @@ VTRCard {
             id: chips
 
             currentOption: section.viewModel.activeFilter
-            onChosen: option => section.viewModel.applyFilter(option)
+            onChosen: option => {
+                section.viewModel.applyFilter(option);
+                section.tell();
+            }
         }
 
         EarlierFlightsNote {

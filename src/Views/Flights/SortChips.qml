@@ -50,7 +50,6 @@ Row {
                 font.pixelSize: 12
                 font.weight: chip.isCurrent ? Font.DemiBold : Font.Normal
                 color: chip.isCurrent || chip.hovered ? VTRTheme.textPrimary : VTRTheme.textSecondary
-                Accessible.ignored: true
             }
         }
     }

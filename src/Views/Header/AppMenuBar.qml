@@ -12,6 +12,7 @@ T.MenuBar {
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     leftPadding: 20
+    Accessible.name: "Menü çubuğu"
     topPadding: 4
 
     background: Rectangle {
@@ -31,7 +32,10 @@ T.MenuBar {
         implicitHeight: implicitContentHeight + topPadding + bottomPadding
         horizontalPadding: 8
         verticalPadding: 4
+        readonly property bool isExpanded: menu.visible
+
         Accessible.name: text.replace("&", "")
+        Accessible.onPressAction: barItem.menu.open()
         Keys.onReturnPressed: menu.open()
         Keys.onEnterPressed: menu.open()
         Keys.onSpacePressed: menu.open()

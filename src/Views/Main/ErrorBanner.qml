@@ -42,6 +42,7 @@ Item {
         maximumLineCount: tools.isUnfolded ? 10000 : 4
         elide: Text.ElideRight
         text: banner.text
+        Accessible.ignored: true
     }
 
     MessageTools {

@@ -6,6 +6,8 @@ Column {
     component Heading: PlainText {
         font.pixelSize: 26
         font.weight: Font.ExtraBold
+        // The whole line is told as one.
+        Accessible.ignored: true
     }
 
     spacing: VTRTheme.spacing

@@ -2,6 +2,8 @@
 
 #include "Models/AirportDatabase.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int airportRole = Qt::UserRole;
@@ -37,6 +39,16 @@ int AirportListModel::rowOf(const QString &code) const
 QString AirportListModel::codeAt(int row) const
 {
     return row >= 0 && row < m_matches.size() ? m_matches.at(row).code : QString();
+}
+
+QString AirportListModel::spokenAt(int row) const
+{
+    if (row < 0 || row >= m_matches.size())
+        return {};
+    const Airport &airport = m_matches.at(row);
+    const QString hub = airport.hub ? u", HUB"_s : QString();
+    return QStringList { airport.code, airport.city, airport.country, airport.name }.join(u", "_s)
+        + hub;
 }
 
 int AirportListModel::rowCount(const QModelIndex &parent) const

@@ -18,6 +18,14 @@ FocusScope {
     objectName: "airportPicker"
     focus: true
 
+    /// The arrows moved last: a screen reader follows them through the rows, until something is typed.
+    property bool isInRows: false
+
+    function tellRow() {
+        isInRows = true;
+        rows.sayCurrentRow();
+    }
+
     function takeMarked() {
         if (list.currentIndex >= 0)
             chosen(airports.codeAt(list.currentIndex));
@@ -35,6 +43,16 @@ FocusScope {
     }
 
     Component.onCompleted: filter("")
+
+    // What is found is told when the typing pauses.
+    Timer {
+        id: news
+
+        interval: 500
+        onTriggered: Speech.say(airports.count > 0 ? rows.textOf(list.currentIndex) + ", " + (list.currentIndex + 1)
+                                                     + " / " + airports.count
+                                                   : nothing.heading)
+    }
 
     AirportListModel {
         id: airports
@@ -61,7 +79,6 @@ FocusScope {
                 x: VTRTheme.padding
                 y: VTRTheme.spacing
                 width: parent.width - 2 * VTRTheme.padding
-                readonly property AirportRowView marked: list.currentItem as AirportRowView
 
                 focus: true
                 color: VTRTheme.cardBg
@@ -69,11 +86,22 @@ FocusScope {
                 label: "Havalimanı ara"
                 prompt: "Şehir, ülke veya havalimanı kodu (örn: IST, Londra, JFK)..."
                 clearable: true
-                description: marked ? marked.text : prompt
-                onTextChanged: picker.filter(text)
+                onTextChanged: {
+                    picker.filter(text);
+                    if (picker.isInRows)
+                        Speech.focus(field.textInput);
+                    picker.isInRows = false;
+                    news.restart();
+                }
                 onAccepted: picker.takeMarked()
-                Keys.onDownPressed: list.incrementCurrentIndex()
-                Keys.onUpPressed: list.decrementCurrentIndex()
+                Keys.onDownPressed: {
+                    list.incrementCurrentIndex();
+                    picker.tellRow();
+                }
+                Keys.onUpPressed: {
+                    list.decrementCurrentIndex();
+                    picker.tellRow();
+                }
                 Keys.onPressed: event => {
                     const rowHeight = (list.contentHeight + list.spacing) / Math.max(list.count, 1);
                     const page = Math.max(1, Math.floor(list.height / rowHeight));
@@ -83,13 +111,14 @@ FocusScope {
                         return;
                     list.currentIndex = Math.max(0, Math.min(list.currentIndex + step, list.count - 1));
                     list.positionViewAtIndex(list.currentIndex, ListView.Contain);
+                    picker.tellRow();
                 }
             }
         }
     }
 
-    ListView {
-        id: list
+    SpokenList {
+        id: rows
 
         anchors.top: top.bottom
         anchors.topMargin: top.spacing
@@ -97,40 +126,66 @@ FocusScope {
         x: VTRTheme.padding
         // The scroll bar has the room beside the rows.
         width: parent.width - VTRTheme.padding
-        bottomMargin: 12
-        spacing: 4
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
-        // Buffered rows are made in the background: while one types, what comes into view would
-        // still be missing.
-        cacheBuffer: 0
-        model: airports
-        Accessible.role: Accessible.List
-        Accessible.name: "Havalimanları"
-
-        delegate: AirportRowView {
-            required property int index
-
-            width: ListView.view.width - VTRTheme.padding
-            isSelected: airport.code === picker.selectedCode
-            isMarked: ListView.isCurrentItem
-            onClicked: picker.chosen(airport.code)
+        label: "Havalimanları"
+        count: airports.count
+        currentRow: list.currentIndex
+        selectedRow: airports.count > 0 ? airports.rowOf(picker.selectedCode) : -1
+        isActive: picker.isInRows
+        onRowPressed: row => picker.chosen(airports.codeAt(row))
+        onRowFocused: row => {
+            list.currentIndex = row;
+            list.positionViewAtIndex(row, ListView.Contain);
+            picker.tellRow();
         }
 
-        MessagePanel {
-            objectName: "noAirports"
-            width: parent.width - VTRTheme.padding
-            visible: list.count === 0
-            padding: 40
-            symbol: "airplane.circle"
-            symbolSize: 36
-            heading: "Eşleşen havalimanı bulunamadı"
-            headingColor: VTRTheme.textMuted
-            headingSize: VTRTheme.calloutSize
-            headingWeight: Font.Normal
+        function textOf(row: int): string {
+            return airports.spokenAt(row);
+        }
+        function itemOf(row: int): Item {
+            return list.itemAtIndex(row);
         }
 
-        T.ScrollBar.vertical: PageScrollBar {}
+        ListView {
+            id: list
+
+            anchors.fill: parent
+            bottomMargin: 12
+            spacing: 4
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            highlightMoveDuration: 0
+            // Buffered rows are made in the background: while one types, what comes into view would
+            // still be missing.
+            cacheBuffer: 0
+            model: airports
+
+            delegate: AirportRowView {
+                required property int index
+
+                width: ListView.view.width - VTRTheme.padding
+                isSelected: airport.code === picker.selectedCode
+                isMarked: ListView.isCurrentItem
+                onClicked: picker.chosen(airport.code)
+            }
+
+            T.ScrollBar.vertical: PageScrollBar {}
+        }
+    }
+
+    MessagePanel {
+        id: nothing
+
+        objectName: "noAirports"
+        x: rows.x
+        y: rows.y
+        width: rows.width - VTRTheme.padding
+        visible: list.count === 0
+        padding: 40
+        symbol: "airplane.circle"
+        symbolSize: 36
+        heading: "Eşleşen havalimanı bulunamadı"
+        headingColor: VTRTheme.textMuted
+        headingSize: VTRTheme.calloutSize
+        headingWeight: Font.Normal
     }
 }

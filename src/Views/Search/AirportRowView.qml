@@ -15,9 +15,6 @@ BaseButton {
     readonly property bool isHovered: hovered
 
     focusPolicy: Qt.NoFocus
-    text: airport.code + ", " + airport.city + ", " + airport.country + ", " + airport.name
-    Accessible.selectable: true
-    Accessible.selected: isSelected
     verticalPadding: 10
     horizontalPadding: 12
 

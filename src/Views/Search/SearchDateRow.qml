@@ -8,7 +8,9 @@ Row {
 
     required property FlightSearchViewModel viewModel
 
+    // The name of the field under it.
     component Caption: PlainText {
+        Accessible.ignored: true
         font.pixelSize: 11
         font.weight: Font.Bold
         color: VTRTheme.textMuted

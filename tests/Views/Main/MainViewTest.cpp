@@ -31,7 +31,7 @@ private Q_SLOTS:
     void keyboardMovesThroughTheDaysAndTheCards()
     {
         waitForTheCalendar();
-        m_window->itemsOfType("DayStrip").constFirst()->forceActiveFocus(Qt::TabFocusReason);
+        m_window->itemsOfType("SpokenList").constFirst()->forceActiveFocus(Qt::TabFocusReason);
         m_window->key(Qt::Key_Home);
         m_window->key(Qt::Key_Right);
         m_window->key(Qt::Key_Return);

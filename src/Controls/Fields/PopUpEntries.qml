@@ -1,0 +1,35 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantora.Controls
+
+/// The entries of a menu that has dropped down.
+SpokenList {
+    id: list
+
+    required property T.ComboBox menu
+
+    implicitHeight: entries.contentHeight
+    count: menu.count
+    currentRow: menu.highlightedIndex
+    selectedRow: menu.currentIndex
+    isActive: menu.down
+    onRowPressed: row => (entries.itemAtIndex(row) as T.ItemDelegate).clicked()
+
+    function textOf(row: int): string {
+        return menu.textAt(row);
+    }
+    function itemOf(row: int): Item {
+        return entries.itemAtIndex(row);
+    }
+
+    ListView {
+        id: entries
+
+        anchors.fill: parent
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        model: list.menu.delegateModel
+        currentIndex: list.menu.highlightedIndex
+        highlightMoveDuration: 0
+    }
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QQuickItem>
+
+/// Speaks to the users of a screen reader.
+class Speech : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    /// Has the text read out, wherever the user is; for what happened and is seen on the screen.
+    Q_INVOKABLE static void say(const QString &text);
+    /// Tells that the item has the keyboard, as after a menu of it has closed.
+    Q_INVOKABLE static void focus(QQuickItem *item);
+};

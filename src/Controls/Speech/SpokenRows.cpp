@@ -1,0 +1,194 @@
+#include "Controls/Speech/SpokenRows.h"
+
+#include "Controls/Look/ShownText.h"
+#include "Controls/Speech/SpokenNode.h"
+#include "Controls/Speech/TopLayer.h"
+
+#include <QPointer>
+#include <QQuickWindow>
+
+namespace {
+
+class SpokenRow : public QAccessibleInterface, public QAccessibleActionInterface
+{
+public:
+    SpokenRow(SpokenRows *rows, int row)
+        : m_rows(rows)
+        , m_row(row)
+    { }
+
+    int row() const { return m_row; }
+
+    bool isValid() const override { return m_rows && m_row < m_rows->count(); }
+    QObject *object() const override { return nullptr; }
+    QWindow *window() const override { return m_rows ? m_rows->window() : nullptr; }
+    QAccessibleInterface *parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(m_rows);
+    }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    void setText(QAccessible::Text, const QString &) override { }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return isValid() && kind == QAccessible::Name
+            ? ShownText::of(m_rows->textOfRow(m_row), false)
+            : QString();
+    }
+
+    QRect rect() const override
+    {
+        const QQuickItem *item = isValid() ? m_rows->itemOfRow(m_row) : nullptr;
+        return item ? Spoken::screenRect(item) : QRect();
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        if (!isValid()) {
+            state.invalid = true;
+            return state;
+        }
+        state = Spoken::baseState(m_rows);
+        state.offscreen = !m_rows->window() || !m_rows->window()->geometry().intersects(rect());
+        state.focusable = state.selectable = true;
+        state.focused = m_rows->isActive() && m_rows->currentRow() == m_row;
+        state.selected = m_rows->selectedRow() == m_row;
+        return state;
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface
+            ? static_cast<QAccessibleActionInterface *>(this)
+            : nullptr;
+    }
+
+    QStringList actionNames() const override { return { pressAction(), setFocusAction() }; }
+
+    void doAction(const QString &action) override
+    {
+        if (!isValid() || !m_rows->isEnabled() || !TopLayer::holds(m_rows))
+            return;
+        if (action == pressAction())
+            Q_EMIT m_rows->rowPressed(m_row);
+        else if (action == setFocusAction())
+            Q_EMIT m_rows->rowFocused(m_row);
+    }
+
+    QStringList keyBindingsForAction(const QString &) const override { return {}; }
+
+private:
+    QPointer<SpokenRows> m_rows;
+    int m_row;
+};
+
+class SpokenList : public QAccessibleObject
+{
+public:
+    using QAccessibleObject::QAccessibleObject;
+
+    SpokenRows *rows() const { return static_cast<SpokenRows *>(object()); }
+
+    QWindow *window() const override { return rows()->window(); }
+    QAccessibleInterface *parent() const override { return Spoken::parentOf(rows()); }
+    QAccessibleInterface *child(int index) const override { return rows()->row(index); }
+    int childCount() const override { return rows()->count(); }
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        const auto *row = dynamic_cast<const SpokenRow *>(child);
+        return row ? row->row() : -1;
+    }
+    QRect rect() const override { return Spoken::screenRect(rows()); }
+    QAccessible::Role role() const override { return QAccessible::List; }
+    QAccessible::State state() const override { return Spoken::baseState(rows()); }
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name ? Spoken::attached(rows(), "name").toString() : QString();
+    }
+};
+
+} // namespace
+
+QAccessibleInterface *makeSpokenList(SpokenRows *rows) { return new SpokenList(rows); }
+
+SpokenRows::~SpokenRows()
+{
+    for (const QAccessible::Id id : std::as_const(m_rows))
+        QAccessible::deleteAccessibleInterface(id);
+}
+
+void SpokenRows::setCount(int count)
+{
+    if (m_count == count)
+        return;
+    m_count = count;
+    Q_EMIT countChanged();
+}
+
+void SpokenRows::setCurrentRow(int row)
+{
+    if (m_currentRow == row)
+        return;
+    m_currentRow = row;
+    Q_EMIT currentRowChanged();
+    sayCurrentRow();
+}
+
+void SpokenRows::setActive(bool isActive)
+{
+    if (m_isActive == isActive)
+        return;
+    m_isActive = isActive;
+    Q_EMIT isActiveChanged();
+    sayCurrentRow();
+}
+
+QString SpokenRows::textOfRow(int row) const
+{
+    QString text;
+    QMetaObject::invokeMethod(const_cast<SpokenRows *>(this), "textOf", Q_RETURN_ARG(QString, text),
+                              Q_ARG(int, row));
+    return text;
+}
+
+QQuickItem *SpokenRows::itemOfRow(int row) const
+{
+    QQuickItem *item = nullptr;
+    QMetaObject::invokeMethod(const_cast<SpokenRows *>(this), "itemOf",
+                              Q_RETURN_ARG(QQuickItem *, item), Q_ARG(int, row));
+    return item;
+}
+
+QAccessibleInterface *SpokenRows::row(int row)
+{
+    if (row < 0 || row >= m_count)
+        return nullptr;
+    QAccessible::Id &id = m_rows[row];
+    if (QAccessibleInterface *known = id ? QAccessible::accessibleInterface(id) : nullptr)
+        return known;
+    id = QAccessible::registerAccessibleInterface(new SpokenRow(this, row));
+    return QAccessible::accessibleInterface(id);
+}
+
+void SpokenRows::sayCurrentRow()
+{
+    if (m_isSaying || !m_isActive || !QAccessible::isActive())
+        return;
+    m_isSaying = true;
+    QMetaObject::invokeMethod(this, &SpokenRows::tellCurrentRow, Qt::QueuedConnection);
+}
+
+void SpokenRows::tellCurrentRow()
+{
+    m_isSaying = false;
+    QAccessibleInterface *current = m_isActive ? row(m_currentRow) : nullptr;
+    if (!current)
+        return;
+    QAccessibleEvent event(current, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}

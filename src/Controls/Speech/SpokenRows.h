@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QAccessible>
+#include <QHash>
+#include <QQmlEngine>
+#include <QQuickItem>
+
+/// Tells assistive technology that a view is one list: how many rows it has, in which order, and
+/// which of them has the keyboard, whichever of them exist as items. The view lies inside it, and
+/// its items are not told. While `isActive`, each move of `currentRow` is spoken.
+///
+/// The owner defines these functions, which are asked when assistive technology asks:
+///  - `textOf(row: int): string`, what is said of a row;
+///  - `itemOf(row: int): Item`, where the row is; null where it does not exist.
+class SpokenRows : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(int count MEMBER m_count WRITE setCount NOTIFY countChanged)
+    /// -1 for none.
+    Q_PROPERTY(int currentRow MEMBER m_currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
+    /// The row chosen so far; -1 for none.
+    Q_PROPERTY(int selectedRow MEMBER m_selectedRow NOTIFY selectedRowChanged)
+    /// The keyboard is in the list.
+    Q_PROPERTY(bool isActive MEMBER m_isActive WRITE setActive NOTIFY isActiveChanged)
+
+public:
+    using QQuickItem::QQuickItem;
+    ~SpokenRows() override;
+
+    int count() const { return m_count; }
+    void setCount(int count);
+    int currentRow() const { return m_currentRow; }
+    void setCurrentRow(int row);
+    int selectedRow() const { return m_selectedRow; }
+    bool isActive() const { return m_isActive; }
+    void setActive(bool isActive);
+
+    QString textOfRow(int row) const;
+    QQuickItem *itemOfRow(int row) const;
+    /// Null for a row that there is not.
+    QAccessibleInterface *row(int row);
+
+    /// Says the current row again, as after a change of its text. It is said once, when everything
+    /// that goes with the change has been done.
+    Q_INVOKABLE void sayCurrentRow();
+
+Q_SIGNALS:
+    void countChanged();
+    void currentRowChanged();
+    void selectedRowChanged();
+    void isActiveChanged();
+    /// Assistive technology pressed a row.
+    void rowPressed(int row);
+    /// Assistive technology asks for the keyboard to come to a row.
+    void rowFocused(int row);
+
+private:
+    void tellCurrentRow();
+
+    QHash<int, QAccessible::Id> m_rows;
+    int m_count = 0;
+    int m_currentRow = -1;
+    int m_selectedRow = -1;
+    bool m_isActive = false;
+    bool m_isSaying = false;
+};
+
+/// The interface of a SpokenRows.
+QAccessibleInterface *makeSpokenList(SpokenRows *rows);
