@@ -4,6 +4,7 @@
 #include <QRegularExpression>
 
 #include <ctime>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -47,29 +48,24 @@ private Q_SLOTS:
         QCOMPARE(move(at(2028, 2, 1), Qt::Key_Tab), at(2028, 2, 1));
     }
 
-    void clocksPutForward_data()
-    {
-        QTest::addColumn<QDate>("day");
-        QTest::addColumn<QTime>("time"); // skipped on that day, or there twice
-        QTest::newRow("America/New_York") << QDate(2026, 3, 8) << QTime(2, 30);
-        QTest::newRow("Asia/Beirut") << QDate(2022, 3, 27) << QTime(0, 0);
-        QTest::newRow("Europe/London") << QDate(2026, 10, 25) << QTime(1, 30);
-    }
     void clocksPutForward()
     {
-        QFETCH(const QDate, day);
-        QFETCH(const QTime, time);
-        setZone(QTest::currentDataTag());
-        // The day counts, forwards, backwards and past it.
-        const DateEditing editing;
-        const QDateTime eve(day.addDays(-1), time);
-        const QDateTime morrow(day.addDays(1), time);
-        const QDateTime moved = editing.addDays(eve, 1);
-        QVERIFY(moved.isValid());
-        QCOMPARE(moved.date(), day);
-        QCOMPARE(editing.addDays(morrow, -1).date(), day);
-        QCOMPARE(editing.addDays(eve, 2), morrow);
-        QCOMPARE(editing.onDay(eve, day.year(), day.month() - 1, day.day()).date(), day);
+        // A time that is skipped on that day, or there twice.
+        for (const auto &[zone, day, time] :
+             { std::tuple("America/New_York", QDate(2026, 3, 8), QTime(2, 30)),
+               { "Asia/Beirut", QDate(2022, 3, 27), QTime(0, 0) },
+               { "Europe/London", QDate(2026, 10, 25), QTime(1, 30) } }) {
+            setZone(zone);
+            // The day counts, forwards, backwards and past it.
+            const DateEditing editing;
+            const QDateTime eve(day.addDays(-1), time);
+            const QDateTime morrow(day.addDays(1), time);
+            QVERIFY(editing.addDays(eve, 1).isValid());
+            QCOMPARE(editing.addDays(eve, 1).date(), day);
+            QCOMPARE(editing.addDays(morrow, -1).date(), day);
+            QCOMPARE(editing.addDays(eve, 2), morrow);
+            QCOMPARE(editing.onDay(eve, day.year(), day.month() - 1, day.day()).date(), day);
+        }
     }
 
     void textThatFits()
@@ -86,32 +82,20 @@ private Q_SLOTS:
         QCOMPARE(editing.fittingText(moment, font, 0), u"5 Ara"_s);
     }
 
-    void arrowsStepTheClosedField()
+    void daysAreChosenByKeyboard()
     {
         const TestWindow page(field);
-        QVERIFY(page.isReady());
         page.focus(u"field"_s);
-        page.key(Qt::Key_Right);
-        page.key(Qt::Key_Up);
-        QCOMPARE(page.state("day").toDateTime(), at(2027, 1, 1));
-        page.key(Qt::Key_Left);
-        page.key(Qt::Key_Down);
-        page.key(Qt::Key_Down);
-        QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 29));
-        QCOMPARE(page.state("edits").toInt(), 5);
+        for (const Qt::Key key : { Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left,
+                                   Qt::Key_Up, Qt::Key_Down, Qt::Key_Down })
+            page.key(key);
         QCOMPARE(page.focusedName(), u"Gidiş Tarihi"_s);
         QVERIFY(accessible(page.focused())
                     ->text(QAccessible::Description)
-                    .startsWith(u"29 Aralık 2026 Salı"_s));
-    }
-
-    void panelTakesWhatTheKeyboardChose()
-    {
-        const TestWindow page(field);
-        QVERIFY(page.isReady());
+                    .startsWith(u"31 Aralık 2026 Perşembe"_s));
+        QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 31));
         for (const Qt::Key opener : { Qt::Key_Return, Qt::Key_Space }) {
             const QDateTime before = page.state("day").toDateTime();
-            page.focus(u"field"_s);
             page.key(opener);
             QTRY_VERIFY(page.called(u"Takvim"_s));
             QTRY_COMPARE(accessible(page.focused())->role(), QAccessible::List);
@@ -124,13 +108,12 @@ private Q_SLOTS:
             QTRY_COMPARE(page.focused(), page.named(u"field"_s));
             QTRY_VERIFY(page.focused()->property("visualFocus").toBool());
         }
-        QCOMPARE(page.state("edits").toInt(), 2);
+        QCOMPARE(page.state("edits").toInt(), 7 + 2);
     }
 
     void panelLeavesWithoutChange()
     {
         const TestWindow page(field);
-        QVERIFY(page.isReady());
         for (const bool isEscaped : { true, false }) {
             page.focus(u"field"_s);
             page.key(Qt::Key_Space);
@@ -155,7 +138,6 @@ private Q_SLOTS:
     void panelByPointerAndAssistiveTechnology()
     {
         const TestWindow page(field);
-        QVERIFY(page.isReady());
         page.click(page.named(u"field"_s));
         QTRY_VERIFY(page.called(u"Sonraki ay"_s));
         // The first day shown is the Monday before the month's first.

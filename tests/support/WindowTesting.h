@@ -13,7 +13,7 @@ QString accessibleName(QQuickItem *item);
 /// Once in a test program, before its first window.
 void prepareWindows();
 
-/// A window under a user's hands and eyes.
+/// A window under a user's hands and eyes. It has the keyboard.
 class TestWindow : public WindowDriver
 {
 public:
@@ -22,8 +22,6 @@ public:
     /// A window of 900 × 700 with the id `page` that holds nothing but these controls, in QML.
     explicit TestWindow(const QByteArray &controls);
 
-    /// Whether it is loaded and has the keyboard.
-    bool isReady() const { return m_isReady; }
     /// Starts a search and waits for its end.
     bool search() const;
     QVariant state(const char *property) const { return m_window->property(property); }
@@ -68,7 +66,6 @@ private:
     void activate();
 
     QQmlApplicationEngine m_engine;
-    bool m_isReady = false;
 };
 
 /// A test class in which each test has a window of its own, on a scripted server, as it stands

@@ -23,8 +23,9 @@ private Q_SLOTS:
             m_window->click(day);
             QVERIFY(m_window->waitForSearch());
             QCOMPARE(questions().size(), index - 1);
-            QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-0%1"_s.arg(++index));
+            QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-0%1"_s.arg(index + 1));
             QVERIFY(day->property("isSelected").toBool());
+            ++index;
         }
     }
 
