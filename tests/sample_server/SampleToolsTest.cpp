@@ -102,7 +102,7 @@ private Q_SLOTS:
                 QCOMPARE(error.message, message);
             }
         };
-        const auto party = [](const QJsonValue &quantity) {
+        const auto party = [](double quantity) {
             return QJsonArray { QJsonObject { { u"passengerType"_s, u"ADT"_s },
                                               { u"quantity"_s, quantity } } };
         };
