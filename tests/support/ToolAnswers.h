@@ -47,7 +47,7 @@ inline ScriptedAnswer flightsAnswer(const QList<Offer> &offers)
         for (int index = 0; index < offer.segments; ++index)
             segments.append(segment);
         options.append(QJsonObject { { u"flightSegments"_s, segments },
-                                     { u"journeyDuration"_s, offer.minutes * 60'000 },
+                                     { u"journeyDuration"_s, offer.minutes * 60'000LL },
                                      { u"cheapestPriceAmount"_s, offer.price } });
     }
     const QJsonObject information { { u"originDestinationOptions"_s, options } };
