@@ -3,6 +3,7 @@
 #include <QAccessibleObject>
 #include <QQmlEngine>
 #include <QQuickItem>
+#include <QQuickWindow>
 
 /// Nothing of what lies in it is told. Above it there may be no item that is.
 class Unspoken : public QQuickItem
