@@ -20,12 +20,13 @@ QString languageTag()
     return locale.language() == QLocale::C ? QStringLiteral("tr") : locale.bcp47Name();
 }
 
+thread_local QString madeFor;
+thread_local std::unique_ptr<icu::NumberFormat> format;
+
 /// The formatter of the user's locale, made once for each thread and locale; null when ICU has
 /// none.
 icu::NumberFormat *currencyFormat()
 {
-    thread_local QString madeFor;
-    thread_local std::unique_ptr<icu::NumberFormat> format;
     const QString tag = languageTag();
     if (tag == madeFor)
         return format.get();
@@ -45,15 +46,15 @@ QString formatted(double amount, const QString &currencyCode)
 {
     if (currencyCode.size() != 3)
         return {};
-    icu::NumberFormat *format = currencyFormat();
-    if (!format)
+    icu::NumberFormat *formatter = currencyFormat();
+    if (!formatter)
         return {};
     UErrorCode status = U_ZERO_ERROR;
-    format->setCurrency(reinterpret_cast<const char16_t *>(currencyCode.utf16()), status);
+    formatter->setCurrency(reinterpret_cast<const char16_t *>(currencyCode.utf16()), status);
     // The currency brings its own.
-    format->setMaximumFractionDigits(0);
+    formatter->setMaximumFractionDigits(0);
     icu::UnicodeString text;
-    format->format(amount, text, nullptr, status);
+    formatter->format(amount, text, nullptr, status);
     if (U_FAILURE(status))
         return {};
     return QString::fromUtf16(text.getBuffer(), text.length());

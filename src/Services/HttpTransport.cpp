@@ -51,7 +51,7 @@ QFuture<HttpAnswer> HttpTransport::post(const HttpHeaders &headers, const QByteA
 {
     const HttpRequest request { .url = m_url, .headers = headers, .body = body };
     auto *exchange = new HttpExchange(request, m_limits);
-    const QFuture<HttpAnswer> answer = exchange->answer();
+    QFuture<HttpAnswer> answer = exchange->answer();
     if (m_isStopped) {
         delete exchange;
         return answer;

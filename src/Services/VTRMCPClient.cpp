@@ -184,7 +184,7 @@ QFuture<void> VTRMCPClient::breath(int repetition)
 {
     const auto breath = std::make_shared<QPromise<void>>();
     breath->start();
-    const QFuture<void> end = breath->future();
+    QFuture<void> end = breath->future();
     // The first is free: a session may simply have grown old.
     if (repetition == 1 || m_isShutDown) {
         breath->finish();
