@@ -1,15 +1,14 @@
 #include "support/ClientTesting.h"
+#include "support/ServerFaults.h"
 #include "support/ToolAnswers.h"
 
 #include <QFile>
 #include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
+using ServerFaults::closed;
 
 namespace {
-
-const QString closed =
-    u"Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı. Lütfen yeniden deneyin."_s;
 
 /// The reply of a data file, small enough to be cut everywhere.
 ScriptedAnswer recorded(const QString &file)

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Services/HttpAnswer.h"
+#include "support/ScriptedServer.h"
+
+/// What a server may do wrong, and what the user is told then.
+namespace ServerFaults {
+
+inline const QString closed =
+    QStringLiteral("Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı. Lütfen yeniden deneyin.");
+inline const QString idle =
+    QStringLiteral("Sunucu yanıt vermedi, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
+inline const QString late = QStringLiteral(
+    "Yanıt zamanında tamamlanmadı, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
+inline const QString invalid = QStringLiteral("Sunucudan geçersiz bir yanıt alındı.");
+inline const QString tooLarge = QStringLiteral("Sunucunun yanıtı kabul edilemeyecek kadar büyük.");
+// What Qt has to say about the details follows these two.
+inline const QString noJson = QStringLiteral("Sunucunun yanıtı okunamadı: …");
+inline const QString insecure = QStringLiteral("Sunucuyla güvenli bağlantı kurulamadı…");
+
+struct Fault
+{
+    const char *what;
+    QString text; ///< empty when nothing comes of it; one that ends in … goes on somehow
+    std::function<ScriptedAnswer(ScriptedAnswer)> change; ///< of the good answer
+    HttpLimits limits = {};
+};
+
+/// What it does with a good answer to a call.
+const QList<Fault> &inCalls();
+/// The same with "initialize".
+const QList<Fault> &inOpening();
+
+} // namespace ServerFaults
