@@ -2,6 +2,7 @@
 
 #include "sample_server/StableRandom.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 

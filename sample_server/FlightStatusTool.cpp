@@ -6,6 +6,8 @@
 
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace Sample {
 
 using namespace Qt::StringLiterals;

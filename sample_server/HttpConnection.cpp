@@ -2,6 +2,8 @@
 
 #include <QTcpSocket>
 
+#include <chrono>
+
 using namespace std::chrono_literals;
 
 namespace Sample {

@@ -3,6 +3,8 @@
 #include "sample_server/StableRandom.h"
 
 #include <algorithm>
+#include <memory>
+#include <tuple>
 
 namespace Sample {
 

@@ -2,6 +2,8 @@
 
 #include "sample_server/Itinerary.h"
 
+#include <memory>
+
 namespace Sample {
 
 /// Finds the itineraries between two airports. It remembers the flights of the days it has looked

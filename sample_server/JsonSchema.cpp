@@ -10,6 +10,9 @@
 #include <valijson/schema_parser.hpp>
 #include <valijson/validator.hpp>
 
+#include <string>
+#include <vector>
+
 namespace Sample::JsonSchema {
 
 using namespace Qt::StringLiterals;

@@ -7,6 +7,8 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <optional>
+
 namespace Sample {
 
 using namespace Qt::StringLiterals;

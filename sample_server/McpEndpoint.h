@@ -4,6 +4,7 @@
 #include "sample_server/Tool.h"
 
 #include <functional>
+#include <optional>
 
 namespace Sample {
 

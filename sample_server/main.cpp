@@ -4,7 +4,10 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 

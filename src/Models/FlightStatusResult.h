@@ -38,14 +38,14 @@ public:
     QString originCity;
     QString destinationAirport; ///< airport code
     QString destinationCity;
-    QString scheduledDeparture;
+    QString scheduledDeparture; ///< local time of the airport, as displayed; so are the next three
     std::optional<QString> estimatedDeparture;
     QString scheduledArrival;
     std::optional<QString> estimatedArrival;
     std::optional<QString> terminal; ///< of the departure
     std::optional<QString> gate; ///< of the departure
     std::optional<QString> baggageBelt; ///< at the arrival
-    std::optional<QString> aircraftType;
+    std::optional<QString> aircraftType; ///< as displayed
 
     /// Flight number and date written together; the flight number alone without a date.
     QString id() const { return flightNumber + dateText(); }

@@ -4,6 +4,8 @@
 #include "Models/JsonReading.h"
 #include "Services/ToolCall.h"
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 using namespace JsonReading;
 

@@ -7,6 +7,10 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
+#include <functional>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 using namespace JsonReading;
 

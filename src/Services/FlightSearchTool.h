@@ -2,6 +2,8 @@
 
 #include "Services/VTRMCPClient.h"
 
+#include <optional>
+
 /// The tool "search_flights".
 namespace FlightSearchTool {
 

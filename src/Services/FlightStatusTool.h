@@ -2,6 +2,8 @@
 
 #include "Services/VTRMCPClient.h"
 
+#include <optional>
+
 /// The tool "flight-status".
 namespace FlightStatusTool {
 

@@ -3,6 +3,9 @@
 #include "Models/JsonReading.h"
 #include "Services/ToolCall.h"
 
+#include <functional>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 using namespace JsonReading;
 

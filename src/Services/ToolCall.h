@@ -8,6 +8,8 @@
 #include <QScopeGuard>
 #include <QtConcurrentRun>
 
+#include <functional>
+
 // The body of VTRMCPClient::callTool with a reader, for the sources of the tool operations alone.
 
 template<typename Record>

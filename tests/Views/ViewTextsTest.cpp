@@ -28,6 +28,8 @@ private Q_SLOTS:
         QCOMPARE(format.dayWidth(1000, 2, 10, 40, 90), 90);
         QCOMPARE(format.dayWidth(1000, 0, 10, 40, 90), 90);
         QCOMPARE(format.widestAmount(-10'512.7), u"-88888"_s);
+        QVERIFY(format.isClear(32, 60, 124, 32));
+        QVERIFY(!format.isClear(31, 60, 124, 32) && !format.isClear(33, 60, 124, 32));
     }
 
     void bestPriceText()

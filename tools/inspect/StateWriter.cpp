@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -12,6 +12,8 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 

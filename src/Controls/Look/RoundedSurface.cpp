@@ -8,6 +8,7 @@
 #include <QSGImageNode>
 #include <QSGNinePatchNode>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

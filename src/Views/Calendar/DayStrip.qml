@@ -77,7 +77,7 @@ ListView {
         if (!interactive || index < 0)
             return;
         const left = originX + index * (dayWidth + spacing) - contentX;
-        if (left < edgeWidth || left + dayWidth > width - edgeWidth)
+        if (!PriceCalendarFormat.isClear(left, dayWidth, width, edgeWidth))
             positionViewAtIndex(index, ListView.Center);
     }
 

@@ -43,6 +43,11 @@ double PriceCalendarFormat::dayWidth(double room, int count, double spacing, dou
     return std::floor(std::max(narrowest, std::min(share, widest)));
 }
 
+bool PriceCalendarFormat::isClear(double left, double dayWidth, double room, double edge) const
+{
+    return left >= edge && left + dayWidth <= room - edge;
+}
+
 double PriceCalendarFormat::barHeight(double amount, double maxPrice) const
 {
     if (!(maxPrice > 0))
