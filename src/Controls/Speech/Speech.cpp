@@ -100,6 +100,9 @@ QAccessibleInterface *makeNode(const QString &className, QObject *object)
         return makeSpokenList(static_cast<SpokenRows *>(object));
     if (className == "SpokenDialog"_L1)
         return new SpokenBox(static_cast<QQuickItem *>(object));
+    // Qt takes what holds a pop-up for a dialog; the dialog, where there is one, lies in it.
+    if (className == "QQuickPopupItem"_L1)
+        return new SpokenItem(static_cast<QQuickItem *>(object), QAccessible::Grouping);
     if (className == "SpokenWhole"_L1)
         return new SpokenItem(static_cast<QQuickItem *>(object), QAccessible::StaticText);
     if (className == "QQuickTextField"_L1)
