@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/ParsedJson.h"
+
+#include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QHostAddress>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTcpSocket>
 #include <QTimer>
 
@@ -19,7 +19,7 @@ public:
         QByteArray head; ///< in lower case
         QByteArray body;
 
-        QJsonObject json() const { return QJsonDocument::fromJson(body).object(); }
+        QJsonObject json() const { return parsed(body); }
         QByteArray header(const QByteArray &name) const
         {
             const QByteArray rest = head.mid(head.indexOf("\r\n" + name + ": "));
@@ -27,28 +27,29 @@ public:
         }
     };
 
-    explicit RawClient(quint16 port) { socket.connectToHost(QHostAddress::LocalHost, port); }
+    explicit RawClient(quint16 port)
+    {
+        socket.connectToHost(QHostAddress::LocalHost, port);
+        m_tick.start(1000); // no wait lasts for ever
+    }
 
     void send(const QByteArray &bytes) { socket.write(bytes); }
 
     Answer read()
     {
         Answer answer;
-        const auto isWhole = [this, &answer] {
+        waitUntil([this, &answer] {
             m_bytes += socket.readAll();
             const qsizetype end = m_bytes.indexOf("\r\n\r\n") + 4;
-            if (end < 4)
-                return false;
             answer.head = m_bytes.left(end).toLower();
             const qsizetype size = answer.header("content-length").toInt();
-            if (m_bytes.size() < end + size)
+            if (end < 4 || m_bytes.size() < end + size)
                 return false;
             answer.status = answer.head.mid(9, 3).toInt();
             answer.body = m_bytes.mid(end, size);
             m_bytes.remove(0, end + size);
             return true;
-        };
-        waitUntil(isWhole);
+        });
         return answer;
     }
 
@@ -68,15 +69,11 @@ private:
     {
         const QDeadlineTimer deadline(20'000);
         while (!condition() && socket.state() != QAbstractSocket::UnconnectedState
-               && !deadline.hasExpired()) {
-            QEventLoop loop;
-            QObject::connect(&socket, &QTcpSocket::readyRead, &loop, &QEventLoop::quit);
-            QObject::connect(&socket, &QTcpSocket::disconnected, &loop, &QEventLoop::quit);
-            QTimer::singleShot(int(deadline.remainingTime()), &loop, &QEventLoop::quit);
-            loop.exec();
-        }
+               && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
 
+    QTimer m_tick;
     QByteArray m_bytes;
 };
 

@@ -10,11 +10,10 @@
 #include "Services/PriceCalendarTool.h"
 #include "Services/PromotionsTool.h"
 #include "Services/ToolResult.h"
+#include "support/ParsedJson.h"
 
-#include <QJsonDocument>
 #include <QSet>
 
-#include <functional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -58,11 +57,14 @@ void checkReply(const QByteArray &bytes)
     }
 }
 
-void checkCalendar(const QJsonObject &reply)
+/// What is read from what was written is the same.
+template<typename Record>
+void checkRecord(const QJsonObject &json)
 {
-    const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
-    for (const DailyPrice &day : calendar.prices)
-        require(day.currency.has_value(), "a day has a currency");
+    try {
+        const QJsonObject written = Record::fromJson(json).toJson();
+        require(Record::fromJson(written).toJson() == written, "a round trip");
+    } catch (const DecodingError &) { }
 }
 
 void checkFlights(const QJsonObject &reply)
@@ -91,47 +93,37 @@ void checkStatus(const QJsonObject &reply)
     status.isLanded();
 }
 
-void checkPromotions(const QJsonObject &reply)
-{
-    for (const PromotionItem &promotion : PromotionsTool::parsePromotions(reply))
-        require(!promotion.title.isEmpty(), "a title");
-}
-
-void checkGuide(const QJsonObject &reply)
-{
-    const CityGuideInfo guide = CityGuideTool::parseCityGuide(reply, u"xyz"_s);
-    require(guide.bestTimeToVisit.has_value(), "a best time");
-}
-
-/// What is read from what was written is the same.
-template<typename Record>
-void checkRecord(const QJsonObject &json)
-{
-    try {
-        const QJsonObject written = Record::fromJson(json).toJson();
-        require(Record::fromJson(written).toJson() == written, "a round trip");
-    } catch (const DecodingError &) { }
-}
-
-void checkRecords(const QJsonObject &json)
-{
-    checkRecord<DailyPrice>(json);
-    checkRecord<BestPrice>(json);
-    checkRecord<PriceCalendarResult>(json);
-}
-
 using ObjectCheck = void (*)(const QJsonObject &);
 const std::pair<QString, ObjectCheck> objectChecks[] {
-    { u"calendar"_s, checkCalendar }, { u"flights"_s, checkFlights },
-    { u"status"_s, checkStatus },     { u"promotions"_s, checkPromotions },
-    { u"guide"_s, checkGuide },       { u"records"_s, checkRecords },
+    { u"calendar"_s,
+      [](const QJsonObject &reply) {
+          const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
+          for (const DailyPrice &day : calendar.prices)
+              require(day.currency.has_value(), "a day has a currency");
+      } },
+    { u"flights"_s, checkFlights },
+    { u"status"_s, checkStatus },
+    { u"promotions"_s,
+      [](const QJsonObject &reply) {
+          for (const PromotionItem &promotion : PromotionsTool::parsePromotions(reply))
+              require(!promotion.title.isEmpty(), "a title");
+      } },
+    { u"guide"_s,
+      [](const QJsonObject &reply) {
+          const CityGuideInfo guide = CityGuideTool::parseCityGuide(reply, u"xyz"_s);
+          require(guide.bestTimeToVisit.has_value(), "a best time");
+      } },
+    { u"records"_s,
+      [](const QJsonObject &json) {
+          checkRecord<DailyPrice>(json);
+          checkRecord<BestPrice>(json);
+          checkRecord<PriceCalendarResult>(json);
+      } },
 };
 
 } // namespace
 
-namespace ReaderChecks {
-
-QStringList readers()
+QStringList ReaderChecks::readers()
 {
     QStringList names { u"http"_s, u"reply"_s };
     for (const auto &[name, check] : objectChecks)
@@ -139,18 +131,16 @@ QStringList readers()
     return names;
 }
 
-void check(const QString &reader, const QByteArray &bytes)
+void ReaderChecks::check(const QString &reader, const QByteArray &bytes)
 {
     if (reader == u"http")
         return checkHttp(bytes);
     if (reader == u"reply")
         return checkReply(bytes);
-    const QJsonObject json = QJsonDocument::fromJson(bytes).object();
+    const QJsonObject json = parsed(bytes);
     const QJsonObject reply = JsonReading::object(json, u"reply").value_or(json);
     for (const auto &[name, checkObject] : objectChecks) {
         if (name == reader)
             checkObject(reply);
     }
 }
-
-} // namespace ReaderChecks

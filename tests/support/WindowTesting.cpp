@@ -2,8 +2,12 @@
 
 #include "App/Application.h"
 
+#include <QDesktopServices>
 #include <QFont>
+#include <QKeySequence>
 #include <QRegularExpression>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -13,33 +17,37 @@ QString accessibleName(QQuickItem *item)
     return node ? node->text(QAccessible::Name) : QString();
 }
 
-TestWindow::TestWindow()
+void focusAccessibly(QAccessibleInterface *node)
 {
-    loadMainWindow(m_engine, u"Test"_s);
-    activate();
-    // High enough for the day tiles, which are clicked.
-    m_window->resize(1280, 1200);
+    node->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
 }
 
 TestWindow::TestWindow(const QByteArray &controls)
 {
-    m_engine.addImportPath(u"qrc:/qt/qml"_s);
-    m_engine.loadData("import QtQuick\nimport QtQuick.Controls.Basic\nimport Vantora\n"
-                      "import Vantora.Controls\n"
-                      "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
-                      "HeldKeys { window: page }\n"
-                      + controls + "}");
-    activate();
-}
-
-void TestWindow::activate()
-{
+    QTest::failOnWarning(QRegularExpression(u"."_s));
+    if (static bool isFirst = true; std::exchange(isFirst, false)) {
+        QAccessible::setActive(true);
+        prepareApplication();
+    }
+    if (controls.isEmpty()) {
+        loadMainWindow(m_engine, u"Test"_s);
+    } else {
+        m_engine.addImportPath(u"qrc:/qt/qml"_s);
+        m_engine.loadData("import QtQuick\nimport QtQuick.Controls.Basic\nimport Vantora\n"
+                          "import Vantora.Controls\n"
+                          "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
+                          "HeldKeys { window: page }\n"
+                          + controls + "}");
+    }
     m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
     if (!m_window)
         qFatal("There is no window.");
     m_window->requestActivate();
     if (!QTest::qWaitForWindowActive(m_window))
         qFatal("The window has no keyboard.");
+    // High enough for the day tiles, which are clicked.
+    if (controls.isEmpty())
+        m_window->resize(1280, 1200);
 }
 
 QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
@@ -73,52 +81,37 @@ QAccessibleInterface *TestWindow::told(const QString &name) const
 QString TestWindow::textIn(QQuickItem *root)
 {
     QStringList texts;
-    itemsIn(root, [&texts](QQuickItem *item) {
+    const auto take = [&texts](QQuickItem *item) {
         const bool isSymbol = item->property("font").value<QFont>().family().contains(u"Icons");
         if (item->inherits("QQuickText") && !isSymbol)
             texts.append(item->property("text").toString());
         return false;
-    });
+    };
+    if (root)
+        itemsIn(root, take);
     return texts.join(u'|');
 }
 
-QString TestWindow::textOf(const QString &objectName) const
+QQuickItem *TestWindow::item(const QString &name) const
 {
-    QQuickItem *item = named(objectName);
-    return item ? textIn(item) : QString();
+    QQuickItem *item = named(name);
+    return item ? item : itemsOfType(name.toLatin1()).value(0);
 }
 
-QStringList TestWindow::misplacedTexts(QQuickItem *root)
+void TestWindow::focus(const QString &name) const
 {
-    QStringList misplaced;
-    const QRectF inside = root->boundingRect();
-    QList<QRectF> places;
-    for (QQuickItem *item :
-         itemsIn(root, [](QQuickItem *item) { return item->inherits("QQuickText"); })) {
-        const QRectF place = item->mapRectToItem(root, item->boundingRect());
-        bool isClear = inside.contains(place);
-        for (const QRectF &other : std::as_const(places)) {
-            const QRectF common = place.intersected(other);
-            isClear = isClear && (common.width() < 1 || common.height() < 1);
-        }
-        if (!isClear)
-            misplaced.append(item->property("text").toString());
-        places.append(place);
-    }
-    return misplaced;
-}
-
-bool TestWindow::search() const
-{
-    viewModel()->startSearchAll();
-    return waitForSearch();
-}
-
-void TestWindow::focus(const QString &objectName) const
-{
-    QQuickItem *wanted = named(objectName);
-    QVERIFY2(wanted, qPrintable(objectName));
+    QQuickItem *wanted = item(name);
+    QVERIFY2(wanted, qPrintable(name));
     wanted->forceActiveFocus(Qt::TabFocusReason);
+}
+
+void TestWindow::press(const char *keys) const
+{
+    const QStringList names = QString::fromLatin1(keys).split(u' ');
+    for (const QString &name : names) {
+        const QKeyCombination pressed = QKeySequence(name)[0];
+        key(pressed.key(), pressed.keyboardModifiers());
+    }
 }
 
 void TestWindow::click(QQuickItem *item) const
@@ -139,26 +132,11 @@ bool TestWindow::close(const QString &sheetName) const
     return QTest::qWaitFor([&] { return isGone(sheetName); });
 }
 
-bool TestWindow::isOpen(const QString &sheetName) const
-{
-    return sheet(sheetName)->property("opened").toBool();
-}
-
-bool TestWindow::isGone(const QString &sheetName) const
-{
-    return !sheet(sheetName)->property("visible").toBool();
-}
-
-void prepareWindows()
-{
-    QAccessible::setActive(true);
-    prepareApplication();
-}
-
 void WindowTest::init()
 {
-    QTest::failOnWarning(QRegularExpression(u"."_s));
     ClientTest::init();
+    QDesktopServices::setUrlHandler(u"https"_s, this, "rememberLink");
+    m_opened.clear();
     m_answers = { { calendarTool, calendarAnswer() }, { flightsTool, flightsAnswer(3) } };
     m_server->onToolCall = [this](const ReceivedRequest &request) {
         return m_answers.value(request.tool(), ScriptedAnswer::content());
@@ -170,7 +148,21 @@ void WindowTest::init()
 void WindowTest::cleanup()
 {
     m_window.reset();
+    QDesktopServices::unsetUrlHandler(u"https"_s);
     ClientTest::cleanup();
+}
+
+void WindowTest::find(const ScriptedAnswer &flights)
+{
+    m_answers.insert(flightsTool, flights);
+    m_window->viewModel()->startSearchAll();
+    QVERIFY(m_window->waitForSearch());
+}
+
+void WindowTest::waitForTheCalendar() const
+{
+    QTRY_VERIFY(m_window->item(u"CalendarSlot"_s));
+    QTRY_COMPARE(m_window->item(u"CalendarSlot"_s)->property("openness"), 1.0);
 }
 
 ScriptedAnswer calendarAnswer()

@@ -9,40 +9,42 @@
 #include <memory>
 
 QString accessibleName(QQuickItem *item);
+/// Moves the keyboard there as assistive technology does.
+void focusAccessibly(QAccessibleInterface *node);
 
-/// Once in a test program, before its first window.
-void prepareWindows();
-
-/// A window under a user's hands and eyes. It has the keyboard.
+/// A window under a user's hands and eyes. It has the keyboard. A test that has one fails when Qt
+/// or QML warns of anything.
 class TestWindow : public WindowDriver
 {
 public:
-    /// The real window. It starts its first search at once.
-    TestWindow();
-    /// A window of 900 × 700 with the id `page` that holds nothing but these controls, in QML.
-    explicit TestWindow(const QByteArray &controls);
+    /// A window of 900 × 700 with the id `page` that holds nothing but these controls, in QML;
+    /// without any the real window, which starts its first search at once.
+    explicit TestWindow(const QByteArray &controls = {});
 
-    /// Starts a search and waits for its end.
-    bool search() const;
     QVariant state(const char *property) const { return m_window->property(property); }
 
     /// All visible items whose QML type is `type`.
     QList<QQuickItem *> itemsOfType(const QByteArray &type) const;
+    qsizetype count(const QByteArray &type) const { return itemsOfType(type).size(); }
+    /// The visible item of this object name, or else the first of this QML type; null when there
+    /// is neither.
+    QQuickItem *item(const QString &name) const;
     /// The visible item that assistive technology knows by this name.
     QQuickItem *called(const QString &name) const;
     /// What assistive technology comes upon under this name from the window down; null when
     /// nothing.
     QAccessibleInterface *told(const QString &name) const;
-    /// Every text that is seen below the item, one after the other with | between them.
+    /// Every text that is seen below the item, one after the other with | between them; empty when
+    /// there is no such item.
     static QString textIn(QQuickItem *root);
-    /// What `textIn` gives for the item of this name; empty when there is no such item.
-    QString textOf(const QString &objectName) const;
-    /// The texts below the item that leave it or cover one another.
-    static QStringList misplacedTexts(QQuickItem *root);
+    QString textOf(const QString &objectName) const { return textIn(named(objectName)); }
 
     QQuickItem *focused() const { return m_window->activeFocusItem(); }
     QString focusedName() const { return accessibleName(focused()); }
-    void focus(const QString &objectName) const;
+    /// Gives it the keyboard, as the Tab key would. `name` is as in `item`.
+    void focus(const QString &name) const;
+    /// Presses one key after the other, as in "Home Right Shift+Backtab".
+    void press(const char *keys) const;
     void click(QQuickItem *item) const;
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
@@ -52,8 +54,8 @@ public:
     bool open(const QString &button, const QString &sheetName) const;
     /// Presses Escape and waits until the sheet has gone.
     bool close(const QString &sheetName) const;
-    bool isOpen(const QString &sheetName) const;
-    bool isGone(const QString &sheetName) const;
+    bool isOpen(const QString &name) const { return sheet(name)->property("opened").toBool(); }
+    bool isGone(const QString &name) const { return !sheet(name)->property("visible").toBool(); }
     /// The state object of the sheet that is open.
     template<typename State>
     State *stateOf(const QString &sheetName) const
@@ -63,29 +65,38 @@ public:
     }
 
 private:
-    void activate();
-
     QQmlApplicationEngine m_engine;
 };
 
 /// A test class in which each test has a window of its own, on a scripted server, as it stands
-/// after its first search. A test fails when Qt or QML warns of anything.
+/// after its first search.
 class WindowTest : public ClientTest
 {
     Q_OBJECT
 
 protected Q_SLOTS:
-    void initTestCase() { prepareWindows(); }
     void init();
     void cleanup();
+    void rememberLink(const QUrl &link) { m_opened.append(link.toString()); }
 
 protected:
+    /// Starts a search that these flights answer, and waits for its end.
+    void find(const ScriptedAnswer &flights);
+    /// The calendar slides in; a click during that would miss.
+    void waitForTheCalendar() const;
+    /// How far the page is scrolled.
+    qreal place() const
+    {
+        return m_window->named(QStringLiteral("page"))->property("contentY").toReal();
+    }
     /// The calls after those of the first search.
     QList<ReceivedRequest> questions() const { return m_server->toolCalls().sliced(2); }
 
     /// What the server answers, by tool; at first 14 days and 3 flights. The others get `{}`.
     QHash<QString, ScriptedAnswer> m_answers;
     std::unique_ptr<TestWindow> m_window;
+    /// The links that were opened.
+    QStringList m_opened;
 };
 
 /// 14 days from 1 December 2026 on.

@@ -58,8 +58,8 @@ FocusScope {
         }
         function itemOf(row: int): Item {
             for (let i = 0; i < repeater.count; ++i) {
-                const card = repeater.itemAt(i);
-                if (card.y === row * area.cardPitch)
+                const card = repeater.itemAt(i); // null while it is being made
+                if (card?.y === row * area.cardPitch)
                     return card;
             }
             return null;

@@ -6,33 +6,28 @@
 
 using namespace Qt::StringLiterals;
 
-/// The window under hands: the page scrolls, keys are short cuts, menus close, lists stay.
+/// The window under hands, by keyboard alone and by assistive technology. What is said by itself,
+/// and what every control and panel tells, tools/walk-screen-reader tries: this platform sends no
+/// events.
 class HandsTest : public WindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aFreshPageScrollsByKeys()
+    void aFreshPageScrollsByKeysAndFingerAlone()
     {
-        makeThePageScroll();
-        m_window->key(Qt::Key_Down);
+        m_window->window()->resize(1080, 720);
+        QTRY_VERIFY(m_window->named(u"page"_s)->property("contentHeight").toReal() > 1400);
+        m_window->press("Down");
         QCOMPARE(place(), 60.0);
-        m_window->key(Qt::Key_PageDown);
+        m_window->press("PgDown");
         QVERIFY(place() > 500);
-        m_window->key(Qt::Key_Home);
+        m_window->press("End Home");
         QCOMPARE(place(), 0.0);
-        m_window->key(Qt::Key_End);
-        QVERIFY(place() > 500);
-    }
 
-    void aFingerDragsThePageAndAMouseDoesNot()
-    {
-        makeThePageScroll();
         // On the button of a popular route, which is not pressed by it.
-        const QPoint from = m_window->itemsOfType("QuickRouteButton")
-                                .constFirst()
-                                ->mapToScene(QPointF(5, 5))
-                                .toPoint();
+        QQuickItem *button = m_window->item(u"QuickRouteButton"_s);
+        const QPoint from = button->mapToScene(QPointF(5, 5)).toPoint();
         QTest::mousePress(m_window->window(), Qt::LeftButton, {}, from);
         for (int y = 30; y <= 300; y += 30)
             QTest::mouseMove(m_window->window(), from - QPoint(0, y));
@@ -56,49 +51,37 @@ private Q_SLOTS:
 
     void keysOfTheWindow()
     {
-        for (const auto &[key, modifiers] :
-             { std::pair(Qt::Key_F5, Qt::NoModifier), std::pair(Qt::Key_R, Qt::ControlModifier) }) {
+        for (const char *key : { "F5", "Ctrl+R" }) {
             const qsizetype asked = questions().size();
-            m_window->key(key, modifiers);
+            m_window->press(key);
             QVERIFY(m_window->waitForSearch());
             QCOMPARE(questions().size(), asked + 2);
         }
-        m_window->key(Qt::Key_F10);
+        m_window->press("F10");
         QTRY_COMPARE(m_window->focusedName(), u"Vantora Resmi Web Sitesi"_s);
         // A click beside the menu closes it and does nothing else.
-        const qsizetype asked = questions().size();
-        m_window->click(m_window->itemsOfType("QuickRouteButton").constFirst());
+        m_window->click(m_window->item(u"QuickRouteButton"_s));
         QTRY_VERIFY(!m_window->called(u"Vantora Resmi Web Sitesi"_s));
-        QCOMPARE(questions().size(), asked);
-        m_window->key(Qt::Key_W, Qt::ControlModifier);
-        QVERIFY(!m_window->window()->isVisible());
-    }
+        QCOMPARE(questions().size(), 4);
 
-    void theKeyboardReachesBothEndsOfTheFlights()
-    {
-        m_answers.insert(flightsTool, flightsAnswer(40));
-        m_window->key(Qt::Key_F5);
-        QVERIFY(m_window->waitForSearch());
-        m_window->layOut();
-        m_window->itemsOfType("FlightList").constFirst()->forceActiveFocus(Qt::TabFocusReason);
-        const auto focusedFlight = [this] {
-            return m_window->focused()->property("flight").value<FlightOption>().flightNumber;
-        };
-        m_window->key(Qt::Key_End);
-        QTRY_COMPARE(focusedFlight(), u"VQ139"_s);
-        const qreal end = place();
-        m_window->key(Qt::Key_PageUp);
-        m_window->key(Qt::Key_PageUp);
-        QTRY_VERIFY(place() < end);
-        m_window->key(Qt::Key_Home);
-        QTRY_COMPARE(focusedFlight(), u"VQ100"_s);
+        for (const char *steps : { "Return", "Down Return" }) {
+            m_window->press("Alt+Y");
+            QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));
+            m_window->press(steps);
+            QTRY_VERIFY(!m_window->called(u"Vantora MCP Sunucusu"_s));
+        }
+        QTRY_COMPARE(m_opened,
+                     QStringList({ u"https://www.vantora-air.example"_s,
+                                   u"https://mcp.vantora-air.example/"_s }));
+        m_window->press("Ctrl+W");
+        QVERIFY(!m_window->window()->isVisible());
     }
 
     void aStripStaysWhereItWasDragged()
     {
         m_window->window()->resize(1080, 1200);
         m_window->layOut();
-        QTRY_VERIFY(!m_window->itemsOfType("DayStrip").isEmpty());
+        QTRY_VERIFY(m_window->count("DayStrip") > 0);
         QQuickItem *tiles = m_window->itemsOfType("DayStrip").constLast();
         tiles->setProperty("contentX", 150);
         m_window->window()->resize(1081, 1200);
@@ -106,37 +89,23 @@ private Q_SLOTS:
         QCOMPARE(tiles->property("contentX").toReal(), 150.0);
     }
 
-    void listsDoNotComeAndGoWhileDaysAreClicked()
-    {
-        m_answers.insert(flightsTool, flightsAnswer(3).held());
-        for (const QString &day : { u"2026-12-02"_s, u"2026-12-03"_s })
-            m_window->viewModel()->startSelectCalendarDate(day);
-        QTRY_COMPARE(m_server->heldCount(), 2);
-        m_server->release();
-        QTRY_VERIFY(!m_window->viewModel()->isSearchingFlightsOnly());
-        QCOMPARE(m_window->itemsOfType("LoadingPanel").size(), 1);
-        m_server->release();
-        QTRY_VERIFY(m_window->itemsOfType("LoadingPanel").isEmpty());
-    }
-
     void aTextFieldHasAMenu()
     {
+        const QString field = u"Havalimanı ara"_s;
         m_window->focus(u"originButton"_s);
-        m_window->key(Qt::Key_Return);
-        QTRY_COMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
+        m_window->press("Return");
+        QTRY_COMPARE(m_window->focusedName(), field);
         m_window->type(u"izmir"_s);
-        const auto choose = [this](Qt::Key opener, Qt::KeyboardModifiers modifiers,
-                                   const QString &entry) {
-            m_window->key(opener, modifiers);
+        for (const auto &[opener, entry] :
+             { std::pair("Menu", u"Tümünü Seç"_s), std::pair("Shift+F10", u"Kes"_s) }) {
+            m_window->press(opener);
             QTRY_VERIFY(m_window->called(entry));
             QTRY_VERIFY(m_window->focused() != nullptr);
             for (int i = 0; i < 4 && m_window->focusedName() != entry; ++i)
-                m_window->key(Qt::Key_Down);
-            m_window->key(Qt::Key_Return);
-            QTRY_COMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
-        };
-        choose(Qt::Key_Menu, Qt::NoModifier, u"Tümünü Seç"_s);
-        choose(Qt::Key_F10, Qt::ShiftModifier, u"Kes"_s);
+                m_window->press("Down");
+            m_window->press("Return");
+            QTRY_COMPARE(m_window->focusedName(), field);
+        }
         QCOMPARE(QGuiApplication::clipboard()->text(), u"izmir"_s);
         QCOMPARE(m_window->focused()->property("text").toString(), QString());
         const QPointF middle(m_window->focused()->width() / 2, 5);
@@ -144,17 +113,109 @@ private Q_SLOTS:
                           m_window->focused()->mapToScene(middle).toPoint());
         QTRY_VERIFY(m_window->called(u"Yapıştır"_s));
         m_window->click(m_window->called(u"Yapıştır"_s));
-        QTRY_COMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
+        QTRY_COMPARE(m_window->focusedName(), field);
         QCOMPARE(m_window->focused()->property("text").toString(), u"izmir"_s);
     }
 
-private:
-    void makeThePageScroll() const
+    void aSheetHidesWhatLiesBehind()
     {
-        m_window->window()->resize(1080, 720);
-        QTRY_VERIFY(m_window->named(u"page"_s)->property("contentHeight").toReal() > 1400);
+        const QString route = u"IST → JFK uçuşlarını ara"_s;
+        QAccessibleInterface *button = m_window->told(route);
+        QVERIFY(button && m_window->told(u"Yardım"_s));
+        QTRY_VERIFY(m_window->told(u"4 Ara Cuma, 4300 TRY"_s));
+        QAccessibleInterface *day = m_window->told(u"4 Ara Cuma, 4300 TRY"_s);
+        QVERIFY(m_window->open(u"flightStatusButton"_s, u"flightStatusSheet"_s));
+        QAccessibleInterface *dialog = m_window->told(u"Canlı Uçuş Durumu Takibi"_s);
+        QVERIFY(dialog && dialog->state().modal);
+        QVERIFY(!m_window->told(route) && !m_window->told(u"Yardım"_s));
+        // Who still holds on to them cannot press them.
+        pressAccessibly(button);
+        pressAccessibly(day);
+        // Nor do clicks beside it or on the buttons behind it do anything.
+        QTest::mouseClick(m_window->window(), Qt::LeftButton, {}, QPoint(30, 600));
+        m_window->click(m_window->named(u"cityGuideButton"_s));
+        QVERIFY(m_window->isOpen(u"flightStatusSheet"_s) && m_window->isGone(u"cityGuideSheet"_s));
+        QVERIFY(m_window->waitForSearch());
+        QCOMPARE(questions().size(), 0);
+
+        // A menu over the sheet hides the sheet.
+        pressAccessibly(m_window->told(u"Uçuş günü"_s));
+        QTRY_VERIFY(m_window->told(u"Takvim"_s));
+        QVERIFY(!m_window->told(u"Sorgula"_s));
+        m_window->press("Esc");
+        QTRY_VERIFY(m_window->told(u"Sorgula"_s));
+        m_window->press("Esc");
+        QTRY_VERIFY(m_window->told(route));
+        pressAccessibly(button);
+        QVERIFY(m_window->waitForSearch());
+        QCOMPARE(questions().size(), 2);
     }
-    qreal place() const { return m_window->named(u"page"_s)->property("contentY").toReal(); }
+
+    void listsTellAllTheirRows()
+    {
+        find(flightsAnswer(10'000));
+        QTRY_VERIFY(m_window->told(u"Uçuşlar"_s));
+        QAccessibleInterface *flights = m_window->told(u"Uçuşlar"_s);
+        QTRY_COMPARE(flights->childCount(), 10'000);
+        QAccessibleInterface *last = flights->child(9999);
+        QVERIFY(last->text(QAccessible::Name).startsWith(u"VQ10099"));
+        QCOMPARE(last->role(), QAccessible::ListItem);
+        QCOMPARE(flights->indexOfChild(last), 9999);
+
+        // The arrows go on from where assistive technology went.
+        focusAccessibly(flights->child(500));
+        QVERIFY(flights->child(500)->state().focused);
+        m_window->press("Down Return");
+        QVERIFY(flights->child(501)->state().focused);
+        pressAccessibly(last);
+        // These flights have no link of their own.
+        QCOMPARE(m_opened, QStringList(2, u"https://www.vantora-air.example"_s));
+        m_window->press("End");
+        QTRY_VERIFY(last->state().focused);
+        const qreal end = place();
+        m_window->press("PgUp PgUp");
+        QTRY_VERIFY(place() < end);
+        // Only the cards in view exist.
+        QVERIFY(m_window->count("FlightCardView") < 40);
+        m_window->press("Home");
+        QTRY_VERIFY(flights->child(0)->state().focused);
+
+        // Days in their order, once.
+        QAccessibleInterface *days = m_window->told(u"Günler"_s);
+        QCOMPARE(days->childCount(), 14);
+        focusAccessibly(days->child(3));
+        m_window->press("Right");
+        QVERIFY(m_window->told(u"5 Ara Cumartesi, 4400 TRY"_s)->state().focused);
+        pressAccessibly(days->child(3));
+        QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-04"_s);
+        QVERIFY(days->child(3)->state().selected);
+        QVERIFY(m_window->waitForSearch());
+    }
+
+    void tabReachesEveryControlOnceAndReturns()
+    {
+        QTRY_COMPARE(m_window->count("FlightCardView"), 3);
+        m_window->press("Tab");
+        QList<QQuickItem *> visited;
+        do {
+            QQuickItem *item = m_window->focused();
+            QVERIFY2(!visited.contains(item), "Tab comes to one control twice before it returns.");
+            QVERIFY(item->isVisible() && item->isEnabled());
+            visited.append(item);
+            m_window->press("Tab");
+        } while (m_window->focused() != visited.constFirst());
+        for (const QString &stop :
+             { u"flightStatusButton"_s, u"searchButton"_s, u"SpokenList"_s, u"FlightCardView"_s })
+            QVERIFY2(visited.contains(m_window->item(stop)), qPrintable(stop));
+        // The days, the chips and the cards are one stop each.
+        QVERIFY2(visited.size() < 30, qPrintable(QString::number(visited.size())));
+
+        // And back again by the same way.
+        while (!visited.isEmpty()) {
+            m_window->press("Shift+Backtab");
+            QCOMPARE(m_window->focused(), visited.takeLast());
+        }
+    }
 };
 
 QTEST_MAIN(HandsTest)

@@ -1,14 +1,7 @@
+#include "support/ParsedJson.h"
 #include "support/WindowTesting.h"
 
-#include <QJsonDocument>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QJsonObject parsed(const QString &json) { return QJsonDocument::fromJson(json.toUtf8()).object(); }
-
-} // namespace
 
 /// A search set up as a hand does it, from the picker to the arguments that the server receives.
 class SearchByHandTest : public WindowTest
@@ -18,49 +11,38 @@ class SearchByHandTest : public WindowTest
 private Q_SLOTS:
     void wholeSearchByKeyboard()
     {
-        const QString departure = QDate::currentDate().addDays(14).toString(Qt::ISODate);
-        const QString homecoming = QDate::currentDate().addDays(28).toString(Qt::ISODate);
-        openPicker(u"originButton"_s);
-        m_window->type(u"izm"_s);
-        m_window->key(Qt::Key_Return);
-        QTRY_VERIFY(!isPickerOpen());
-        QCOMPARE(m_window->viewModel()->originCode(), u"ADB"_s);
+        choose(u"originButton"_s, u"izm"_s, "Return");
         QTRY_COMPARE(m_window->focused(), m_window->named(u"originButton"_s));
-
         m_window->focus(u"swapButton"_s);
-        m_window->key(Qt::Key_Space);
-        QCOMPARE(m_window->viewModel()->originCode(), u"LHR"_s);
-
-        m_window->itemsOfType("ChoiceButton").constFirst()->forceActiveFocus(Qt::TabFocusReason);
-        m_window->key(Qt::Key_Right);
-        QVERIFY(m_window->viewModel()->isRoundTrip());
+        m_window->press("Space");
+        m_window->focus(u"ChoiceButton"_s);
+        m_window->press("Right");
         QTRY_VERIFY(m_window->named(u"returnDate"_s));
         m_window->focus(u"returnDate"_s);
-        m_window->key(Qt::Key_Space);
+        m_window->press("Space");
         QTRY_VERIFY(m_window->named(u"monthView"_s));
         QTRY_VERIFY(m_window->named(u"monthView"_s)->hasActiveFocus());
-        m_window->key(Qt::Key_Down);
-        m_window->key(Qt::Key_Return);
+        m_window->press("Down Return");
         QTRY_VERIFY(!m_window->named(u"monthView"_s));
-
         for (const QString &menu :
              { u"cabinClass"_s, u"timeRange"_s, u"passengers"_s, u"passengers"_s }) {
             m_window->focus(menu);
-            m_window->key(Qt::Key_Down);
+            m_window->press("Down");
         }
         m_window->focus(u"searchButton"_s);
-        m_window->key(Qt::Key_Return);
+        m_window->press("Return");
         QVERIFY(m_window->waitForSearch());
         QCOMPARE(questions().size(), 2);
-        const QJsonObject calendarArguments = parsed(uR"({
+        const QString calendarArguments = uR"({
             "originAirportCode": "LHR", "destinationAirportCode": "ADB", "departureDate": "%1",
             "tripType": "ROUND_TRIP", "timeRange": "3_WEEKS", "cabinClass": "BUSINESS",
-            "isReturnFlight": false, "stayDuration": 14 })"_s.arg(departure));
-        QCOMPARE(questions().at(0).arguments(), calendarArguments);
-        QJsonObject arguments = parsed(uR"({
+            "isReturnFlight": false, "stayDuration": 14 })"_s.arg(inDays(14));
+        QCOMPARE(questions().at(0).arguments(), parsed(calendarArguments.toUtf8()));
+        const QString flightsArguments = uR"({
             "from": "LHR", "to": "ADB", "departureDate": "%1", "returnDate": "%2",
             "tripType": "round", "passengers": [{ "passengerType": "ADT", "quantity": 3 }] })"_s
-                                           .arg(departure, homecoming));
+                                             .arg(inDays(14), inDays(28));
+        QJsonObject arguments = parsed(flightsArguments.toUtf8());
         QCOMPARE(questions().at(1).arguments(), arguments);
         // The button was disabled meanwhile; it keeps the keyboard and its ring.
         QTRY_COMPARE(m_window->focused(), m_window->named(u"searchButton"_s));
@@ -68,7 +50,7 @@ private Q_SLOTS:
 
         // One way forgets the return.
         m_window->itemsOfType("ChoiceButton").at(1)->forceActiveFocus(Qt::TabFocusReason);
-        m_window->key(Qt::Key_Left);
+        m_window->press("Left");
         QTRY_VERIFY(!m_window->named(u"returnDate"_s));
         m_window->click(m_window->named(u"searchButton"_s));
         QVERIFY(m_window->waitForSearch());
@@ -81,32 +63,42 @@ private Q_SLOTS:
     {
         openPicker(u"destinationButton"_s);
         // The current airport is in view and marked.
-        const QList<QQuickItem *> rows = m_window->itemsOfType("AirportRowView");
-        QVERIFY(std::any_of(rows.begin(), rows.end(),
-                            [](QQuickItem *row) { return row->property("isSelected").toBool(); }));
+        int marked = 0;
+        for (QQuickItem *row : m_window->itemsOfType("AirportRowView"))
+            marked += row->property("isSelected").toBool();
+        QCOMPARE(marked, 1);
 
         m_window->type(u"<b>"_s);
         QTRY_VERIFY(m_window->named(u"noAirports"_s));
-        m_window->key(Qt::Key_Return);
-        QVERIFY(isPickerOpen());
-        m_window->key(Qt::Key_Tab);
+        m_window->press("Return Tab");
         QCOMPARE(m_window->focusedName(), u"Metni temizle"_s);
-        m_window->key(Qt::Key_Space);
+        m_window->press("Space");
         QCOMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
         QTRY_VERIFY(!m_window->named(u"noAirports"_s));
+        // The rows are told, and marked while the keyboard stays in the field.
         m_window->type(u"lon"_s);
-        m_window->key(Qt::Key_Down);
-        m_window->key(Qt::Key_Escape);
+        QAccessibleInterface *field = accessible(m_window->focused());
+        QCOMPARE(field->textInterface()->text(0, 3), u"lon"_s);
+        QAccessibleInterface *rows = m_window->told(u"Havalimanları"_s);
+        m_window->press("Down");
+        QVERIFY(rows->child(1)->state().focused);
+        m_window->press("Backspace");
+        QVERIFY(field->state().focused && !rows->child(0)->state().focused);
+        m_window->press("Esc");
         QTRY_VERIFY(!isPickerOpen());
         QCOMPARE(m_window->viewModel()->destinationCode(), u"LHR"_s);
 
         // Every opening starts with an empty search.
-        openPicker(u"destinationButton"_s);
-        m_window->type(u"lon"_s);
-        m_window->key(Qt::Key_Down);
-        m_window->key(Qt::Key_Return);
-        QTRY_VERIFY(!isPickerOpen());
+        choose(u"destinationButton"_s, u"lon"_s, "Down Return");
         QCOMPARE(m_window->viewModel()->destinationCode(), u"LGW"_s);
+        openPicker(u"destinationButton"_s);
+        rows = m_window->told(u"Havalimanları"_s);
+        QCOMPARE(rows->childCount(), 121);
+        focusAccessibly(rows->child(0));
+        QVERIFY(rows->child(0)->state().focused);
+        pressAccessibly(rows->child(1));
+        QTRY_VERIFY(!isPickerOpen());
+        QCOMPARE(m_window->viewModel()->destinationCode(), u"SAW"_s);
         QVERIFY(questions().isEmpty());
     }
 
@@ -117,8 +109,7 @@ private Q_SLOTS:
         QQuickItem *button = m_window->named(u"searchButton"_s);
         const qreal width = button->width();
         m_window->focus(u"searchButton"_s);
-        m_window->key(Qt::Key_Return);
-        m_window->key(Qt::Key_Return);
+        m_window->press("Return Return");
         m_window->click(button);
         pressAccessibly(button);
         QTRY_COMPARE(m_server->heldCount(), 2);
@@ -128,10 +119,10 @@ private Q_SLOTS:
 
         // Tab goes on from the button that waits.
         for (int route = 0; route < 3; ++route) {
-            m_window->key(Qt::Key_Tab);
+            m_window->press("Tab");
             QCOMPARE(m_window->focused(), m_window->itemsOfType("QuickRouteButton").at(route));
         }
-        m_window->key(Qt::Key_Return);
+        m_window->press("Return");
         QTRY_COMPARE(m_server->heldCount(), 4);
         QVERIFY(!button->isEnabled());
         QCOMPARE(m_window->viewModel()->originCode(), u"SAW"_s);
@@ -143,14 +134,24 @@ private Q_SLOTS:
     }
 
 private:
+    static QString inDays(int days)
+    {
+        return QDate::currentDate().addDays(days).toString(Qt::ISODate);
+    }
     bool isPickerOpen() const { return m_window->named(u"airportPicker"_s); }
     /// Opens the picker with the keyboard on the button.
     void openPicker(const QString &button) const
     {
         m_window->focus(button);
-        m_window->key(Qt::Key_Return);
-        QTRY_VERIFY(isPickerOpen());
+        m_window->press("Return");
         QTRY_COMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
+    }
+    void choose(const QString &button, const QString &query, const char *keys) const
+    {
+        openPicker(button);
+        m_window->type(query);
+        m_window->press(keys);
+        QTRY_VERIFY(!isPickerOpen());
     }
 };
 

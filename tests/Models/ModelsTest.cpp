@@ -1,0 +1,241 @@
+#include "Models/AirportDatabase.h"
+#include "Models/DateText.h"
+#include "Models/FlightOption.h"
+#include "Models/FlightStatusResult.h"
+#include "Models/JsonReading.h"
+#include "Models/MoneyText.h"
+#include "Models/PriceCalendar.h"
+#include "Models/SearchOptions.h"
+#include "support/ParsedJson.h"
+
+#include <QLocale>
+#include <QSet>
+#include <QTest>
+#include <QTimeZone>
+
+#include <cmath>
+#include <ctime>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+/// Airports; what the records make of their texts and JSON; dates and prices as people read them,
+/// whatever the system's time zone and locale.
+class ModelsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::c());
+        setZone("Europe/Istanbul");
+    }
+
+    void theAirports()
+    {
+        QSet<QString> codes;
+        QString hubs;
+        for (const Airport &airport : AirportDatabase::allAirports()) {
+            codes.insert(airport.code);
+            hubs += airport.hub ? airport.code : QString();
+            QVERIFY(airport.code.size() == 3 && !airport.city.isEmpty() && !airport.name.isEmpty());
+        }
+        QCOMPARE(codes.size(), 121);
+        QCOMPARE(hubs, u"ISTSAW"_s);
+
+        QCOMPARE(AirportDatabase::airport(u"Jfk"_s).city, u"New York"_s);
+        const Airport unknown { u"XYZ"_s, u"XYZ"_s, u"XYZ Airport"_s, QString(), false };
+        QCOMPARE(AirportDatabase::airport(u"xyz"_s), unknown);
+        QCOMPARE(AirportDatabase::airport(u"IST "_s).city, u"IST "_s);
+    }
+
+    void searchForAirports()
+    {
+        // How many are found, and the first of them.
+        for (const auto &[query, count, first] : { std::tuple(QString(), 121, u"IST SAW ESB "_s),
+                                                   { u" \t\n"_s, 121, u"IST "_s },
+                                                   { u"  lon\n"_s, 4, u"LHR LGW BCN SKG "_s },
+                                                   { u"airport"_s, 117, u"IST "_s },
+                                                   { u"TÜRK"_s, 17, u"IST "_s },
+                                                   { u"turk"_s, 0, QString() },
+                                                   { u"united kingdom"_s, 3, u"LHR LGW MAN "_s },
+                                                   { u"o.r. tambo"_s, 1, u"JNB "_s },
+                                                   { u"%"_s, 0, QString() },
+                                                   { u"[a-z]*"_s, 0, QString() } }) {
+            QString found;
+            for (const Airport &airport : AirportDatabase::search(query))
+                found += airport.code + u' ';
+            QVERIFY2(found.size() == 4 * count && found.startsWith(first), qPrintable(query));
+        }
+    }
+
+    void turkishNames()
+    {
+        QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+        QCOMPARE(DateText::shortDate(u"2026-08-30"_s), u"30 Ağu"_s);
+        QCOMPARE(DateText::shortWeekday(u"2026-12-05"_s), u"Cmt"_s);
+        QCOMPARE(DateText::weekday(u"2026-12-02"_s), u"Çarşamba"_s);
+        QCOMPARE(DateText::day(QDateTime(QDate(2026, 12, 5), QTime(9, 0))), u"2026-12-05"_s);
+    }
+
+    void noDates()
+    {
+        for (const QString &text :
+             { QString(), u"2025-13-45"_s, u"2025-02-29"_s, u"2025-12-05T08:00"_s, u" 2025-12-05"_s,
+               u"2025/12/05"_s, u"20251205"_s, u"2025-12"_s })
+            QVERIFY2(!DateText::parseDay(text) && DateText::shortDate(text).isEmpty(),
+                     qPrintable(text));
+    }
+
+    void dayIsThatOfTheUsersZone()
+    {
+        const QDateTime moment(QDate(2026, 3, 28), QTime(22, 30), QTimeZone::utc());
+        for (const auto &[zone, day] : { std::pair("Europe/Istanbul", u"2026-03-29"_s),
+                                         { "America/Los_Angeles", u"2026-03-28"_s },
+                                         // The clock goes forward at midnight: there is no 0:00.
+                                         { "Asia/Beirut", u"2026-03-29"_s } }) {
+            setZone(zone);
+            QCOMPARE(DateText::day(moment), day);
+            const auto start = DateText::parseDay(day);
+            QVERIFY(start && start->isValid());
+            QCOMPARE(DateText::day(*start), day);
+            QVERIFY(DateText::day(start->addSecs(-1)) < day);
+        }
+    }
+
+    void currency()
+    {
+        const auto text = [](double amount, const QString &code,
+                             const QString &locale = u"tr_TR"_s) {
+            QLocale::setDefault(QLocale(locale));
+            FlightOption flight;
+            flight.price = amount;
+            flight.currency = code;
+            return flight.formattedPrice().replace(QChar::Nbsp, u' ');
+        };
+        QCOMPARE(text(4850, u"TRY"_s, u"C"_s), u"₺4.850"_s); // no language means Turkish
+        QCOMPARE(text(4850, u"EUR"_s, u"de_DE"_s), u"4.850 €"_s);
+        QCOMPARE(text(2.5, u"TRY"_s), u"₺2"_s); // half to even
+        QCOMPARE(text(2.5000001, u"TRY"_s), u"₺3"_s);
+        QCOMPARE(text(12.345, u"KWD"_s), u"KWD 12"_s);
+        QCOMPARE(text(-12.7, u"TRY"_s), u"-₺13"_s);
+        for (const QString &code : { QString(), u"Lira"_s, u"₺"_s, u"ŞĞÜ"_s })
+            QCOMPARE(text(1999.9, code), u"1999 "_s + code);
+        QCOMPARE(text(1e300, u"-"_s), u"9223372036854775807 -"_s);
+        QCOMPARE(text(-1e300, u"-"_s), u"-9223372036854775808 -"_s);
+        QCOMPARE(text(std::nextafter(std::exp2(63), 0), u"-"_s), u"9223372036854774784 -"_s);
+        QCOMPARE(text(std::numeric_limits<double>::quiet_NaN(), u"-"_s), u"0 -"_s);
+    }
+
+    void statusStems()
+    {
+        // d: delayed, l: landed, a: in the air
+        for (const auto &[status, meaning] : { std::pair(u"Zamanında (On Time)"_s, QString()),
+                                               { QString(), QString() },
+                                               { u"GECİKTİ"_s, u"d"_s },
+                                               { u"GECIKMELI"_s, u"d"_s },
+                                               { u"RÖTARLI"_s, QString() },
+                                               { u"İNDİ"_s, u"l"_s },
+                                               { u"INDI"_s, u"l"_s },
+                                               { u"Indi\u0307"_s, u"l"_s },
+                                               { u"Flight delayed"_s, u"da"_s },
+                                               { u"Repaired"_s, u"a"_s },
+                                               { u"HAVALİMANINA İNDİ, GECİKMELİ"_s, u"dla"_s } }) {
+            FlightStatusResult result;
+            result.status = status;
+            const QString found = (result.isDelayed() ? u"d"_s : QString())
+                + (result.isLanded() ? u"l"_s : QString())
+                + (result.isInAir() ? u"a"_s : QString());
+            QCOMPARE(status + found, status + meaning);
+        }
+    }
+
+    void integers()
+    {
+        const auto read = [](const QByteArray &number) {
+            return JsonReading::integer(parsed("{\"n\": " + number + "}"), u"n").value_or(-1);
+        };
+        using Limits = std::numeric_limits<qint64>;
+        QCOMPARE(read("-0.0"), 0);
+        QCOMPARE(read("54e5"), 5'400'000);
+        QCOMPARE(read("9007199254740993"), 9'007'199'254'740'993);
+        QCOMPARE(read("9223372036854775807"), Limits::max());
+        QCOMPARE(read("-9223372036854775808"), Limits::min());
+        for (const char *other : { "9223372036854775808", "1e300", "2.5", "true", "\"2\"", "null" })
+            QVERIFY2(read(other) == -1, other);
+    }
+
+    void searchOptionsAcceptTheirRawValuesAlone()
+    {
+        QCOMPARE(SearchOptions::fromJson<CabinClass>(u"ECONOMY"_s), CabinClass::economy);
+        QCOMPARE(SearchOptions::fromRawValue<TimeRange>(u"4_WEEKS"_s), TimeRange::fourWeeks);
+        for (const QJsonValue &value : { QJsonValue(u"economy"_s), QJsonValue(u"ECONOMY "_s),
+                                         QJsonValue(), QJsonValue(0), QJsonValue(u""_s) })
+            QVERIFY_THROWS_EXCEPTION(DecodingError, SearchOptions::fromJson<CabinClass>(value));
+    }
+
+    void calendar_data()
+    {
+        QTest::addColumn<QByteArray>("written");
+        const auto row = [](const QByteArray &json,
+                            const QByteArray &written = R"({"prices": []})") {
+            QTest::newRow(json.constData()) << written;
+        };
+        row(R"({"prices": null, "currency": null, "best_price": null})");
+        row(R"({"prices": {}, "bestPrice": {"date": "d", "amount": 1}})");
+        row(R"({"prices": [{"date": "d"}, {"amount": 1}]})");
+        row(R"({"origin": "IST", "destination": "", "currency": "EUR", "other": 1,
+                "prices": [{"date": "b", "price": 5, "isBestPrice": true}, {"date": "a"}],
+                "best_price": {"date": "b", "amount": 5.5, "currency": "EUR"}})",
+            R"({"origin": "IST", "destination": "", "currency": "EUR",
+                "prices": [{"date": "b", "amount": 5, "currency": "TRY", "is_best_price": true},
+                           {"date": "a", "amount": 0, "currency": "TRY", "is_best_price": false}],
+                "best_price": {"date": "b", "amount": 5.5, "currency": "EUR"}})");
+        // How a day is read beside its "date"; what is written of it.
+        const auto day = [&row](const QByteArray &members, const QByteArray &written) {
+            const QByteArray head = R"({"prices": [{"date": "d", )";
+            row(head + members + "}]}", head + written + "}]}");
+        };
+        const QByteArray plain = R"(, "currency": "TRY", "is_best_price": false)";
+        day(R"("amount": 0, "price": 2)", R"("amount": 0)" + plain);
+        day(R"("amount": "5", "price": 2)", R"("amount": 2)" + plain);
+        day(R"("amount": "-1.5e3")", R"("amount": -1500)" + plain);
+        for (const char *text : { " 899", "1,299", "0x10", "" })
+            day("\"amount\": \""_ba + text + "\"", R"("amount": 0)" + plain);
+        day(R"("price": "5", "currency": 7)", R"("amount": 0)" + plain);
+        day(R"("price": 1, "is_best_price": false, "isBestPrice": true)", R"("amount": 1)" + plain);
+        day(R"("price": 1, "is_best_price": 1, "isBestPrice": true, "currency": "")",
+            R"("amount": 1, "currency": "", "is_best_price": true)");
+    }
+    void calendar()
+    {
+        QFETCH(QByteArray, written);
+        const QJsonObject json = parsed(QTest::currentDataTag());
+        QVERIFY(!json.isEmpty());
+        QCOMPARE(PriceCalendarResult::fromJson(json).toJson(), parsed(written));
+    }
+
+    void unreadable()
+    {
+        QVERIFY_THROWS_EXCEPTION(DecodingError, DailyPrice::fromJson(parsed(R"({"date": null})")));
+        for (const char *json :
+             { R"({"origin": 1})", R"({"destination": {}})", R"({"currency": false})",
+               R"({"best_price": []})", R"({"best_price": {"date": "d"}})",
+               R"({"best_price": {"date": "d", "amount": "1"}})",
+               R"({"best_price": {"date": "d", "amount": 1, "currency": 1}})" })
+            QVERIFY_THROWS_EXCEPTION(DecodingError, PriceCalendarResult::fromJson(parsed(json)));
+    }
+
+private:
+    static void setZone(const QByteArray &zone)
+    {
+        qputenv("TZ", zone);
+        ::tzset();
+    }
+};
+
+QTEST_GUILESS_MAIN(ModelsTest)
+#include "ModelsTest.moc"
