@@ -18,12 +18,12 @@ struct HttpAnswer
 };
 
 /// When a request is given up. The sizes bound what one answer may cost in memory: an answer with
-/// ten thousand flights has about 6 MiB, and a head rarely 4 KiB.
+/// 25,000 flights has about 10 MB, and a head rarely 4 KiB.
 struct HttpLimits
 {
     std::chrono::milliseconds idle = std::chrono::seconds(30); ///< without a byte
     std::chrono::milliseconds total = std::chrono::seconds(60);
-    qint64 bodyBytes = 8 * 1024 * 1024;
+    qint64 bodyBytes = 12 * 1024 * 1024;
     qint64 headBytes = 256 * 1024; ///< of status lines, headers and trailers, early hints included
     int headLines = 1000;
 };

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What one reply may hold. Each object or array of three bytes may become a record of a kilobyte.
-// A list of ten thousand flights has 30,000 of them and 250,000 values.
-constexpr int mostContainers = 50'000;
+// A list of 25,000 flights has 75,000 of them and 400,000 values.
+constexpr int mostContainers = 80'000;
 constexpr int mostValues = 1'000'000;
 
 bool isTooMuch(const QByteArray &json)
