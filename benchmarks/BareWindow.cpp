@@ -1,0 +1,66 @@
+// What the application's window is compared with:
+//   bare-window             a bare window of its size and colour, up to its first frame
+//   bare-window --scroll    a list of a thousand plain rectangles with the texts of a flight card
+
+#include "benchmarks/FrameWatch.h"
+
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto bareWindow = R"(
+import QtQuick
+Window { width: 1280; height: 860; visible: true; color: "#0b0f19" }
+)";
+
+constexpr auto rectangles = R"(
+import QtQuick
+Window {
+    width: 1280; height: 860; visible: true; color: "#0b0f19"
+    ListView {
+        objectName: "page"
+        anchors.fill: parent
+        model: 1000
+        spacing: 12
+        delegate: Rectangle {
+            required property int index
+            width: ListView.view.width; height: 104; color: "#131a2a"
+            Row {
+                anchors.centerIn: parent
+                spacing: 24
+                Repeater {
+                    model: ["VQ" + index, "VTR", "Airbus A321neo", "06:50", "IST", "3h 30m",
+                            "Direkt Uçuş", "07:20", "LHR", "İkram", "23 kg", "Son 3 Koltuk!",
+                            "₺6.594", "VTR'de Satın Al"]
+                    Text { required property string modelData; text: modelData; color: "white" }
+                }
+            }
+        }
+    }
+}
+)";
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    const bool scrolls = QGuiApplication::arguments().contains(u"--scroll"_s);
+    QQmlApplicationEngine engine;
+    engine.loadData(scrolls ? rectangles : bareWindow);
+    if (engine.rootObjects().isEmpty())
+        return 1;
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    untilFrame(
+        window, [] {}, [] { return true; });
+    if (scrolls)
+        print("scroll", cpuPerFrame(window, window->findChild<QObject *>(u"page"_s)));
+    else
+        print("memory", memoryKiB("VmHWM"));
+    std::_Exit(0);
+}

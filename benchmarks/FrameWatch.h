@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QList>
+#include <QQuickWindow>
+#include <QTextStream>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
+
+#include <sys/resource.h>
+
+/// A figure of a program in this folder: a line "name value".
+inline void print(const char *name, double value)
+{
+    QTextStream(stdout) << name << ' ' << value << '\n' << Qt::flush;
+}
+
+inline double median(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// A line of /proc/self/status in KiB, such as "VmHWM", the peak of the resident memory; 0 where
+/// the system has no such file.
+inline double memoryKiB(const QByteArray &line)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &found : lines) {
+        if (found.startsWith(line + ':'))
+            return found.sliced(line.size() + 1).chopped(2).trimmed().toDouble();
+    }
+    return 0;
+}
+
+/// Milliseconds of CPU that this process has used so far, in all its threads.
+inline double cpuMilliseconds()
+{
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto milliseconds = [](const timeval &time) {
+        return double(time.tv_sec) * 1000 + double(time.tv_usec) / 1000;
+    };
+    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+inline void wait(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Milliseconds from `action` until a frame is on the screen in which the condition holds. Such a
+/// frame is asked for when none is due. Ends the program when there is none for a minute.
+inline double untilFrame(QQuickWindow *window, const std::function<void()> &action,
+                         const std::function<bool()> &condition)
+{
+    constexpr int timeLimit = 60'000;
+    QElapsedTimer clock;
+    QEventLoop loop;
+    double milliseconds = 0;
+    // Both run where frames are drawn, the first one while the main thread waits.
+    bool isShown = false;
+    QObject::connect(
+        window, &QQuickWindow::afterSynchronizing, &loop, [&] { isShown = condition(); },
+        Qt::DirectConnection);
+    QObject::connect(
+        window, &QQuickWindow::frameSwapped, &loop,
+        [&] {
+            if (isShown && milliseconds == 0) {
+                milliseconds = double(clock.nsecsElapsed()) / 1e6;
+                QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+            }
+        },
+        Qt::DirectConnection);
+    QTimer asking;
+    QObject::connect(&asking, &QTimer::timeout, [&] {
+        if (condition())
+            window->update();
+    });
+    asking.start(5);
+    QTimer::singleShot(timeLimit, &loop, [] {
+        qCritical("What was waited for did not come.");
+        std::exit(1);
+    });
+    clock.start();
+    action();
+    if (condition())
+        window->update();
+    loop.exec();
+    return milliseconds;
+}
+
+/// Scrolls the page by a step for each frame, and returns the CPU of one frame in milliseconds.
+inline double cpuPerFrame(QQuickWindow *window, QObject *page)
+{
+    constexpr int warmUp = 20;
+    constexpr int frames = 200;
+    constexpr double step = 40;
+    double start = 0;
+    for (int frame = 0; frame < warmUp + frames; ++frame) {
+        if (frame == warmUp)
+            start = cpuMilliseconds();
+        const double place = page->property("contentY").toDouble() + step;
+        untilFrame(
+            window, [&] { page->setProperty("contentY", place); }, [] { return true; });
+    }
+    return (cpuMilliseconds() - start) / frames;
+}

@@ -1,0 +1,221 @@
+// What happens in an open window, as lines "name value", in milliseconds where nothing is said:
+//   window-figures SEARCHES    so many searches for the growth of the memory
+
+#include "App/Application.h"
+#include "Services/ServiceAddresses.h"
+#include "benchmarks/FlightAnswers.h"
+#include "benchmarks/FrameWatch.h"
+#include "inspect/WindowDriver.h"
+#include "support/ToolAnswers.h"
+
+#include <QGuiApplication>
+#include <QQmlApplicationEngine>
+#include <QSemaphore>
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rounds = 5;
+
+/// Answers a search with as many flights as `count` says at the moment.
+class ServerThread : public QThread
+{
+public:
+    std::atomic<int> count = 12;
+    /// The flights take a quarter of a second, so that their loading is seen.
+    std::atomic<bool> isSlow = false;
+
+    QUrl listen()
+    {
+        start();
+        m_listens.acquire();
+        return m_endpoint;
+    }
+    ~ServerThread() override
+    {
+        quit();
+        wait();
+    }
+
+protected:
+    void run() override
+    {
+        QHash<int, QByteArray> replies;
+        for (int flights : { 12, 1'000, manyFlights })
+            replies.insert(flights, flightsReply(flights));
+        QStringList days;
+        for (int day = 0; day < 14; ++day)
+            days.append(QDate::currentDate().addDays(7 + day).toString(Qt::ISODate));
+        ScriptedServer server;
+        server.onToolCall = [&](const ReceivedRequest &request) {
+            if (request.tool() != flightsTool)
+                return calendarAnswer(days);
+            auto answer = ScriptedAnswer::text(replies.value(count));
+            answer.pieceSize = isSlow ? answer.body.size() / 5 : 0;
+            answer.pieceInterval = 50;
+            return answer;
+        };
+        m_endpoint = server.endpoint();
+        m_listens.release();
+        exec();
+    }
+
+private:
+    QUrl m_endpoint;
+    QSemaphore m_listens;
+};
+
+class Window : public WindowDriver
+{
+public:
+    explicit Window(ServerThread &server)
+        : m_server(server)
+    {
+        if (!loadMainWindow(m_engine, u"Vantora"_s))
+            std::exit(1);
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+    }
+
+    bool isBusy() const
+    {
+        return viewModel()->isLoading() || viewModel()->isSearchingFlightsOnly();
+    }
+    double frame() const
+    {
+        return untilFrame(
+            m_window, [] {}, [] { return true; });
+    }
+    void click(const QQuickItem *item) const
+    {
+        const QPointF middle(item->width() / 2, item->height() / 2);
+        QTest::mouseClick(m_window, Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
+    }
+    /// A search until its flights, so many, are on the screen.
+    double search(int count) const
+    {
+        m_server.count = count;
+        return untilFrame(
+            m_window, [this] { viewModel()->startSearchAll(); },
+            [&] { return viewModel()->filteredFlights().size() == count && !isBusy(); });
+    }
+    QQuickItem *someOtherDay() const
+    {
+        const auto days = itemsIn(named(u"fareChart"_s), [](const QQuickItem *item) {
+            return item->property("isSelected") == false && item->property("isBest") == false;
+        });
+        return days.value(2);
+    }
+
+private:
+    ServerThread &m_server;
+    QQmlApplicationEngine m_engine;
+};
+
+void measurePresses(const Window &window, ServerThread &server)
+{
+    QList<double> frame;
+    QList<double> picker;
+    QList<double> day;
+    for (int round = 0; round < rounds; ++round) {
+        frame.append(window.frame());
+        picker.append(untilFrame(
+            window.window(), [&] { window.click(window.named(u"originButton"_s)); },
+            [&] { return window.named(u"airportPicker"_s); }));
+        wait(400);
+        window.key(Qt::Key_Escape);
+        wait(400);
+        server.isSlow = true;
+        day.append(untilFrame(
+            window.window(), [&] { window.click(window.someOtherDay()); },
+            [&] { return window.isBusy(); }));
+        wait(1000);
+        server.isSlow = false;
+    }
+    print("frame", median(frame));
+    print("picker", median(picker));
+    print("day", median(day));
+}
+
+/// The longest time in which the event loop does not turn until many flights have been shown.
+double longestStall(const Window &window)
+{
+    QElapsedTimer clock;
+    clock.start();
+    qint64 last = 0;
+    qint64 longest = 0;
+    QTimer heartbeat;
+    heartbeat.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&heartbeat, &QTimer::timeout, [&] {
+        const qint64 now = clock.nsecsElapsed();
+        longest = std::max(longest, now - last);
+        last = now;
+    });
+    heartbeat.start(1);
+    window.search(manyFlights);
+    wait(500);
+    return double(longest) / 1e6;
+}
+
+/// Resident memory, with what the allocator keeps for later given back.
+double residentKiB()
+{
+#if defined(__GLIBC__)
+    malloc_trim(0);
+#endif
+    return memoryKiB("VmRSS");
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    const int searches = QGuiApplication::arguments().value(1).toInt();
+    ServerThread server;
+    ServiceAddresses::setMcpEndpoint(server.listen());
+    prepareApplication();
+    const Window window(server);
+    window.search(12);
+    wait(1000);
+
+    int frames = 0;
+    const auto counting = QObject::connect(
+        window.window(), &QQuickWindow::frameSwapped, window.window(), [&frames] { ++frames; },
+        Qt::QueuedConnection);
+    wait(10'000);
+    QObject::disconnect(counting);
+    print("idle-frames", frames);
+
+    measurePresses(window, server);
+
+    window.search(1'000);
+    wait(600);
+    print("scroll", cpuPerFrame(window.window(), window.named(u"page"_s)));
+    window.named(u"page"_s)->setProperty("contentY", 0);
+
+    QList<double> stalls;
+    for (int round = 0; round < rounds; ++round) {
+        window.search(12);
+        wait(500);
+        stalls.append(longestStall(window));
+    }
+    print("stall", median(stalls));
+
+    double before = 0;
+    for (int search = 0; search < searches; ++search) {
+        if (search == searches / 10)
+            before = residentKiB();
+        window.search(12);
+    }
+    print("growth", residentKiB() - before);
+    return 0;
+}
