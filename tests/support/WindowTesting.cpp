@@ -105,8 +105,10 @@ void TestWindow::focus(const QString &name) const
     wanted->forceActiveFocus(Qt::TabFocusReason);
 }
 
-void TestWindow::press(const char *keys) const
+void TestWindow::press(const char *keys, const QString &item) const
 {
+    if (!item.isEmpty())
+        focus(item);
     const QStringList names = QString::fromLatin1(keys).split(u' ');
     for (const QString &name : names) {
         const QKeyCombination pressed = QKeySequence(name)[0];

@@ -43,8 +43,9 @@ public:
     QString focusedName() const { return accessibleName(focused()); }
     /// Gives it the keyboard, as the Tab key would. `name` is as in `item`.
     void focus(const QString &name) const;
-    /// Presses one key after the other, as in "Home Right Shift+Backtab".
-    void press(const char *keys) const;
+    /// Presses one key after the other, as in "Home Right Shift+Backtab"; first focuses the item if
+    /// one is given.
+    void press(const char *keys, const QString &item = {}) const;
     void click(QQuickItem *item) const;
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }

@@ -13,24 +13,18 @@ private Q_SLOTS:
     {
         choose(u"originButton"_s, u"izm"_s, "Return");
         QTRY_COMPARE(m_window->focused(), m_window->named(u"originButton"_s));
-        m_window->focus(u"swapButton"_s);
-        m_window->press("Space");
-        m_window->focus(u"ChoiceButton"_s);
-        m_window->press("Right");
+        m_window->press("Space", u"swapButton"_s);
+        m_window->press("Right", u"ChoiceButton"_s);
         QTRY_VERIFY(m_window->named(u"returnDate"_s));
-        m_window->focus(u"returnDate"_s);
-        m_window->press("Space");
+        m_window->press("Space", u"returnDate"_s);
         QTRY_VERIFY(m_window->named(u"monthView"_s));
         QTRY_VERIFY(m_window->named(u"monthView"_s)->hasActiveFocus());
         m_window->press("Down Return");
         QTRY_VERIFY(!m_window->named(u"monthView"_s));
         for (const QString &menu :
-             { u"cabinClass"_s, u"timeRange"_s, u"passengers"_s, u"passengers"_s }) {
-            m_window->focus(menu);
-            m_window->press("Down");
-        }
-        m_window->focus(u"searchButton"_s);
-        m_window->press("Return");
+             { u"cabinClass"_s, u"timeRange"_s, u"passengers"_s, u"passengers"_s })
+            m_window->press("Down", menu);
+        m_window->press("Return", u"searchButton"_s);
         QVERIFY(m_window->waitForSearch());
         QCOMPARE(questions().size(), 2);
         const QString calendarArguments = uR"({
@@ -108,8 +102,7 @@ private Q_SLOTS:
                       { flightsTool, flightsAnswer(3).held() } };
         QQuickItem *button = m_window->named(u"searchButton"_s);
         const qreal width = button->width();
-        m_window->focus(u"searchButton"_s);
-        m_window->press("Return Return");
+        m_window->press("Return Return", u"searchButton"_s);
         m_window->click(button);
         pressAccessibly(button);
         QTRY_COMPARE(m_server->heldCount(), 2);
@@ -142,8 +135,7 @@ private:
     /// Opens the picker with the keyboard on the button.
     void openPicker(const QString &button) const
     {
-        m_window->focus(button);
-        m_window->press("Return");
+        m_window->press("Return", button);
         QTRY_COMPARE(m_window->focusedName(), u"Havalimanı ara"_s);
     }
     void choose(const QString &button, const QString &query, const char *keys) const

@@ -1,7 +1,13 @@
 #include "ViewModels/FlightSearchViewModel.h"
+#include "ViewModels/RecordListModel.h"
 #include "support/ClientTesting.h"
 #include "support/ConsoleCapture.h"
 #include "support/ToolAnswers.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -29,9 +35,26 @@ QString numbers(const QList<FlightOption> &flights)
     return text;
 }
 
+/// A letter; its capital is another record of the same identity.
+struct Letter
+{
+    QChar letter;
+    friend bool operator==(const Letter &, const Letter &) = default;
+};
+QString identity(const Letter &record) { return record.letter.toLower(); }
+
+QList<Letter> letters(const QString &text)
+{
+    QList<Letter> list;
+    for (const QChar letter : text)
+        list.append({ letter });
+    return list;
+}
+
 } // namespace
 
-class FlightSearchViewModelTest : public ClientTest
+/// The search, and what list models tell of new records.
+class ViewModelsTest : public ClientTest
 {
     Q_OBJECT
 
@@ -189,7 +212,51 @@ private Q_SLOTS:
         QCOMPARE(numbers(m_model->flights()), u"1234"_s);
     }
 
+    void changesOfAList()
+    {
+        // i: insert, r: remove, m: move, c: change, R: reset
+        for (const auto &[before, after, signalled] : { std::tuple(QString(), u"abc"_s, u"iii"_s),
+                                                        { u"abc"_s, QString(), u"rrr"_s },
+                                                        { u"abc"_s, u"abc"_s, QString() },
+                                                        { u"abc"_s, u"cab"_s, u"m"_s },
+                                                        { u"abc"_s, u"Ca"_s, u"rmc"_s },
+                                                        { u"abc"_s, u"xaYc"_s, u"rii"_s },
+                                                        { u"abc"_s, u"aab"_s, u"R"_s },
+                                                        { u"aab"_s, u"abc"_s, u"R"_s } })
+            change(before, after, signalled);
+    }
+
 private:
+    void change(const QString &before, const QString &after, const QString &signalled)
+    {
+        RecordListModel<Letter> model("letter");
+        const QAbstractItemModelTester tester(
+            &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setRecords(letters(before));
+        QList<QPersistentModelIndex> rows;
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.append(model.index(row));
+
+        QString seen;
+        using Model = QAbstractItemModel;
+        connect(&model, &Model::rowsInserted, &model, [&] { seen += u'i'; });
+        connect(&model, &Model::rowsRemoved, &model, [&] { seen += u'r'; });
+        connect(&model, &Model::rowsMoved, &model, [&] { seen += u'm'; });
+        connect(&model, &Model::dataChanged, &model, [&](const QModelIndex &changed) {
+            seen += u'c';
+            QVERIFY(model.records().at(changed.row()).letter.isUpper());
+        });
+        connect(&model, &Model::modelReset, &model, [&] { seen += u'R'; });
+        const QSignalSpy counts(&model, &CountedListModel::countChanged);
+        model.setRecords(letters(after));
+
+        QCOMPARE(seen, signalled);
+        QCOMPARE(model.records(), letters(after));
+        // Every row stays that of its letter.
+        for (qsizetype i = 0; i < rows.size() && signalled != u"R"; ++i)
+            QCOMPARE(rows.at(i).row(), after.toLower().indexOf(before.at(i)));
+        QCOMPARE(counts.size(), before.size() == after.size() ? 0 : 1);
+    }
     QString state() const
     {
         return u"%1%2%3%4 %5 %6"_s.arg(m_model->isLoading() ? u"isLoading "_s : QString())
@@ -219,5 +286,5 @@ private:
     QHash<QString, ScriptedAnswer> m_answers;
 };
 
-QTEST_GUILESS_MAIN(FlightSearchViewModelTest)
-#include "FlightSearchViewModelTest.moc"
+QTEST_GUILESS_MAIN(ViewModelsTest)
+#include "ViewModelsTest.moc"
