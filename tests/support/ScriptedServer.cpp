@@ -236,6 +236,11 @@ void ScriptedServer::release()
     sendPieces(socket, piecesOf(answer), answer);
 }
 
+int ScriptedServer::openConnections() const
+{
+    return static_cast<int>(m_server->findChildren<QTcpSocket *>().size());
+}
+
 void ScriptedServer::close()
 {
     m_server->close();

@@ -96,6 +96,7 @@ public:
     const QList<ReceivedRequest> &requests() const { return m_requests; }
     QList<ReceivedRequest> initializations() const { return withMethod(u"initialize"); }
     QList<ReceivedRequest> toolCalls() const { return withMethod(u"tools/call"); }
+    int openConnections() const;
     int heldCount() const { return static_cast<int>(m_held.size()); }
     /// Sends the oldest of the answers that are held.
     void release();

@@ -13,17 +13,18 @@ inline const QString promotionsTool = QStringLiteral("get_airline_promotions");
 
 /// A calendar of these days, each 100 dearer than the one before; the first is the best.
 inline ScriptedAnswer calendarAnswer(const QStringList &days,
-                                     const QString &currency = QStringLiteral("TRY"))
+                                     const QString &currency = QStringLiteral("TRY"),
+                                     int firstPrice = 4000)
 {
     using namespace Qt::StringLiterals;
     QJsonArray prices;
     for (const QString &day : days) {
         prices.append(QJsonObject { { u"date"_s, day },
-                                    { u"amount"_s, 4000 + 100 * prices.size() },
+                                    { u"amount"_s, firstPrice + 100 * prices.size() },
                                     { u"isBestPrice"_s, prices.isEmpty() } });
     }
     return ScriptedAnswer::content(
-        { { u"prices"_s, prices }, { u"bestPrice"_s, prices[0] }, { u"currency"_s, currency } });
+        { { u"prices"_s, prices }, { u"bestPrice"_s, prices.at(0) }, { u"currency"_s, currency } });
 }
 
 /// A flight of the answer to a search.

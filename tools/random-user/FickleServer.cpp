@@ -1,0 +1,130 @@
+#include "FickleServer.h"
+
+#include "support/ServerFaults.h"
+#include "support/ToolAnswers.h"
+
+#include <QDate>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int mostDays = 28;
+constexpr int mostFlights = 40;
+constexpr int manyFlights = 1500; ///< enough to be read off the main thread
+
+} // namespace
+
+int SentLists::add(qsizetype size)
+{
+    const int number = static_cast<int>(sizes.size()) + 1;
+    sizes.insert(number, size);
+    empty += size == 0 ? 1 : 0;
+    return number;
+}
+
+FickleServer::FickleServer(quint32 seed)
+    : m_random(seed)
+{
+    m_server.onInitialize = [this](const ReceivedRequest &) { return open(); };
+    m_server.onToolCall = [this](const ReceivedRequest &request) { return answer(request); };
+    m_idle.start();
+}
+
+std::chrono::milliseconds FickleServer::idleTime()
+{
+    if (m_server.openConnections() > 0)
+        m_idle.restart();
+    return std::chrono::milliseconds(m_idle.elapsed());
+}
+
+ScriptedAnswer FickleServer::open()
+{
+    m_idle.restart();
+    const ScriptedAnswer good = ScriptedAnswer::session("s");
+    m_refusedSession = false;
+    if (!oneIn(6))
+        return good;
+    const auto &faults = ServerFaults::inOpening();
+    const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
+    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    m_refusedSession = !fault.text.isEmpty();
+    return fault.change(good);
+}
+
+ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
+{
+    m_idle.restart();
+    ++m_callCount;
+    const ScriptedAnswer good = goodAnswer(request);
+    if (oneIn(30)) {
+        ++m_faultsMet[u"loses the session"_s];
+        return ScriptedAnswer::text("{}", 404);
+    }
+    if (!oneIn(3))
+        return good;
+    const auto &faults = ServerFaults::inCalls();
+    const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
+    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    return fault.change(good);
+}
+
+ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
+{
+    const QString tool = request.tool();
+    const bool isEmpty = oneIn(8);
+    if (tool == calendarTool) {
+        const QDate day(2026, 12, 1 + m_random.bounded(28));
+        QStringList days;
+        for (int count = isEmpty ? 0 : 1 + m_random.bounded(mostDays); count > 0; --count)
+            days.append(day.addDays(days.size()).toString(Qt::ISODate));
+        return calendarAnswer(days, oneIn(4) ? strangeText() : u"TRY"_s,
+                              calendars.add(days.size()));
+    }
+    if (tool == flightsTool) {
+        const int count = isEmpty ? 0 : oneIn(10) ? manyFlights : 1 + m_random.bounded(mostFlights);
+        const QString number = QString::number(flights.add(count));
+        QList<Offer> offers;
+        for (int index = 0; index < count; ++index) {
+            offers.append({ .number = number,
+                            .price = 1000.0 + m_random.bounded(9000),
+                            .minutes = m_random.bounded(2000),
+                            .segments = 1 + m_random.bounded(3) });
+        }
+        return flightsAnswer(offers);
+    }
+    if (isEmpty)
+        return ScriptedAnswer::content();
+    if (tool != promotionsTool)
+        return ScriptedAnswer::content(
+            strange({ u"status"_s, u"origin"_s, u"gate"_s, u"aircraft"_s, u"scheduledDeparture"_s,
+                      u"cityName"_s, u"overview"_s, u"bestTimeToVisit"_s }));
+    QJsonArray promotions;
+    for (int count = m_random.bounded(30); count > 0; --count)
+        promotions.append(
+            strange({ u"title"_s, u"description"_s, u"discount"_s, u"validUntil"_s, u"route"_s }));
+    return ScriptedAnswer::content({ { u"promotions"_s, promotions } });
+}
+
+/// Some of these members, with any text.
+QJsonObject FickleServer::strange(QStringList keys)
+{
+    QJsonObject object;
+    for (const QString &key : std::as_const(keys)) {
+        if (!oneIn(3))
+            object.insert(key, strangeText());
+    }
+    return object;
+}
+
+QString FickleServer::strangeText()
+{
+    const QString texts[] { u"Gecikmeli"_s,
+                            u"İstanbul"_s,
+                            u"Delayed\nin air\u2028\u202eters"_s,
+                            QString(),
+                            u"<img src='http://127.0.0.1:1/x.png'>"_s,
+                            QString(300, u'W'),
+                            u"uzun söz "_s.repeated(20'000) };
+    return texts[m_random.bounded(static_cast<int>(std::size(texts)))];
+}
