@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QSet>
 
+#include <algorithm>
+
 /// The part of RecordListModel that QML sees.
 class CountedListModel : public QAbstractListModel
 {
@@ -21,13 +23,16 @@ Q_SIGNALS:
 
 /// A list of records that changes row by row: a new list is reached by removing, moving and
 /// inserting rows, so that a view moves its delegates instead of making them again. Records are
-/// told apart by `identity(record)`; a list in which two are the same is replaced at once.
+/// told apart by `identity(record)`; a list in which two are the same, or that is longer than any
+/// view would move, is replaced at once.
 /// Delegates read the record under one role name.
 template<typename Record>
 class RecordListModel : public CountedListModel
 {
 public:
     static constexpr int recordRole = Qt::UserRole;
+    /// Finding the way from one list to the other takes the square of it.
+    static constexpr qsizetype mostRowsMoved = 500;
 
     explicit RecordListModel(const QByteArray &roleName, QObject *parent = nullptr)
         : CountedListModel(parent)
@@ -55,7 +60,8 @@ public:
         if (records == m_records)
             return;
         const qsizetype oldCount = m_records.size();
-        if (areDistinct(m_records) && areDistinct(records))
+        const bool isShort = std::max(oldCount, records.size()) <= mostRowsMoved;
+        if (isShort && areDistinct(m_records) && areDistinct(records))
             changeRowByRow(records);
         else
             replaceAll(records);

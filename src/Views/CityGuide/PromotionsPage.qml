@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// The airline's promotions, in the server's order.
 Column {
@@ -12,7 +13,9 @@ Column {
     spacing: 12
 
     Repeater {
-        model: page.promotions
+        model: FirstRows {
+            sourceModel: page.promotions
+        }
 
         PromotionCard {
             width: page.width

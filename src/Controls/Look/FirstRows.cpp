@@ -1,0 +1,24 @@
+#include "Controls/Look/FirstRows.h"
+
+#include <chrono>
+
+FirstRows::FirstRows(QObject *parent)
+    : QSortFilterProxyModel(parent)
+{
+    m_clock.setInterval(std::chrono::milliseconds(16));
+    connect(&m_clock, &QTimer::timeout, this, &FirstRows::showMore);
+    // A list begins empty and is filled once, or anew.
+    const auto grow = [this] { m_clock.start(); };
+    connect(this, &QAbstractItemModel::modelReset, this, grow);
+    connect(this, &QAbstractItemModel::rowsInserted, this, grow);
+}
+
+bool FirstRows::filterAcceptsRow(int row, const QModelIndex &) const { return row < m_shown; }
+
+void FirstRows::showMore()
+{
+    ++m_shown;
+    invalidateFilter();
+    if (m_shown >= mostShown || m_shown >= sourceModel()->rowCount())
+        m_clock.stop();
+}
