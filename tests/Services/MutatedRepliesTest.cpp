@@ -106,42 +106,17 @@ private:
 
     QJsonValue odd()
     {
-        static const QJsonArray values { QJsonValue(),
-                                         true,
-                                         false,
-                                         0,
-                                         -1,
-                                         2.5,
-                                         -0.0,
-                                         1e308,
-                                         -1e308,
-                                         9007199254740993.0,
-                                         std::numeric_limits<qint64>::min(),
-                                         std::numeric_limits<qint64>::max(),
-                                         QString(),
-                                         u"T"_s,
-                                         u"T:"_s,
-                                         u"xT1:2:3"_s,
-                                         u" 5"_s,
-                                         u"TRY"_s,
-                                         u"\u2028\u202e"_s,
-                                         u"\xd800"_s,
-                                         QString(300, u'x'),
-                                         QJsonArray(),
-                                         QJsonObject(),
-                                         QJsonArray { QJsonArray() } };
-        return values.at(below(static_cast<int>(values.size())));
+        static const QJsonArray values = QJsonDocument::fromJson(R"([
+            null, true, false, 0, -1, 2.5, -0.0, 1e308, -1e308, 9007199254740993.0,
+            -9223372036854775808, 9223372036854775807, "", "T", "T:", "xT1:2:3", " 5", "TRY",
+            "\u2028\u202e", "\ud800", [], {}, [[]]])")
+                                             .array();
+        const int at = below(static_cast<int>(values.size()) + 1);
+        return at < values.size() ? values.at(at) : QJsonValue(QString(300, u'x'));
     }
 
     QRandomGenerator m_random;
 };
-
-quint32 numberFrom(const char *variable, quint32 otherwise)
-{
-    bool isNumber = false;
-    const quint32 number = qEnvironmentVariable(variable).toUInt(&isNumber);
-    return isNumber ? number : otherwise;
-}
 
 } // namespace
 
@@ -154,7 +129,8 @@ class MutatedRepliesTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_seed = numberFrom("VANTORA_SEED", QRandomGenerator::global()->generate());
+        const quint32 other = QRandomGenerator::global()->generate();
+        m_seed = qEnvironmentVariable("VANTORA_SEED", QString::number(other)).toUInt();
         qInfo("VANTORA_SEED=%u", m_seed);
     }
 
@@ -170,7 +146,7 @@ private Q_SLOTS:
         const QByteArrayList originals = originalsFor(reader);
         QVERIFY(!originals.isEmpty());
         Mutator mutator(m_seed);
-        const quint32 count = numberFrom("VANTORA_MUTATIONS", 5000);
+        const quint32 count = qEnvironmentVariable("VANTORA_MUTATIONS", u"5000"_s).toUInt();
         for (quint32 number = 0; number < count; ++number) {
             QByteArray bytes = originals.at(static_cast<qsizetype>(number % originals.size()));
             QJsonValue json = QJsonDocument::fromJson(bytes).object();

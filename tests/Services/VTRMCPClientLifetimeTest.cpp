@@ -110,19 +110,6 @@ private Q_SLOTS:
         QCOMPARE(settle(call()).error->domain(), McpError::Domain::Json);
     }
 
-    void aCallIsNeverSentTwice()
-    {
-        for (const auto ending : { ScriptedAnswer::Ending::close, ScriptedAnswer::Ending::reset }) {
-            QVERIFY(settle(call()).value);
-            const qsizetype before = m_server->requests().size();
-            m_server->enqueue({ ScriptedAnswer { .ending = ending, .cutAfter = 0 } });
-            QVERIFY(settle(call()).error);
-            QCOMPARE(m_server->requests().size(), before + 1);
-            QVERIFY(m_server->requests().at(before).connection
-                    != m_server->requests().at(before - 1).connection);
-        }
-    }
-
     void theEndEndsEveryCall_data()
     {
         QTest::addColumn<bool>("isApplicationsEnd"); // or else the client's

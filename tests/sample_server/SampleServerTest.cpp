@@ -78,6 +78,9 @@ private Q_SLOTS:
         row("header without a colon", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nnonsense");
         row("header twice", 400, 0, {}, ping, "POST /mcp HTTP/1.1\r\nhost: 127.0.0.1");
         row("endless line", 431, 0, { { "X", QByteArray(100'000, 'x') } });
+        RawClient endless(m_port);
+        endless.send("POST /mcp HTTP/1.1\r\nX: " + QByteArray(100'000, 'x'));
+        QCOMPARE(endless.read().status, 431);
         row("not HTTP", 400, 0, {}, ping, "hello");
         row("path", 404, -32600, {}, ping, "POST / HTTP/1.1");
         row("method", 405, 0, {}, {}, "GET /mcp HTTP/1.1");

@@ -169,12 +169,8 @@ ScriptedServer::ScriptedServer(const QString &certificate, QSsl::SslProtocol pro
 
 QUrl ScriptedServer::endpoint() const
 {
-    QUrl url;
-    url.setScheme(m_isSecure ? u"https"_s : u"http"_s);
-    url.setHost(u"127.0.0.1"_s);
-    url.setPort(m_server->serverPort());
-    url.setPath(u"/mcp"_s);
-    return url;
+    const QString scheme = m_isSecure ? u"https"_s : u"http"_s;
+    return QUrl(u"%1://127.0.0.1:%2/mcp"_s.arg(scheme).arg(m_server->serverPort()));
 }
 
 void ScriptedServer::accept(QTcpSocket *socket)
@@ -250,9 +246,7 @@ void ScriptedServer::close()
 
 QList<ReceivedRequest> ScriptedServer::withMethod(QStringView method) const
 {
-    QList<ReceivedRequest> found;
-    std::copy_if(
-        m_requests.begin(), m_requests.end(), std::back_inserter(found),
-        [method](const ReceivedRequest &request) { return request.rpcMethod() == method; });
+    QList<ReceivedRequest> found = m_requests;
+    found.removeIf([method](const auto &request) { return request.rpcMethod() != method; });
     return found;
 }
