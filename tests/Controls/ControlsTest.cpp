@@ -198,7 +198,11 @@ private Q_SLOTS:
     void movedDays()
     {
         for (const auto &[from, key, to] :
-             { std::tuple(at(2026, 1, 31), Qt::Key_PageDown, at(2026, 2, 28)),
+             { std::tuple(at(2028, 3, 1), Qt::Key_Left, at(2028, 2, 29)),
+               { at(2026, 12, 31), Qt::Key_Right, at(2027, 1, 1) },
+               { at(2026, 1, 28), Qt::Key_Down, at(2026, 2, 4) },
+               { at(2026, 1, 3), Qt::Key_Up, at(2025, 12, 27) },
+               { at(2026, 1, 31), Qt::Key_PageDown, at(2026, 2, 28) },
                { at(2026, 1, 31), Qt::Key_PageUp, at(2025, 12, 31) },
                { at(2028, 2, 10), Qt::Key_End, at(2028, 2, 29) },
                { at(2028, 2, 10), Qt::Key_Home, at(2028, 2, 1) },

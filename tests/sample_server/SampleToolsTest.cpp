@@ -4,8 +4,10 @@
 #include "sample_server/AirportGeography.h"
 #include "sample_server/JsonSchema.h"
 
+#include <QLocale>
 #include <QTest>
 
+#include <algorithm>
 #include <limits>
 #include <tuple>
 #include <utility>
@@ -86,6 +88,8 @@ QString segmentCounts(const QString &from, const QString &to, int day)
     QMap<QString, int> counts;
     for (const QJsonValue option : options(from, to, dayText(day))) {
         checkItinerary(option, from, to);
+        if (QTest::currentTestFailed())
+            return {};
         ++counts[QString::number(option["flightSegments"_L1].toArray().size())];
     }
     return counts.keys().join(QString());
@@ -124,6 +128,12 @@ private Q_SLOTS:
                 const auto fault = JsonSchema::violation(tool["outputSchema"_L1].toObject(), reply);
                 QCOMPARE(fault.value_or(QString()), QString());
                 guides += reply.contains("guide"_L1);
+                for (const QJsonValue promotion : reply["promotions"_L1].toArray()) {
+                    const QString until = promotion["validUntil"_L1].toString();
+                    const QLocale turkish(QLocale::Turkish);
+                    QVERIFY(until.isEmpty()
+                            || turkish.toDate(until, u"d MMMM yyyy"_s) > fixedNow().date());
+                }
             }
         }
         QVERIFY(guides > 20 && guides < airportSites().size());
@@ -204,6 +214,11 @@ private Q_SLOTS:
                 const QDateTime now(fixedNow().date(), QTime(hour, 30), fixedNow().timeZone());
                 const QJsonObject data = statusOf(number, dayText(day), now);
                 QVERIFY2(meaningOf(data) == meaning, qPrintable(number));
+                const QJsonValue arrival =
+                    data[data.contains("actualArrival"_L1) ? "actualArrival"_L1
+                                                           : "estimatedArrival"_L1];
+                QCOMPARE(!arrival.isUndefined() && arrival != data["scheduledArrival"_L1],
+                         meaning.contains(u'd'));
                 QVERIFY(number != u"VQ1983" || data.contains("baggage"_L1));
             }
         }
@@ -293,6 +308,12 @@ private Q_SLOTS:
         const QJsonArray nine =
             optionsOf(call(tool, searchArguments(u"IST"_s, u"LHR"_s, dayText(60), 9)));
         QCOMPARE(lowestFare(nine), 9 * lowestFare(one));
+        const auto departure = [](const QJsonValue &option) {
+            return option["flightSegments"_L1][0]["departureDateTime"_L1].toString();
+        };
+        QVERIFY(std::is_sorted(one.begin(), one.end(), [&](const auto &left, const auto &right) {
+            return departure(left) < departure(right);
+        }));
         QVERIFY(nine.at(0)["deeplinks"_L1][0].toString().startsWith(
             u"https://www.example.test/booking?from=IST&to=LHR&date="_s + dayText(60)));
         // The hour makes no difference.
