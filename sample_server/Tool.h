@@ -48,4 +48,18 @@ QJsonObject cityGuide(const QJsonObject &arguments, const ToolContext &context);
 
 ///@}
 
+struct ToolEntry
+{
+    QStringView name; ///< as in data/tools.json
+    decltype(&searchFlights) call;
+};
+
+inline constexpr ToolEntry tools[] {
+    { u"find_flight_price_calendar", &findPriceCalendar },
+    { u"search_flights", &searchFlights },
+    { u"flight-status", &flightStatus },
+    { u"get_airline_promotions", &airlinePromotions },
+    { u"get_city_guide", &cityGuide },
+};
+
 } // namespace Sample

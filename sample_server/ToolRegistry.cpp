@@ -3,10 +3,10 @@
 #include "sample_server/JsonSchema.h"
 
 #include <QFile>
-#include <QHash>
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Sample {
 
@@ -20,23 +20,18 @@ const QJsonArray &toolDescriptions()
 
 QJsonObject callTool(const QString &name, const QJsonObject &arguments, const ToolContext &context)
 {
-    static const QHash<QString, decltype(&searchFlights)> implementations {
-        { u"find_flight_price_calendar"_s, &findPriceCalendar },
-        { u"search_flights"_s, &searchFlights },
-        { u"flight-status"_s, &flightStatus },
-        { u"get_airline_promotions"_s, &airlinePromotions },
-        { u"get_city_guide"_s, &cityGuide },
-    };
+    const auto entry = std::find_if(std::begin(tools), std::end(tools),
+                                    [&name](const ToolEntry &tool) { return tool.name == name; });
     const QJsonArray &descriptions = toolDescriptions();
     const auto tool = std::find_if(
         descriptions.begin(), descriptions.end(),
         [&name](const QJsonValue &description) { return description["name"_L1] == name; });
-    if (tool == descriptions.end() || !implementations.contains(name))
+    if (tool == descriptions.end() || entry == std::end(tools))
         throw RpcError { u"\"%1\" adında bir araç yok."_s.arg(name.left(80)) };
     if (const auto violation =
             JsonSchema::violation((*tool)["inputSchema"_L1].toObject(), arguments))
         throw RpcError { *violation };
-    return implementations.value(name)(arguments, context);
+    return entry->call(arguments, context);
 }
 
 QJsonArray readResource(const QString &fileName, QLatin1StringView key)

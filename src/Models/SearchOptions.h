@@ -62,6 +62,23 @@ inline constexpr std::array sortOptions {
     Row<FlightSortOption> { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
 };
 
+/// Whether a table has a row for every case up to `last`, in the order of the cases.
+template<typename Table, typename Option>
+constexpr bool isWhole(const Table &table, Option last)
+{
+    size_t next = 0;
+    for (const auto &row : table) {
+        if (static_cast<size_t>(row.option) != next++)
+            return false;
+    }
+    return next == static_cast<size_t>(last) + 1;
+}
+
+static_assert(isWhole(tripTypes, TripType::roundTrip));
+static_assert(isWhole(cabinClasses, CabinClass::business));
+static_assert(isWhole(timeRanges, TimeRange::fourWeeks));
+static_assert(isWhole(sortOptions, FlightSortOption::directOnly));
+
 /// All cases, in the order in which pickers show them.
 template<typename Option>
 const QList<Option> &allCases();

@@ -9,8 +9,6 @@
 
 #include <optional>
 
-inline QString identity(const PromotionItem &promotion) { return promotion.title; }
-
 using PromotionListModel = RecordListModel<PromotionItem>;
 
 /// What one opening of the city guide sheet shows. It lives on the main thread and goes with the

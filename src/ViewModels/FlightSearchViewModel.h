@@ -14,8 +14,6 @@
 
 #include <optional>
 
-inline QString identity(const DailyPrice &price) { return price.id(); }
-
 using DailyPriceListModel = RecordListModel<DailyPrice>;
 
 /// The state behind the main window: the search form, the results of the last search, progress and

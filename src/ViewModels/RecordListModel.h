@@ -23,7 +23,7 @@ Q_SIGNALS:
 
 /// A list of records that changes row by row: a new list is reached by removing, moving and
 /// inserting rows, so that a view moves its delegates instead of making them again. Records are
-/// told apart by `identity(record)`; a list in which two are the same, or that is longer than any
+/// told apart by `record.id()`; a list in which two are the same, or that is longer than any
 /// view would move, is replaced at once.
 /// Delegates read the record under one role name.
 template<typename Record>
@@ -75,7 +75,7 @@ private:
         QSet<QString> set;
         set.reserve(records.size());
         for (const Record &record : records)
-            set.insert(identity(record));
+            set.insert(record.id());
         return set;
     }
 
@@ -95,7 +95,7 @@ private:
     {
         const QSet<QString> wanted = identities(records);
         for (int row = rowCount() - 1; row >= 0; --row) {
-            if (wanted.contains(identity(m_records.at(row))))
+            if (wanted.contains(m_records.at(row).id()))
                 continue;
             beginRemoveRows({}, row, row);
             m_records.removeAt(row);
@@ -109,7 +109,7 @@ private:
     void settleRow(int row, const Record &record)
     {
         int from = row;
-        while (from < m_records.size() && identity(m_records.at(from)) != identity(record))
+        while (from < m_records.size() && m_records.at(from).id() != record.id())
             ++from;
         if (from == m_records.size()) {
             beginInsertRows({}, row, row);

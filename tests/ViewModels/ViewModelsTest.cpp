@@ -39,9 +39,9 @@ QString numbers(const QList<FlightOption> &flights)
 struct Letter
 {
     QChar letter;
+    QString id() const { return letter.toLower(); }
     friend bool operator==(const Letter &, const Letter &) = default;
 };
-QString identity(const Letter &record) { return record.letter.toLower(); }
 
 QList<Letter> letters(const QString &text)
 {

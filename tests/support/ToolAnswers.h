@@ -35,6 +35,7 @@ struct Offer
     QString departure = QStringLiteral("2026-03-06T10:00");
     int minutes = 60;
     int segments = 1; ///< all alike
+    int seats = 7;
 };
 
 inline ScriptedAnswer flightsAnswer(const QList<Offer> &offers)
@@ -43,7 +44,8 @@ inline ScriptedAnswer flightsAnswer(const QList<Offer> &offers)
     QJsonArray options;
     for (const Offer &offer : offers) {
         const QJsonObject segment { { u"flightNumber"_s, offer.number },
-                                    { u"departureDateTime"_s, offer.departure } };
+                                    { u"departureDateTime"_s, offer.departure },
+                                    { u"availableSeatCount"_s, offer.seats } };
         QJsonArray segments;
         for (int index = 0; index < offer.segments; ++index)
             segments.append(segment);

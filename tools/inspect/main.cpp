@@ -25,6 +25,7 @@ struct Options
     QString scene = u"search"_s;
     QString origin;
     QString destination;
+    QStringList presses;
     QSize size { 1080, 720 };
     double scale = 1;
     QString picture;
@@ -70,6 +71,8 @@ Options parseOptions(const QStringList &arguments)
         { u"scene"_s, u"What to show (see --list-scenes)."_s, u"NAME"_s, u"search"_s },
         { u"origin"_s, u"Searches from this airport."_s, u"CODE"_s },
         { u"destination"_s, u"Searches to this airport."_s, u"CODE"_s },
+        { u"press"_s, u"Then presses what a screen reader calls so; may be given more than once."_s,
+          u"NAME"_s },
         { u"size"_s, u"Size of the window."_s, u"WxH"_s, u"1080x720"_s },
         { u"scale"_s, u"Device pixels for each pixel."_s, u"FACTOR"_s, u"1"_s },
         { u"picture"_s, u"Writes a picture of the window."_s, u"FILE.png"_s },
@@ -95,6 +98,7 @@ Options parseOptions(const QStringList &arguments)
     options.scene = parser.value(u"scene"_s);
     options.origin = parser.value(u"origin"_s);
     options.destination = parser.value(u"destination"_s);
+    options.presses = parser.values(u"press"_s);
     options.size = parseSize(parser.value(u"size"_s));
     options.scale = parseNumber(u"scale"_s, parser.value(u"scale"_s), 0.5, 4);
     options.timeoutSeconds = qRound(parseNumber(u"timeout"_s, parser.value(u"timeout"_s), 1, 3600));
@@ -129,6 +133,13 @@ bool searchBetween(Stage &stage, const Options &options)
     return stage.waitForSearch();
 }
 
+bool pressAll(Stage &stage, const QStringList &names)
+{
+    return std::all_of(names.begin(), names.end(), [&stage](const QString &name) {
+        return stage.pressCalled(name) && stage.waitUntilStill();
+    });
+}
+
 bool writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
@@ -153,7 +164,8 @@ int show(const Options &options)
     Stage stage(window, std::chrono::seconds(options.timeoutSeconds));
     const bool isThere = stage.waitUntil([window] { return window->isExposed(); })
         && stage.waitForSearch() && searchBetween(stage, options) && stage.waitUntilStill()
-        && scene.play(stage) && (scene.isRestless || stage.waitUntilStill());
+        && scene.play(stage) && (scene.isRestless || stage.waitUntilStill())
+        && pressAll(stage, options.presses);
     const QImage picture = stage.picture();
     if (!isThere) {
         const QString reason = stage.viewModel()->errorMessageText();

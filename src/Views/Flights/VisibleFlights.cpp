@@ -61,7 +61,7 @@ void VisibleFlights::rearrange()
     m_leaving = m_rows.records();
     for (FlightRow &row : m_leaving) {
         row.isLeaving = true;
-        leaving.insert(identity(row), &row);
+        leaving.insert(row.id(), &row);
     }
     // On its way out a card moves towards its new place.
     const QList<FlightOption> &flights = m_flights->flights();
@@ -80,8 +80,8 @@ void VisibleFlights::update()
     const QList<FlightRow> wanted = wantedRows();
     QSet<QString> staying;
     for (const FlightRow &row : wanted)
-        staying.insert(identity(row));
-    m_leaving.removeIf([&](const FlightRow &row) { return staying.contains(identity(row)); });
+        staying.insert(row.id());
+    m_leaving.removeIf([&](const FlightRow &row) { return staying.contains(row.id()); });
     // The leaving ones come first, so that the others are drawn over them.
     m_rows.setRecords(m_leaving + wanted);
 }

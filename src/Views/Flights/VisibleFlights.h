@@ -21,10 +21,10 @@ public:
     FlightOption flight;
     bool isLeaving = false; ///< no longer to be drawn, once its motion has ended
 
+    QString id() const { return flight.id; }
+
     friend bool operator==(const FlightRow &, const FlightRow &) = default;
 };
-
-inline QString identity(const FlightRow &row) { return row.flight.id; }
 
 /// Those of a list of flights that are worth a card: the rows that a view wants to
 /// draw, the one with the keyboard, which has to exist wherever it is, and for the length of a
