@@ -25,6 +25,7 @@ function(vantora_add_qml_module target uri)
     QML_FILES ${module_QML_FILES})
 
   vantora_join_compiled_qml(${target})
+  vantora_look_into(${target} ${module_SOURCES})
 
   # The generated type registration includes headers by their bare names.
   foreach(file IN LISTS module_SOURCES)
