@@ -10,7 +10,7 @@ set(VANTORA_CORE_HEADERS
   <QtCore/QPointer> <QtCore/QRegularExpression> <QtCore/QString> <QtCore/QStringList>
   <QtCore/QTimer> <QtCore/QUrl> <QtCore/QVariant>)
 set(VANTORA_NETWORK_HEADERS ${VANTORA_CORE_HEADERS}
-  <QtNetwork/QNetworkAccessManager> <QtNetwork/QNetworkReply> <QCoroTask> <QCoroFuture>)
+  <QCoroTask> <QCoroFuture>)
 set(VANTORA_QML_HEADERS ${VANTORA_CORE_HEADERS}
   <QtGui/QFont> <QtGui/QImage> <QtQml/qqmlprivate.h> <QtQml/QQmlContext> <QtQml/QQmlEngine>
   <QtQuick/QQuickItem> <QtQuick/QQuickWindow>)

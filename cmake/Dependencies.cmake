@@ -31,10 +31,8 @@ vantora_require(Qt6Test qt6-base-dev 6.4)
 vantora_require(Qt6Qml qt6-declarative-dev 6.4)
 vantora_require(Qt6Quick qt6-declarative-dev 6.4)
 vantora_require(Qt6QuickControls2 qt6-declarative-dev 6.4)
-vantora_require(Qt6QuickTest qt6-declarative-dev 6.4)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2
-             QuickTest)
-vantora_require(QCoro6 qcoro-qt6-dev 0.8 COMPONENTS Core Network)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2)
+vantora_require(QCoro6 qcoro-qt6-dev 0.8 COMPONENTS Core)
 vantora_require(ICU libicu-dev COMPONENTS i18n uc)
 # Headers alone; the name of its CMake target differs between versions.
 find_path(VANTORA_VALIJSON_INCLUDE valijson/validator.hpp)

@@ -159,6 +159,7 @@ void HttpExchange::noteConnection(QSslSocket *socket)
         return;
     m_socket = socket;
     m_canConnectOtherwise = false;
+    m_failure.reset(); // the other kind of address is none of this connection's
     m_attempts.removeOne(socket);
     for (QSslSocket *attempt : std::exchange(m_attempts, {}))
         attempt->deleteLater();

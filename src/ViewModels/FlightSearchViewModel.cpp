@@ -88,7 +88,8 @@ FlightSearchViewModel::FlightSearchViewModel(QObject *parent, const QDateTime &n
             &FlightSearchViewModel::selectedDayIndexChanged);
     for (const auto changed : { &FlightSearchViewModel::originCodeChanged,
                                 &FlightSearchViewModel::destinationCodeChanged,
-                                &FlightSearchViewModel::selectedDateChanged })
+                                &FlightSearchViewModel::selectedDateChanged,
+                                &FlightSearchViewModel::errorMessageChanged })
         connect(this, changed, this, &FlightSearchViewModel::earlierSearchChanged);
 }
 
@@ -193,7 +194,8 @@ QString FlightSearchViewModel::searchText(const QString &day) const
 
 QString FlightSearchViewModel::earlierSearch() const
 {
-    return m_flightsSearch == searchText(m_selectedDate) ? QString() : m_flightsSearch;
+    const bool areCurrent = !m_errorMessage && m_flightsSearch == searchText(m_selectedDate);
+    return areCurrent ? QString() : m_flightsSearch;
 }
 
 void FlightSearchViewModel::swapAirports()

@@ -112,9 +112,9 @@ public:
     double highestPrice() const;
     /// Where the selected day stands in the calendar; -1 when it is not one of its days.
     int selectedDayIndex() const;
-    /// What `flights` were asked for, "IST–LHR, 2026-12-05", when it is not what is chosen now: the
-    /// last request failed, an older one was answered later, or the airports were changed. Empty
-    /// otherwise.
+    /// What `flights` were asked for, "IST–LHR, 2026-12-05", when they do not answer what is chosen
+    /// now: the last request failed, an older one was answered later, or the airports were changed.
+    /// Empty otherwise.
     QString earlierSearch() const;
 
     // The shapes in which QML reads the state above.

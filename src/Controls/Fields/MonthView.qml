@@ -32,6 +32,8 @@ SpokenDialog {
 
     function showMonth(step: int) {
         cursor = DateEditing.addMonths(cursor, step);
+        if (!days.activeFocus)
+            Speech.say(DateEditing.monthText(cursor));
     }
 
     WheelHandler {

@@ -13,6 +13,12 @@ SpokenList {
     currentRow: menu.highlightedIndex
     selectedRow: menu.currentIndex
     isActive: menu.down
+    onRowFocused: row => {
+        for (let step = menu.highlightedIndex; step < row; ++step)
+            menu.incrementCurrentIndex();
+        for (let step = menu.highlightedIndex; step > row; --step)
+            menu.decrementCurrentIndex();
+    }
     onRowPressed: row => (entries.itemAtIndex(row) as T.ItemDelegate).clicked()
 
     function textOf(row: int): string {

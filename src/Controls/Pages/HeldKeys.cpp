@@ -22,13 +22,17 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto &press = *static_cast<QKeyEvent *>(event);
-        return acts(press) && isRepeat(press);
+        // A press may have opened a sheet with a text field in it, which is not to be typed into.
+        if (isRepeat(press) && (press.key() == m_actingKey || acts(press)))
+            return true;
+        m_actingKey = acts(press) ? press.key() : 0;
+        return false;
     }
     if (event->type() == QEvent::KeyRelease) {
         const auto &release = *static_cast<QKeyEvent *>(event);
         m_releasedKey = release.nativeScanCode();
         m_releasedAt = momentOf(release);
-        return acts(release);
+        return release.key() == m_actingKey || acts(release);
     }
     return WindowWatcher::eventFilter(watched, event);
 }

@@ -1,5 +1,6 @@
 #include "Controls/Speech/SpokenNode.h"
 
+#include "Controls/Look/ShownText.h"
 #include "Controls/Speech/TopLayer.h"
 
 #include <QQuickWindow>
@@ -79,9 +80,9 @@ QList<QAccessibleInterface *> Spoken::childrenOf(const QQuickItem *item)
 QString SpokenItem::text(QAccessible::Text kind) const
 {
     if (kind == QAccessible::Name)
-        return Spoken::attached(item(), "name").toString();
+        return ShownText::of(Spoken::attached(item(), "name").toString(), false);
     if (kind == QAccessible::Description)
-        return Spoken::attached(item(), "description").toString();
+        return ShownText::of(Spoken::attached(item(), "description").toString(), false);
     return {};
 }
 

@@ -110,7 +110,12 @@ FocusScope {
         hasError: error.isOpen
         isBannerAbove: error.bannerTop < scrollPage.contentY
         isBannerBelow: error.bannerTop + 40 > scrollPage.contentY + scrollPage.height
-        onClicked: scrollPage.showRange(error.bannerTop, error.topInPage + error.height)
+        onClicked: {
+            // The keyboard does not stay with what goes out of sight.
+            if (activeFocus)
+                error.nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason);
+            scrollPage.showRange(error.bannerTop, error.topInPage + error.height);
+        }
     }
 
     FlightStatusSheet {
