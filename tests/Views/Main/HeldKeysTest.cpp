@@ -52,7 +52,8 @@ private Q_SLOTS:
     }
 
 private:
-    /// What happened since the window opened.
+    /// What happened since the window opened: pages, pop-ups that are open, questions; then what is
+    /// typed into the field with the keyboard, or where the flights leave from.
     QString deeds() const
     {
         const auto isPopUp = [](QQuickItem *shown) { return shown->inherits("QQuickPopupItem"); };
