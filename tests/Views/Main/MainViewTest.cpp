@@ -119,7 +119,8 @@ private Q_SLOTS:
                                  "estimatedArrival", "terminal", "gate", "baggage" })
             status.insert(QString::fromLatin1(key), text);
         m_answers.insert(statusTool, ScriptedAnswer::content({ { u"flightData"_s, status } }));
-        QVERIFY(m_window->open(u"flightStatusButton"_s, u"flightStatusSheet"_s));
+        pressAccessibly(m_window->named(u"flightStatusButton"_s));
+        QTRY_VERIFY(m_window->isOpen(u"flightStatusSheet"_s));
         m_window->press("Return");
         QTRY_VERIFY(m_window->named(u"statusResultCard"_s));
         expectTextsInPlace({ "StatusResultCard" });
