@@ -48,7 +48,10 @@ private Q_SLOTS:
                 "clientInfo": { "name": "vtr-flight-finder-macos-native", "version": "1.0.0" } }
             })"));
         QSet<int> ids;
+        QSet<int> connections { m_server->requests().at(0).connection };
         for (const ReceivedRequest &request : m_server->toolCalls()) {
+            QVERIFY(!connections.contains(request.connection));
+            connections.insert(request.connection);
             QCOMPARE(request.header("mcp-session-id"), "shared");
             QJsonObject json = request.json();
             ids.insert(json.take("id"_L1).toInt());

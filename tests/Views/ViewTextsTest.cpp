@@ -70,7 +70,8 @@ private Q_SLOTS:
         QCOMPARE(opened(own), QUrl(own));
         for (const QString &link :
              { QString(), u"not a link"_s, u"file:///etc/passwd"_s, u"javascript:alert(1)"_s,
-               u"https:///x"_s, u"https://www.vantora-air.example@evil.example/"_s,
+               u"https:///x"_s, u"ftp://book.example/x"_s,
+               u"https://www.vantora-air.example@evil.example/"_s,
                u"https://book.example/"_s + QString(1'000'000, u'x') })
             QCOMPARE(opened(link), webSite);
         QDesktopServices::unsetUrlHandler(u"https"_s);
