@@ -110,39 +110,6 @@ private Q_SLOTS:
                R"({ "departureAirportCode": "ESB", "countryCode": "TR" })");
     }
 
-    void aircraft()
-    {
-        const QString names =
-            u"789 Boeing 787-9 Dreamliner|787 Boeing 787-9 Dreamliner|A350 Airbus A350-900|"
-            "773 Boeing 777-300ER|B777 Boeing 777-300ER|32q Airbus A321neo|320 Airbus A320neo|"
-            "738 Boeing 737-800|73h Boeing 737-800|739 Boeing 737-900ER|73J Boeing 737-900ER|"
-            "333 Airbus A330|332 Airbus A330|7max Boeing 737 MAX|7M9 Vantora (7M9)|"
-            "321-789 Boeing 787-9 Dreamliner|7320 Airbus A320neo|<b> Vantora (<b>)"_s;
-        for (const QString &name : names.split(u'|')) {
-            const QString code = name.section(u' ', 0, 0);
-            QCOMPARE(FlightSearchTool::aircraftName(code), name.section(u' ', 1));
-        }
-    }
-
-    void repliesWithoutFlights()
-    {
-        const QString none[] {
-            uR"([{ "originDestinationInformations": [{ "originDestinationOptions": [{}] }] }])"_s,
-            u"{}"_s,
-            uR"({ "originDestinationInformations": [] })"_s,
-            uR"({ "originDestinationInformations": [{}] })"_s,
-            uR"({ "originDestinationInformations": [{}, { "originDestinationOptions": [{}] }] })"_s,
-            uR"({ "originDestinationInformations": [{ "originDestinationOptions": [{}] }, null] })"_s,
-            uR"({ "originDestinationInformations": [{ "originDestinationOptions": [{}, 1] }] })"_s,
-        };
-        for (const QString &data : none) {
-            const QString reply = uR"({ "availabilityData": %1 })"_s.arg(data);
-            const QJsonObject json = QJsonDocument::fromJson(reply.toUtf8()).object();
-            QVERIFY(!json.isEmpty());
-            QVERIFY(FlightSearchTool::parseFlightOptions(json, u"A"_s, u"B"_s).isEmpty());
-        }
-    }
-
     void replies_data()
     {
         QTest::addColumn<QString>("reader");

@@ -77,15 +77,25 @@ private Q_SLOTS:
         QVERIFY(crumbs.contains(" 25=v") && !crumbs.join().contains("long"));
     }
 
-    void initializeAnswers_data()
+    void initializeAnswers()
     {
-        QTest::addColumn<ScriptedAnswer>("answer");
-        QTest::addColumn<QByteArray>("session"); // that the call then names
-        QTest::addColumn<QString>("text"); // of the error, when there is no session
-
-        const auto answer = [](const char *name, const ScriptedAnswer &answer,
-                               const QByteArray &session, const QString &text = {}) {
-            QTest::newRow(name) << answer << session << text;
+        // `session` is what the call then names; without one `text` is the error's.
+        const auto answer = [this](const char *name, const ScriptedAnswer &answer,
+                                   const QByteArray &session, const QString &text = {}) {
+            m_server->onInitialize = [answer](const ReceivedRequest &) { return answer; };
+            VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
+            const qsizetype before = m_server->toolCalls().size();
+            const auto outcome = settle(call());
+            const QList<ReceivedRequest> calls = m_server->toolCalls().sliced(before);
+            if (!session.isEmpty()) {
+                QVERIFY2(outcome.value && calls.size() == 1, name);
+                QVERIFY2(calls.first().header("mcp-session-id") == session, name);
+                return;
+            }
+            QVERIFY2(outcome.error && calls.isEmpty(), name);
+            QVERIFY2(outcome.error->domain() == McpError::Domain::Client, name);
+            QVERIFY2(outcome.error->code() == answer.status, name);
+            QCOMPARE(outcome.errorText(), u"No mcp-session-id header: "_s + text);
         };
         const auto text = &ScriptedAnswer::text;
         const QByteArray anySign = "!~/+=\"" + QByteArray(4000, 'x');
@@ -103,25 +113,6 @@ private Q_SLOTS:
                "", u"kimsin"_s);
         answer("redirect without header", found, "");
         answer("cut UTF-8", text("caf\xc3", 200), "");
-    }
-    void initializeAnswers()
-    {
-        QFETCH(ScriptedAnswer, answer);
-        QFETCH(QByteArray, session);
-        QFETCH(QString, text);
-        m_server->onInitialize = [answer](const ReceivedRequest &) { return answer; };
-
-        const auto outcome = settle(call());
-        QCOMPARE(m_server->requests().size(), session.isEmpty() ? 1 : 2);
-        if (!session.isEmpty()) {
-            QVERIFY(outcome.value);
-            QCOMPARE(m_server->requests().at(1).header("mcp-session-id"), session);
-            return;
-        }
-        QVERIFY(outcome.error);
-        QCOMPARE(outcome.error->domain(), McpError::Domain::Client);
-        QCOMPARE(outcome.error->code(), answer.status);
-        QCOMPARE(outcome.errorText(), u"No mcp-session-id header: "_s + text);
     }
 
     void aLostSessionIsOpenedAnew()
@@ -172,15 +163,22 @@ private Q_SLOTS:
             QVERIFY(request.header("mcp-session-id") != "session-1");
     }
 
-    void answers_data()
+    void answers()
     {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<QString>("error"); // null when there is a result
-        QTest::addColumn<QJsonObject>("result");
-
-        const auto result = [](const char *body, const char *json) {
-            QTest::newRow(body) << 200 << QByteArray(body) << QString() << parsed(json);
+        const auto answer = [this](int status, const QByteArray &body) {
+            const qsizetype before = m_server->toolCalls().size();
+            m_server->enqueue({ ScriptedAnswer::text(body, status)
+                                    .withHeader("Location", "/elsewhere")
+                                    .withHeader("WWW-Authenticate", "NTLM")
+                                    .withHeader("Proxy-Authenticate", "Basic realm=\"x\"") });
+            const auto outcome = settle(call());
+            [&] { QCOMPARE(m_server->toolCalls().size(), before + 1); }();
+            return outcome;
+        };
+        const auto result = [&answer](const char *body, const char *json) {
+            const auto outcome = answer(200, body);
+            QVERIFY2(outcome.value, body);
+            QCOMPARE(*outcome.value, parsed(json));
         };
         result(R"({"id":2,"result":{"structuredContent":{"a":1},"content":[]}})", R"({"a":1})");
         result(R"({"result":{"structuredContent":{},"content":[]}})", "{}");
@@ -194,9 +192,12 @@ private Q_SLOTS:
         result(R"({"error":null,"result":{"a":1}})", R"({"a":1})");
         result(" \r\n\t{\"id\":\"x\",\"result\":{\"a\":1}}\n\n", R"({"a":1})");
 
-        const auto error = [](int status, const char *body, const QString &text) {
-            QTest::addRow("%d %s", status, body)
-                << status << QByteArray(body) << text << QJsonObject();
+        const auto error = [&answer](int status, const char *body, const QString &text) {
+            const auto outcome = answer(status, body);
+            QVERIFY2(outcome.error, body);
+            QCOMPARE(outcome.errorText(), text);
+            QCOMPARE(outcome.error->domain(), McpError::Domain::Client);
+            QCOMPARE(outcome.error->code(), -1);
         };
         const QString withoutMessage = u"Tool execution failed"_s;
         error(200, R"({"error":{"message":""}})", u""_s);
@@ -205,26 +206,6 @@ private Q_SLOTS:
         error(200, "[{}]", u"Invalid JSON response"_s);
         for (const int status : { 200, 302, 307, 401, 403, 405, 407, 418, 429, 500, 503 })
             error(status, R"({"error":{"code":-1,"message":"olmadı"}})", u"olmadı"_s);
-    }
-    void answers()
-    {
-        QFETCH(int, status);
-        QFETCH(QByteArray, body);
-        QFETCH(QString, error);
-        QFETCH(QJsonObject, result);
-        m_server->enqueue({ ScriptedAnswer::text(body, status)
-                                .withHeader("Location", "/elsewhere")
-                                .withHeader("WWW-Authenticate", "NTLM")
-                                .withHeader("Proxy-Authenticate", "Basic realm=\"x\"") });
-        const auto outcome = settle(call());
-        QCOMPARE(outcome.errorText(), error);
-        QCOMPARE(outcome.error.has_value(), !error.isNull());
-        QCOMPARE(outcome.value.value_or(QJsonObject()), result);
-        if (outcome.error) {
-            QCOMPARE(outcome.error->domain(), McpError::Domain::Client);
-            QCOMPARE(outcome.error->code(), -1);
-        }
-        QCOMPARE(m_server->requests().size(), 2);
     }
 };
 

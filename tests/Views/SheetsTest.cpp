@@ -128,6 +128,24 @@ private Q_SLOTS:
         QVERIFY(!m_window->named(u"guideLoadingPanel"_s));
     }
 
+    void ofLongListsOnlyTheBeginningIsLaidOut()
+    {
+        QJsonArray many;
+        for (int number = 0; number < 100; ++number)
+            many.append(QJsonObject { { u"title"_s, QString::number(number) } });
+        const QStringList sights(100, u"yer"_s);
+        m_answers = { { promotionsTool, ScriptedAnswer::content({ { u"promotions"_s, many } }) },
+                      { guideTool,
+                        ScriptedAnswer::content(
+                            { { u"topAttractions"_s, QJsonArray::fromStringList(sights) } }) } };
+        QVERIFY(openGuide());
+        QTRY_COMPARE(shownPage().count(u"yer"_s), 60);
+        m_window->press("Right");
+        QTRY_VERIFY(shownPage().contains(u"59"));
+        QTest::qWait(100); // they come one after the other
+        QVERIFY(!shownPage().contains(u"60"));
+    }
+
     void theGuideScrollsByKeyboard()
     {
         m_answers.insert(guideTool, guideOf(u"Londra "_s.repeated(60)));

@@ -2,6 +2,7 @@
 #include "Effort.h"
 #include "HostileReplies.h"
 #include "Services/ServiceAddresses.h"
+#include "ViewModels/ObservableObject.h"
 #include "inspect/WindowDriver.h"
 #include "support/ConsoleCapture.h"
 #include "support/ToolAnswers.h"
@@ -11,6 +12,7 @@
 #include <QTest>
 #include <QTextStream>
 
+#include <algorithm>
 #include <atomic>
 #include <malloc.h>
 #include <sys/mman.h>
@@ -77,12 +79,23 @@ public:
             press(u"statusQueryButton"_s);
         else if (reply.tool == promotionsTool)
             key(Qt::Key_Right);
-        QTest::qWait(3 * drawing);
+        QTest::qWait(drawing);
+        constexpr int patience = 30'000;
+        if (!QTest::qWaitFor([this] { return !isAsking(); }, patience))
+            QTextStream(stderr) << "No answer to this: ";
+        QTest::qWait(2 * drawing);
         key(Qt::Key_Escape);
         QTest::qWait(drawing);
     }
 
 private:
+    bool isAsking() const
+    {
+        const auto states = window()->findChildren<ObservableObject *>();
+        return std::any_of(states.begin(), states.end(), [](const ObservableObject *state) {
+            return state->property("isLoading").toBool();
+        });
+    }
     void press(const QString &name) const { pressAccessibly(named(name)); }
 };
 
