@@ -3,6 +3,7 @@
 
 #include "sample_server/HttpConnection.h"
 #include "sample_server/SampleServer.h"
+#include "sample_server/ToolRegistry.h"
 
 #include <QDeadlineTimer>
 #include <QHostAddress>
@@ -211,7 +212,8 @@ private Q_SLOTS:
             QCOMPARE(initialize(version).json()["result"_L1]["protocolVersion"_L1],
                      std::min(version, u"2025-11-25"_s));
         }
-        QCOMPARE(ask(rpc(1, u"tools/list"_s)).json()["result"_L1]["tools"_L1].toArray().size(), 5);
+        QCOMPARE(ask(rpc(1, u"tools/list"_s)).json()["result"_L1]["tools"_L1].toArray(),
+                 Sample::toolDescriptions());
     }
 
     void sessionsInUseOutliveTheOthers()
