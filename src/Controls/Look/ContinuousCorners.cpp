@@ -28,18 +28,10 @@ void addCorner(QPainterPath &path, QPointF corner, QPointF along, QPointF across
     }
 }
 
-void blurRow(const std::vector<qreal> &kernel, const uchar *from, uchar *to, int length, int stride)
+void addWeighted(qreal *sums, const qreal *values, qreal weight, int count)
 {
-    const int reach = static_cast<int>(kernel.size()) / 2;
-    for (int i = 0; i < length; ++i) {
-        qreal sum = 0;
-        for (int k = -reach; k <= reach; ++k) {
-            const int at = i + k;
-            if (at >= 0 && at < length)
-                sum += kernel[static_cast<size_t>(k + reach)] * from[at * stride];
-        }
-        to[i * stride] = static_cast<uchar>(std::lround(sum));
-    }
+    for (int i = 0; i < count; ++i)
+        sums[i] += weight * values[i];
 }
 
 } // namespace
@@ -84,12 +76,29 @@ QImage blurred(const QImage &mask, qreal deviation)
     for (qreal &weight : kernel)
         weight /= sum;
 
-    QImage rows = mask;
-    for (int y = 0; y < mask.height(); ++y)
-        blurRow(kernel, mask.constScanLine(y), rows.scanLine(y), mask.width(), 1);
-    QImage result = rows;
-    const int stride = static_cast<int>(rows.bytesPerLine());
-    for (int x = 0; x < mask.width(); ++x)
-        blurRow(kernel, rows.constBits() + x, result.bits() + x, mask.height(), stride);
+    // Sums of whole rows, which the compiler makes fast; around the mask there is nothing.
+    const int width = mask.width();
+    const int height = mask.height();
+    const size_t paddedWidth = size_t(width + 2 * reach);
+    std::vector<qreal> rows(size_t(width) * size_t(height + 2 * reach));
+    std::vector<qreal> padded(paddedWidth);
+    for (int y = 0; y < height; ++y) {
+        std::copy_n(mask.constScanLine(y), width, padded.begin() + reach);
+        qreal *row = rows.data() + size_t(y + reach) * size_t(width);
+        for (size_t k = 0; k < kernel.size(); ++k)
+            addWeighted(row, padded.data() + k, kernel[k], width);
+        for (int x = 0; x < width; ++x)
+            row[x] = std::floor(row[x] + 0.5);
+    }
+    QImage result = mask;
+    std::vector<qreal> sums(static_cast<size_t>(width));
+    for (int y = 0; y < height; ++y) {
+        std::fill(sums.begin(), sums.end(), 0);
+        for (size_t k = 0; k < kernel.size(); ++k)
+            addWeighted(sums.data(), rows.data() + (size_t(y) + k) * size_t(width), kernel[k],
+                        width);
+        std::transform(sums.begin(), sums.end(), result.scanLine(y),
+                       [](qreal value) { return static_cast<uchar>(value + 0.5); });
+    }
     return result;
 }

@@ -1,38 +1,139 @@
 #include "Controls/Look/RoundedSurface.h"
 
 #include "Controls/Look/ContinuousCorners.h"
+#include "Controls/Look/SurfaceLook.h"
 
-#include <QCache>
-#include <QPainter>
+#include <QHash>
 #include <QQuickWindow>
 #include <QSGImageNode>
 #include <QSGNinePatchNode>
+#include <QSGRendererInterface>
+#include <QSGTextureMaterial>
 
-#include <algorithm>
 #include <cmath>
+#include <memory>
+#include <optional>
 
 namespace {
 
-enum class NodeKind { Image, NinePatch };
+/// What surfaces of one look in one window share: a texture, or on the software scene graph, which
+/// has none to share, the image.
+struct SurfacePicture
+{
+    QImage image;
+    std::unique_ptr<QSGTexture> texture;
+};
 
-/// The texture node behind one surface, either stretched in the middle or drawn as it is.
+bool isSoftware(const QQuickWindow *window)
+{
+    return window->rendererInterface()->graphicsApi() == QSGRendererInterface::Software;
+}
+
+/// The picture lives as long as a node that draws it. Only the render thread, which runs while the
+/// main thread waits, comes here.
+std::shared_ptr<SurfacePicture> sharedPicture(QQuickWindow *window, const SurfaceLook &look)
+{
+    static QHash<std::pair<const QQuickWindow *, SurfaceLook>, std::weak_ptr<SurfacePicture>> all;
+    std::weak_ptr<SurfacePicture> &known = all[{ window, look }];
+    if (auto picture = known.lock())
+        return picture;
+    auto picture = std::make_shared<SurfacePicture>();
+    picture->image = look.paint();
+    if (!isSoftware(window)) {
+        picture->texture.reset(window->createTextureFromImage(picture->image));
+        picture->image = {};
+    }
+    known = picture;
+    all.removeIf([](const auto &entry) { return entry.value().expired(); });
+    return picture;
+}
+
+/// Draws one picture, either stretched in the middle or as it is. The scene graph's own nine-patch
+/// would take the texture for its own.
 class SurfaceNode : public QSGNode
 {
 public:
-    explicit SurfaceNode(NodeKind nodeKind)
-        : kind(nodeKind)
-    { }
+    SurfaceNode(QQuickWindow *window, bool stretches)
+        : m_window(window)
+        , m_stretches(stretches)
+    {
+        if (!stretches) {
+            m_image = window->createImageNode();
+            m_image->setFiltering(QSGTexture::Linear);
+            appendChildNode(m_image);
+        } else if (isSoftware(window)) {
+            m_softwarePatch = window->createNinePatchNode();
+            appendChildNode(m_softwarePatch);
+        } else {
+            m_patch.setGeometry(&m_patchGeometry);
+            m_patch.setMaterial(&m_patchMaterial);
+            m_patch.setFlag(QSGNode::OwnedByParent, false);
+            appendChildNode(&m_patch);
+        }
+    }
+    ~SurfaceNode() override
+    {
+        // They use the texture, which goes with this node.
+        removeAllChildNodes();
+        delete m_image;
+        delete m_softwarePatch;
+    }
 
-    const NodeKind kind;
+    bool stretches() const { return m_stretches; }
+
+    void setLook(const SurfaceLook &look)
+    {
+        if (m_look == look)
+            return;
+        m_look = look;
+        const auto picture = sharedPicture(m_window, look);
+        QSGTexture *texture = picture->texture.get();
+        const bool isOwn = !texture;
+        if (isOwn)
+            texture = m_window->createTextureFromImage(picture->image);
+        if (m_image) {
+            m_image->setOwnsTexture(isOwn);
+            m_image->setTexture(texture);
+        } else if (m_softwarePatch) {
+            m_softwarePatch->setTexture(texture);
+        } else {
+            m_patchMaterial.setTexture(texture);
+            m_patch.markDirty(DirtyMaterial);
+        }
+        m_picture = picture;
+    }
+
+    /// `padding` is what of each side is not stretched.
+    void setBounds(const QRectF &bounds, qreal padding)
+    {
+        const qreal ratio = m_look->devicePixelRatio;
+        if (m_image) {
+            m_image->setRect(bounds);
+        } else if (m_softwarePatch) {
+            m_softwarePatch->setDevicePixelRatio(ratio);
+            m_softwarePatch->setPadding(padding, padding, padding, padding);
+            m_softwarePatch->setBounds(bounds);
+            m_softwarePatch->update();
+        } else {
+            const auto sides = static_cast<float>(padding);
+            QSGNinePatchNode::rebuildGeometry(m_patchMaterial.texture(), &m_patchGeometry,
+                                              QVector4D(sides, sides, sides, sides), bounds, ratio);
+            m_patch.markDirty(DirtyGeometry);
+        }
+    }
+
+private:
+    QQuickWindow *m_window;
+    const bool m_stretches;
+    std::optional<SurfaceLook> m_look;
+    std::shared_ptr<SurfacePicture> m_picture;
+    // One of the three draws.
+    QSGImageNode *m_image = nullptr;
+    QSGNinePatchNode *m_softwarePatch = nullptr;
+    QSGGeometryNode m_patch;
+    QSGGeometry m_patchGeometry { QSGGeometry::defaultAttributes_TexturedPoint2D(), 0 };
+    QSGTextureMaterial m_patchMaterial;
 };
-
-/// Surfaces of one look share their image. Only the render thread, which runs while the main thread
-/// waits, comes here.
-QCache<QString, QImage> &images()
-{
-    static QCache<QString, QImage> cache(32 * 1024 * 1024);
-    return cache;
-}
 
 } // namespace
 
@@ -45,84 +146,10 @@ RoundedSurface::RoundedSurface(QQuickItem *parent)
 
 void RoundedSurface::itemChange(ItemChange change, const ItemChangeData &data)
 {
-    // The image is drawn for one scale.
+    // The picture is drawn for one scale.
     if (change == ItemDevicePixelRatioHasChanged)
         update();
     QQuickItem::itemChange(change, data);
-}
-
-qreal RoundedSurface::shadowMargin() const
-{
-    if (m_shadowColor.alpha() == 0)
-        return 0;
-    return std::ceil(1.5 * m_shadowRadius + std::abs(m_shadowOffset));
-}
-
-QString RoundedSurface::imageKey(const QSizeF &size, qreal devicePixelRatio) const
-{
-    QString key;
-    QDebug(&key).nospace() << size.width() << 'x' << size.height() << '@' << devicePixelRatio << ' '
-                           << m_radius << ' ' << m_color.rgba() << ' '
-                           << (m_gradientEnd.isValid() ? qint64(m_gradientEnd.rgba()) : -1) << ' '
-                           << m_borderColor.rgba() << ' ' << m_borderWidth << ' '
-                           << m_shadowColor.rgba() << ' ' << m_shadowRadius << ' '
-                           << m_shadowOffset;
-    return key;
-}
-
-QImage RoundedSurface::paintShadow(const QSizeF &size, qreal devicePixelRatio) const
-{
-    const qreal margin = shadowMargin();
-    const QSizeF outer = size + 2 * QSizeF(margin, margin);
-    QImage mask((outer * devicePixelRatio).toSize(), QImage::Format_Alpha8);
-    mask.fill(0);
-    mask.setDevicePixelRatio(devicePixelRatio);
-    QPainter painter(&mask);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(
-        continuousCorners(QRectF(QPointF(margin, margin + m_shadowOffset), size), m_radius),
-        Qt::black);
-    painter.end();
-    return blurred(mask, m_shadowRadius / 2 * devicePixelRatio);
-}
-
-QImage RoundedSurface::paint(const QSizeF &size, qreal devicePixelRatio) const
-{
-    const qreal margin = shadowMargin();
-    const QSizeF outer = size + 2 * QSizeF(margin, margin);
-    QImage image((outer * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    image.setDevicePixelRatio(devicePixelRatio);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (margin > 0) {
-        QImage shadow = image;
-        shadow.fill(m_shadowColor);
-        QPainter shadowPainter(&shadow);
-        shadowPainter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-        shadowPainter.drawImage(QPointF(), paintShadow(size, devicePixelRatio));
-        shadowPainter.end();
-        painter.drawImage(QPointF(), shadow);
-    }
-
-    const QRectF bounds(QPointF(margin, margin), size);
-    const QPainterPath outline = continuousCorners(bounds, m_radius);
-    QBrush fill(m_color);
-    if (m_gradientEnd.isValid()) {
-        QLinearGradient gradient(bounds.topLeft(), bounds.bottomRight());
-        gradient.setColorAt(0, m_color);
-        gradient.setColorAt(1, m_gradientEnd);
-        fill = gradient;
-    }
-    painter.fillPath(outline, fill);
-    if (m_borderWidth > 0 && m_borderColor.alpha() > 0) {
-        const QRectF inner =
-            bounds.adjusted(m_borderWidth, m_borderWidth, -m_borderWidth, -m_borderWidth);
-        const QPainterPath hole =
-            continuousCorners(inner, std::max<qreal>(m_radius - m_borderWidth, 0));
-        painter.fillPath(outline.subtracted(hole), m_borderColor);
-    }
-    return image;
 }
 
 QSGNode *RoundedSurface::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *)
@@ -133,59 +160,30 @@ QSGNode *RoundedSurface::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *
         return nullptr;
     }
 
-    const qreal ratio = window()->effectiveDevicePixelRatio();
     // Corner and shadow in one patch, and one pixel between two of them to stretch.
     const qreal patch = std::ceil(continuousCornerExtent(m_radius)) + 1;
     const QSizeF patchSize(2 * patch + 1, 2 * patch + 1);
     const bool stretches =
         !m_gradientEnd.isValid() && width() >= patchSize.width() && height() >= patchSize.height();
-    const NodeKind kind = stretches ? NodeKind::NinePatch : NodeKind::Image;
-    if (node && node->kind != kind) {
+    if (node && node->stretches() != stretches) {
         delete node;
         node = nullptr;
     }
-    const bool isNew = !node;
-    if (isNew) {
-        node = new SurfaceNode(kind);
-        node->appendChildNode(stretches ? static_cast<QSGNode *>(window()->createNinePatchNode())
-                                        : static_cast<QSGNode *>(window()->createImageNode()));
-    }
+    if (!node)
+        node = new SurfaceNode(window(), stretches);
 
-    const QSizeF imageSize = stretches ? patchSize : size();
-    const QString key = imageKey(imageSize, ratio);
-    const qreal margin = shadowMargin();
-    const QRectF bounds = boundingRect().adjusted(-margin, -margin, margin, margin);
-    QSGTexture *texture = nullptr;
-    if (isNew || key != m_drawnKey) {
-        if (!images().contains(key)) {
-            auto *image = new QImage(paint(imageSize, ratio));
-            const qsizetype cost = image->sizeInBytes();
-            texture = window()->createTextureFromImage(*image, QQuickWindow::TextureCanUseAtlas);
-            images().insert(key, image, cost);
-        } else {
-            texture = window()->createTextureFromImage(*images().object(key),
-                                                       QQuickWindow::TextureCanUseAtlas);
-        }
-        m_drawnKey = key;
-    }
-
-    if (stretches) {
-        auto *ninePatch = static_cast<QSGNinePatchNode *>(node->firstChild());
-        if (texture)
-            ninePatch->setTexture(texture);
-        ninePatch->setDevicePixelRatio(ratio);
-        const qreal padding = margin + patch;
-        ninePatch->setPadding(padding, padding, padding, padding);
-        ninePatch->setBounds(bounds);
-        ninePatch->update();
-    } else {
-        auto *image = static_cast<QSGImageNode *>(node->firstChild());
-        if (texture) {
-            image->setOwnsTexture(true);
-            image->setTexture(texture);
-        }
-        image->setFiltering(QSGTexture::Linear);
-        image->setRect(bounds);
-    }
+    const SurfaceLook look { .size = stretches ? patchSize : size(),
+                             .devicePixelRatio = window()->effectiveDevicePixelRatio(),
+                             .radius = m_radius,
+                             .color = m_color,
+                             .gradientEnd = m_gradientEnd,
+                             .borderColor = m_borderColor,
+                             .borderWidth = m_borderWidth,
+                             .shadowColor = m_shadowColor,
+                             .shadowRadius = m_shadowRadius,
+                             .shadowOffset = m_shadowOffset };
+    node->setLook(look);
+    const qreal margin = look.shadowMargin();
+    node->setBounds(boundingRect().adjusted(-margin, -margin, margin, margin), margin + patch);
     return node;
 }

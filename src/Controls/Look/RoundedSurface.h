@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QColor>
-#include <QImage>
 #include <QQuickItem>
 
 /// A rectangle with continuous corners: filled with a colour or a diagonal gradient, outlined
@@ -33,13 +32,6 @@ protected:
     QSGNode *updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *data) override;
 
 private:
-    /// How far the shadow reaches beyond the bounds.
-    qreal shadowMargin() const;
-    /// The surface at this size with its shadow around it.
-    QImage paint(const QSizeF &size, qreal devicePixelRatio) const;
-    QImage paintShadow(const QSizeF &size, qreal devicePixelRatio) const;
-    QString imageKey(const QSizeF &size, qreal devicePixelRatio) const;
-
     qreal m_radius = 0;
     QColor m_color = Qt::transparent;
     QColor m_gradientEnd;
@@ -48,5 +40,4 @@ private:
     QColor m_shadowColor = Qt::transparent;
     qreal m_shadowRadius = 0;
     qreal m_shadowOffset = 0;
-    QString m_drawnKey;
 };
