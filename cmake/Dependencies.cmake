@@ -1,4 +1,4 @@
-# Every outside library and font, each with the Debian package that provides it.
+# Every outside library, each with the Debian package that provides it.
 
 # find_package() with a message that names what to install.
 macro(vantora_require name debian_package)
@@ -19,8 +19,7 @@ function(vantora_require_file variable debian_package)
   endforeach()
   list(GET ARGN 0 wanted)
   message(FATAL_ERROR
-    "${wanted} was not found. On Debian: apt-get install ${debian_package}. "
-    "Elsewhere: put the same fonts below the folder named by -DVANTORA_FONT_ROOT.")
+    "${wanted} was not found. On Debian: apt-get install ${debian_package}.")
 endfunction()
 
 vantora_require(Qt6Core qt6-base-dev 6.4)
@@ -47,17 +46,3 @@ vantora_require_file(VANTORA_QT_CATALOGUE qt6-translations-l10n
   ${QT6_INSTALL_PREFIX}/translations/qtbase_tr.qm
   ${QT6_INSTALL_PREFIX}/share/qt/translations/qtbase_tr.qm
   ${qt_library_folder}/../translations/qtbase_tr.qm)
-
-set(VANTORA_FONT_ROOT /usr/share/fonts CACHE PATH "Folder below which the embedded fonts are found")
-set(VANTORA_FONT_FILES)
-function(vantora_require_font debian_package name)
-  file(GLOB_RECURSE found ${VANTORA_FONT_ROOT}/${name})
-  list(APPEND found ${VANTORA_FONT_ROOT}/${name})
-  vantora_require_file(font ${debian_package} ${found})
-  set(VANTORA_FONT_FILES ${VANTORA_FONT_FILES} ${font} PARENT_SCOPE)
-endfunction()
-foreach(weight Regular Medium SemiBold Bold ExtraBold Black)
-  vantora_require_font(fonts-inter Inter-${weight}.otf)
-endforeach()
-vantora_require_font(fonts-jetbrains-mono JetBrainsMono-ExtraBold.ttf)
-vantora_require_font(fonts-material-design-icons-iconfont MaterialIcons-Regular.ttf)

@@ -11,6 +11,7 @@
 #include <QNetworkProxyFactory>
 #include <QPalette>
 #include <QQuickStyle>
+#include <QResource>
 #include <QScreen>
 #include <QWindow>
 #include <QtQml/QQmlExtensionPlugin>
@@ -30,11 +31,14 @@ void prepareApplication()
 
     QDirIterator fonts(u":/fonts"_s);
     while (fonts.hasNext()) {
-        const QString font = fonts.next();
-        if (QFontDatabase::addApplicationFont(font) < 0)
-            qWarning("The embedded font %s cannot be read.", qPrintable(font));
+        const QResource file(fonts.next());
+        // Not copied: it is in the executable.
+        const auto data = QByteArray::fromRawData(reinterpret_cast<const char *>(file.data()),
+                                                  static_cast<qsizetype>(file.size()));
+        if (QFontDatabase::addApplicationFontFromData(data) < 0)
+            qWarning("The embedded font %s cannot be read.", qPrintable(file.fileName()));
     }
-    QFont font(u"Inter"_s);
+    QFont font(u"Vantora Sans"_s);
     font.setPixelSize(13);
     QGuiApplication::setFont(font);
     QQuickStyle::setStyle(u"Basic"_s);

@@ -31,7 +31,7 @@ Item {
     PlainText {
         anchors.centerIn: parent
         Accessible.ignored: true
-        text: SymbolCatalogue.ligature(symbol.name)
+        text: SymbolCatalogue.character(symbol.name)
         rotation: SymbolCatalogue.rotation(symbol.name)
         color: symbol.isDisc ? VTRTheme.textPrimary : symbol.color
         font.family: VTRTheme.symbolFamily

@@ -8,7 +8,7 @@ enum class Shape { Plain, Circled, Disc };
 
 struct Entry
 {
-    QLatin1StringView ligature;
+    char16_t character;
     qreal rotation = 0;
     Shape shape = Shape::Plain;
 };
@@ -16,50 +16,55 @@ struct Entry
 Entry find(const QString &name)
 {
     using namespace Qt::StringLiterals;
-    // The font's aeroplane points up; the design's points right.
+    // Beside each the font's own name for it. Its aeroplane points up; the design's points right.
     static const QHash<QString, Entry> entries {
-        { u"airplane"_s, { "flight"_L1, 90 } },
-        { u"airplane.circle"_s, { "flight"_L1, 90, Shape::Circled } },
-        { u"airplane.circle.fill"_s, { "flight"_L1, 90, Shape::Disc } },
-        { u"airplane.departure"_s, { "flight_takeoff"_L1 } },
-        { u"arrow.left.arrow.right"_s, { "swap_horiz"_L1 } },
-        { u"arrow.right"_s, { "arrow_forward"_L1 } },
-        { u"arrow.up.right"_s, { "north_east"_L1 } },
-        { u"bag.badge.questionmark"_s, { "luggage"_L1 } },
-        { u"bolt.fill"_s, { "bolt"_L1 } },
-        { u"building.2"_s, { "apartment"_L1 } },
-        { u"calendar"_s, { "event"_L1 } },
-        { u"checkmark"_s, { "check"_L1 } },
-        { u"chevron.down"_s, { "expand_more"_L1 } },
-        { u"chevron.left"_s, { "chevron_left"_L1 } },
-        { u"chevron.right"_s, { "chevron_right"_L1 } },
-        { u"chevron.up"_s, { "expand_less"_L1 } },
-        { u"clock.arrow.circlepath"_s, { "history"_L1 } },
-        { u"doc.on.doc"_s, { "content_copy"_L1 } },
-        { u"door.left.hand.open"_s, { "meeting_room"_L1 } },
-        { u"exclamationmark.triangle.fill"_s, { "warning"_L1 } },
-        { u"fork.knife"_s, { "restaurant"_L1 } },
-        { u"lightbulb.fill"_s, { "lightbulb"_L1 } },
-        { u"magnifyingglass"_s, { "search"_L1 } },
-        { u"map"_s, { "map"_L1 } },
-        { u"map.circle.fill"_s, { "map"_L1, 0, Shape::Disc } },
-        { u"sparkles"_s, { "auto_awesome"_L1 } },
-        { u"suitcase"_s, { "luggage"_L1 } },
-        { u"sun.max.fill"_s, { "wb_sunny"_L1 } },
-        { u"ticket"_s, { "confirmation_number"_L1 } },
-        { u"xmark.circle.fill"_s, { "cancel"_L1 } },
+        { u"airplane"_s, { u'\ue539', 90 } }, // flight
+        { u"airplane.circle"_s, { u'\ue539', 90, Shape::Circled } }, // flight
+        { u"airplane.circle.fill"_s, { u'\ue539', 90, Shape::Disc } }, // flight
+        { u"airplane.departure"_s, { u'\ue905' } }, // flight_takeoff
+        { u"arrow.left.arrow.right"_s, { u'\ue8d4' } }, // swap_horiz
+        { u"arrow.right"_s, { u'\ue5c8' } }, // arrow_forward
+        { u"arrow.up.right"_s, { u'\uf1e1' } }, // north_east
+        { u"bag.badge.questionmark"_s, { u'\uf235' } }, // luggage
+        { u"bolt.fill"_s, { u'\uea0b' } }, // bolt
+        { u"building.2"_s, { u'\uea40' } }, // apartment
+        { u"calendar"_s, { u'\ue878' } }, // event
+        { u"checkmark"_s, { u'\ue5ca' } }, // check
+        { u"chevron.down"_s, { u'\ue5cf' } }, // expand_more
+        { u"chevron.left"_s, { u'\ue5cb' } }, // chevron_left
+        { u"chevron.right"_s, { u'\ue5cc' } }, // chevron_right
+        { u"chevron.up"_s, { u'\ue5ce' } }, // expand_less
+        { u"clock.arrow.circlepath"_s, { u'\ue889' } }, // history
+        { u"doc.on.doc"_s, { u'\ue14d' } }, // content_copy
+        { u"door.left.hand.open"_s, { u'\ueb4f' } }, // meeting_room
+        { u"exclamationmark.triangle.fill"_s, { u'\ue002' } }, // warning
+        { u"fork.knife"_s, { u'\ue56c' } }, // restaurant
+        { u"lightbulb.fill"_s, { u'\ue0f0' } }, // lightbulb
+        { u"magnifyingglass"_s, { u'\ue8b6' } }, // search
+        { u"map"_s, { u'\ue55b' } }, // map
+        { u"map.circle.fill"_s, { u'\ue55b', 0, Shape::Disc } }, // map
+        { u"sparkles"_s, { u'\ue65f' } }, // auto_awesome
+        { u"suitcase"_s, { u'\uf235' } }, // luggage
+        { u"sun.max.fill"_s, { u'\ue430' } }, // wb_sunny
+        { u"ticket"_s, { u'\ue638' } }, // confirmation_number
+        { u"xmark.circle.fill"_s, { u'\ue5c9' } }, // cancel
     };
     const auto found = entries.constFind(name);
     if (found != entries.constEnd())
         return *found;
     if (!name.isEmpty())
         qWarning("No symbol is named \"%s\".", qPrintable(name));
-    return {};
+    return { .character = 0 };
 }
 
 } // namespace
 
-QString SymbolCatalogue::ligature(const QString &name) const { return find(name).ligature; }
+QString SymbolCatalogue::character(const QString &name) const
+{
+    const char16_t character = find(name).character;
+    return character ? QString(QChar(character)) : QString();
+}
+
 qreal SymbolCatalogue::rotation(const QString &name) const { return find(name).rotation; }
 
 bool SymbolCatalogue::isCircled(const QString &name) const

@@ -13,8 +13,8 @@ class SymbolCatalogue : public QObject
 public:
     using QObject::QObject;
 
-    /// The ligature that draws the symbol; empty, with a warning, for a name that is not known.
-    Q_INVOKABLE QString ligature(const QString &name) const;
+    /// The character that draws the symbol; empty, with a warning, for a name that is not known.
+    Q_INVOKABLE QString character(const QString &name) const;
     /// How far the glyph is turned clockwise, in degrees.
     Q_INVOKABLE qreal rotation(const QString &name) const;
     /// The glyph stands in an outlined circle.

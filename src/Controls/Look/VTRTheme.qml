@@ -32,10 +32,10 @@ QtObject {
         end: theme.withOpacity(theme.cardBgLight, 0.6)
     }
 
-    // The embedded families; the system's own on macOS.
-    readonly property string fontFamily: Qt.platform.os === "osx" ? ".AppleSystemUIFont" : "Inter"
-    readonly property string monospacedFamily: Qt.platform.os === "osx" ? "Menlo" : "JetBrains Mono"
-    readonly property string symbolFamily: "Material Icons"
+    // The embedded families (Inter, JetBrains Mono and Material Icons, see tools/make-fonts); the system's own on macOS.
+    readonly property string fontFamily: Qt.platform.os === "osx" ? ".AppleSystemUIFont" : "Vantora Sans"
+    readonly property string monospacedFamily: Qt.platform.os === "osx" ? "Menlo" : "Vantora Mono"
+    readonly property string symbolFamily: "Vantora Icons"
 
     // Sizes of the text styles; a headline is bold, the others regular.
     readonly property int titleSize: 22
