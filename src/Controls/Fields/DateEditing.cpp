@@ -1,6 +1,7 @@
 #include "Controls/Fields/DateEditing.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 #include <QLocale>
 
 #include <algorithm>
@@ -107,16 +108,21 @@ QString DateEditing::fittingText(const QDateTime &moment, const QFont &font, qre
 
 qreal DateEditing::widestFullText(const QFont &font) const
 {
+    static QHash<QFont, qreal> known;
+    if (const auto found = known.constFind(font); found != known.constEnd())
+        return *found;
     const QFontMetricsF metrics(font);
-    qreal widest = 0;
-    // The 20th to the 26th of each month: seven weekdays, each with two digits.
-    for (int month = 1; month <= 12; ++month) {
-        for (int day = 20; day <= 26; ++day) {
-            const QString text = full(QDate(2026, month, day));
-            widest = std::max(widest, metrics.horizontalAdvance(text));
-        }
-    }
-    return std::ceil(widest) + 2;
+    const auto width = [&metrics](const QDate &date, const QString &pattern) {
+        return metrics.horizontalAdvance(inTurkish(date, pattern));
+    };
+    qreal widestDay = 0;
+    qreal widestMonth = 0;
+    // Seven weekdays, each with two digits.
+    for (int day = 20; day <= 26; ++day)
+        widestDay = std::max(widestDay, width(QDate(2026, 1, day), u"d  yyyy dddd"_s));
+    for (int month = 1; month <= 12; ++month)
+        widestMonth = std::max(widestMonth, width(QDate(2026, month, 1), u"MMMM "_s));
+    return known[font] = std::ceil(widestDay + widestMonth) + 2;
 }
 
 QString DateEditing::monthText(const QDateTime &moment) const
