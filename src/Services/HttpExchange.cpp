@@ -11,6 +11,7 @@
 #include <QSslCertificate>
 #include <QSslError>
 #include <QSslSocket>
+#include <QTcpSocket>
 
 #include <algorithm>
 #include <chrono>
@@ -133,13 +134,14 @@ void HttpExchange::start(QNetworkCookieJar *cookies)
 
 void HttpExchange::connectTo(QAbstractSocket::NetworkLayerProtocol protocol)
 {
-    auto *socket = new QSslSocket(this);
+    const bool isSecure = m_request.url.scheme() == u"https";
+    // Without need the TLS library is not even loaded.
+    QTcpSocket *socket = isSecure ? new QSslSocket(this) : new QTcpSocket(this);
     m_attempts.append(socket);
     socket->setProxy(m_proxy);
-    connect(socket, &QSslSocket::connected, this, [this, socket] { noteConnection(socket); });
-    connect(socket, &QSslSocket::errorOccurred, this,
+    connect(socket, &QTcpSocket::connected, this, [this, socket] { noteConnection(socket); });
+    connect(socket, &QTcpSocket::errorOccurred, this,
             [this, socket](QAbstractSocket::SocketError error) { noteError(socket, error); });
-    const bool isSecure = m_request.url.scheme() == u"https";
     socket->connectToHost(m_request.url.host(),
                           static_cast<quint16>(m_request.url.port(isSecure ? 443 : 80)),
                           QIODevice::ReadWrite, protocol);
@@ -153,7 +155,7 @@ void HttpExchange::connectOtherwise()
     connectTo(QAbstractSocket::IPv6Protocol);
 }
 
-void HttpExchange::noteConnection(QSslSocket *socket)
+void HttpExchange::noteConnection(QTcpSocket *socket)
 {
     if (m_socket || m_hasEnded)
         return;
@@ -161,31 +163,32 @@ void HttpExchange::noteConnection(QSslSocket *socket)
     m_canConnectOtherwise = false;
     m_failure.reset(); // the other kind of address is none of this connection's
     m_attempts.removeOne(socket);
-    for (QSslSocket *attempt : std::exchange(m_attempts, {}))
+    for (QTcpSocket *attempt : std::exchange(m_attempts, {}))
         attempt->deleteLater();
 
     m_idleTimer.start();
-    connect(socket, &QSslSocket::readyRead, this, &HttpExchange::takeBytes);
-    connect(socket, &QSslSocket::bytesWritten, &m_idleTimer, qOverload<>(&QTimer::start));
-    if (m_request.url.scheme() != u"https") {
+    connect(socket, &QTcpSocket::readyRead, this, &HttpExchange::takeBytes);
+    connect(socket, &QTcpSocket::bytesWritten, &m_idleTimer, qOverload<>(&QTimer::start));
+    auto *secureSocket = qobject_cast<QSslSocket *>(socket);
+    if (!secureSocket) {
         sendRequest();
         return;
     }
-    connect(socket, &QSslSocket::sslErrors, this, [this](const QList<QSslError> &errors) {
+    connect(secureSocket, &QSslSocket::sslErrors, this, [this](const QList<QSslError> &errors) {
         m_certificateError = errors.value(0).errorString();
     });
-    connect(socket, &QSslSocket::encrypted, this, [this] {
-        if (isMadeFor(m_socket->peerCertificate(), m_request.url)) {
+    connect(secureSocket, &QSslSocket::encrypted, this, [this, secureSocket] {
+        if (isMadeFor(secureSocket->peerCertificate(), m_request.url)) {
             sendRequest();
         } else {
             m_certificateError = QSslError(QSslError::HostNameMismatch).errorString();
             noteError(m_socket, QAbstractSocket::SslHandshakeFailedError);
         }
     });
-    socket->startClientEncryption();
+    secureSocket->startClientEncryption();
 }
 
-void HttpExchange::noteError(QSslSocket *socket, QAbstractSocket::SocketError error)
+void HttpExchange::noteError(QTcpSocket *socket, QAbstractSocket::SocketError error)
 {
     if (m_hasEnded || (m_socket && socket != m_socket))
         return;
@@ -255,7 +258,7 @@ void HttpExchange::end()
     m_hasEnded = true;
     m_promise.finish();
     // Nothing that still arrives is read, or does any work.
-    for (QSslSocket *socket : findChildren<QSslSocket *>(Qt::FindDirectChildrenOnly)) {
+    for (QTcpSocket *socket : findChildren<QTcpSocket *>(Qt::FindDirectChildrenOnly)) {
         socket->disconnect(this);
         socket->abort();
     }

@@ -14,7 +14,7 @@
 #include <optional>
 
 class QNetworkCookieJar;
-class QSslSocket;
+class QTcpSocket;
 
 /// What is posted. The headers are those beside the ones of HTTP itself.
 struct HttpRequest
@@ -45,8 +45,8 @@ public:
 private:
     void connectTo(QAbstractSocket::NetworkLayerProtocol protocol);
     void connectOtherwise();
-    void noteConnection(QSslSocket *socket);
-    void noteError(QSslSocket *socket, QAbstractSocket::SocketError error);
+    void noteConnection(QTcpSocket *socket);
+    void noteError(QTcpSocket *socket, QAbstractSocket::SocketError error);
     void sendRequest();
     void takeBytes();
     void takeState(HttpAnswerReader::State state);
@@ -58,8 +58,8 @@ private:
     HttpAnswerReader m_reader;
     QNetworkCookieJar *m_cookies = nullptr;
     QNetworkProxy m_proxy { QNetworkProxy::NoProxy };
-    QList<QSslSocket *> m_attempts; ///< that may still become the connection
-    QSslSocket *m_socket = nullptr; ///< the connection, once it stands
+    QList<QTcpSocket *> m_attempts; ///< that may still become the connection
+    QTcpSocket *m_socket = nullptr; ///< the connection, once it stands
     bool m_canConnectOtherwise = false;
     std::optional<QAbstractSocket::SocketError> m_failure; ///< of an attempt
     QTimer m_idleTimer { this };
