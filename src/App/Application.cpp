@@ -23,6 +23,10 @@ using namespace Qt::StringLiterals;
 
 void prepareApplication()
 {
+    // Everything is drawn from back to front and clipped by upright rectangles, so that a depth and
+    // a stencil buffer, of the window's size, would be for nothing.
+    qputenv("QSG_NO_DEPTH_BUFFER", "1");
+    qputenv("QSG_NO_STENCIL_BUFFER", "1");
     QGuiApplication::setApplicationName(u"vantora"_s);
     // The desktop file's name; it names "vantora" as the window class on X11.
     QGuiApplication::setDesktopFileName(u"example.vantora_air.vantora"_s);
