@@ -6,6 +6,7 @@
 #include "Services/ToolCall.h"
 
 #include <QJsonArray>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <functional>
@@ -24,27 +25,27 @@ constexpr qint64 defaultSeats = 7;
 struct AircraftRule
 {
     QStringView code;
-    QStringView name;
+    QString name;
 };
 
 // Tried in this order on the upper-cased code; the first one that occurs in it names the aircraft.
-constexpr AircraftRule aircraftRules[] = {
-    { u"789", u"Boeing 787-9 Dreamliner" },
-    { u"787", u"Boeing 787-9 Dreamliner" },
-    { u"359", u"Airbus A350-900" },
-    { u"350", u"Airbus A350-900" },
-    { u"773", u"Boeing 777-300ER" },
-    { u"777", u"Boeing 777-300ER" },
-    { u"321", u"Airbus A321neo" },
-    { u"32Q", u"Airbus A321neo" },
-    { u"320", u"Airbus A320neo" },
-    { u"738", u"Boeing 737-800" },
-    { u"73H", u"Boeing 737-800" },
-    { u"739", u"Boeing 737-900ER" },
-    { u"73J", u"Boeing 737-900ER" },
-    { u"333", u"Airbus A330" },
-    { u"332", u"Airbus A330" },
-    { u"MAX", u"Boeing 737 MAX" },
+const AircraftRule aircraftRules[] = {
+    { u"789", u"Boeing 787-9 Dreamliner"_s },
+    { u"787", u"Boeing 787-9 Dreamliner"_s },
+    { u"359", u"Airbus A350-900"_s },
+    { u"350", u"Airbus A350-900"_s },
+    { u"773", u"Boeing 777-300ER"_s },
+    { u"777", u"Boeing 777-300ER"_s },
+    { u"321", u"Airbus A321neo"_s },
+    { u"32Q", u"Airbus A321neo"_s },
+    { u"320", u"Airbus A320neo"_s },
+    { u"738", u"Boeing 737-800"_s },
+    { u"73H", u"Boeing 737-800"_s },
+    { u"739", u"Boeing 737-900ER"_s },
+    { u"73J", u"Boeing 737-900ER"_s },
+    { u"333", u"Airbus A330"_s },
+    { u"332", u"Airbus A330"_s },
+    { u"MAX", u"Boeing 737 MAX"_s },
 };
 
 template<typename T>
@@ -66,7 +67,7 @@ QString flightNumber(const QJsonObject &firstSegment, qsizetype index)
 QString durationText(qint64 milliseconds)
 {
     const qint64 minutes = milliseconds / millisecondsPerMinute;
-    return u"%1h %2m"_s.arg(minutes / 60).arg(minutes % 60);
+    return QString::number(minutes / 60) % u"h " % QString::number(minutes % 60) % u'm';
 }
 
 double priceOf(const QJsonObject &option)
@@ -97,10 +98,9 @@ FlightOption parseOption(const QJsonObject &option, qsizetype index, const QStri
     flight.flightNumber = flightNumber(first, index);
     flight.departureTime = formatTimeString(text(first, u"departureDateTime")).value_or(u"08:30"_s);
     flight.arrivalTime = formatTimeString(text(last, u"arrivalDateTime")).value_or(u"12:15"_s);
-    flight.id =
-        u"%1-%2-%3"_s.arg(flight.flightNumber, flight.departureTime, QString::number(index));
-    flight.origin = text(first, u"departureAirportCode").value_or(origin.toUpper());
-    flight.destination = text(last, u"arrivalAirportCode").value_or(destination.toUpper());
+    flight.id = flight.flightNumber % u'-' % flight.departureTime % u'-' % QString::number(index);
+    flight.origin = text(first, u"departureAirportCode").value_or(origin);
+    flight.destination = text(last, u"arrivalAirportCode").value_or(destination);
     flight.duration = durationText(journey);
     flight.durationMinutes = journey / millisecondsPerMinute;
     flight.isDirect = segments.size() < 2;
@@ -147,10 +147,12 @@ QList<FlightOption> parseFlightOptions(const QJsonObject &result, const QString 
         return {};
     const auto options =
         objects(informations.first(), u"originDestinationOptions").value_or(QList<QJsonObject>());
+    const QString from = origin.toUpper();
+    const QString to = destination.toUpper();
     QList<FlightOption> flights;
     flights.reserve(options.size());
     for (qsizetype index = 0; index < options.size(); ++index)
-        flights.append(parseOption(options.at(index), index, origin, destination));
+        flights.append(parseOption(options.at(index), index, from, to));
     return flights;
 }
 
@@ -159,7 +161,7 @@ QString aircraftName(const QString &equipmentCode)
     const QString code = equipmentCode.toUpper();
     for (const AircraftRule &rule : aircraftRules) {
         if (code.contains(rule.code))
-            return rule.name.toString();
+            return rule.name;
     }
     return u"Vantora (%1)"_s.arg(equipmentCode);
 }

@@ -1,16 +1,23 @@
 #include "Services/TimeText.h"
 
-#include <QStringList>
+#include <QStringBuilder>
+#include <QStringTokenizer>
 
 std::optional<QString> formatTimeString(const std::optional<QString> &value)
 {
     if (!value || !value->contains(u'T'))
         return std::nullopt;
-    const QStringList pieces = value->split(u'T', Qt::SkipEmptyParts);
-    if (pieces.size() < 2)
+    // The second piece between "T"s, and of it the first two between colons; none of them empty.
+    const auto pieces = qTokenize(*value, u'T', Qt::SkipEmptyParts);
+    auto piece = pieces.begin();
+    if (piece == pieces.end() || ++piece == pieces.end())
         return std::nullopt;
-    const QStringList time = pieces.at(1).split(u':', Qt::SkipEmptyParts);
-    if (time.size() < 2)
+    const auto time = qTokenize(*piece, u':', Qt::SkipEmptyParts);
+    auto part = time.begin();
+    if (part == time.end())
         return std::nullopt;
-    return time.at(0) + u':' + time.at(1);
+    const QStringView hour = *part;
+    if (++part == time.end())
+        return std::nullopt;
+    return hour % u':' % *part;
 }
