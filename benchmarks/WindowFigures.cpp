@@ -105,7 +105,7 @@ public:
         m_server.count = count;
         return untilFrame(
             m_window, [this] { viewModel()->startSearchAll(); },
-            [&] { return viewModel()->filteredFlights().size() == count && !isBusy(); });
+            [&] { return viewModel()->filteredFlightsList()->count() == count && !isBusy(); });
     }
     QQuickItem *someOtherDay() const
     {

@@ -22,12 +22,12 @@ int main(int argc, char *argv[])
     if (!loadMainWindow(engine, QStringLiteral("Vantora")))
         return 1;
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-    const auto *viewModel = window->property("viewModel").value<FlightSearchViewModel *>();
+    auto *viewModel = window->property("viewModel").value<FlightSearchViewModel *>();
     untilFrame(
         window, [] {},
         [&] {
             return endpoint.isEmpty()
-                || (viewModel->filteredFlights().size() > 0 && !viewModel->isLoading());
+                || (viewModel->filteredFlightsList()->count() > 0 && !viewModel->isLoading());
         });
     print("memory", memoryKiB("VmHWM"));
     // What a program does at its end is not measured.

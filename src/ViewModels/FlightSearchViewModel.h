@@ -91,7 +91,7 @@ public:
     /// The flights of the selected day, in the server's order.
     const QList<FlightOption> &flights() const { return m_flights; }
     /// `flights` as sorted or reduced by `activeFilter`.
-    const QList<FlightOption> &filteredFlights() const { return m_filteredFlights.flights(); }
+    QList<FlightOption> filteredFlights() const { return m_filteredFlights.flights(); }
     FlightSortOption activeFilter() const { return m_activeFilter; }
     /// A full search is running.
     bool isLoading() const { return m_isLoading; }

@@ -64,9 +64,8 @@ void VisibleFlights::rearrange()
         leaving.insert(row.id(), &row);
     }
     // On its way out a card moves towards its new place.
-    const QList<FlightOption> &flights = m_flights->flights();
-    for (int row = 0; row < flights.size(); ++row) {
-        if (FlightRow *moved = leaving.value(flights.at(row).id))
+    for (int row = 0; !leaving.isEmpty() && row < m_flights->count(); ++row) {
+        if (FlightRow *moved = leaving.take(m_flights->flight(row).id))
             moved->row = row;
     }
     if (m_currentRow == 0)
@@ -91,11 +90,10 @@ QList<FlightRow> VisibleFlights::wantedRows() const
     QList<FlightRow> rows;
     if (!m_flights)
         return rows;
-    const QList<FlightOption> &flights = m_flights->flights();
-    const int count = int(flights.size());
+    const int count = m_flights->count();
     const int first = std::clamp(m_firstRow, 0, count);
     const int end = std::clamp(m_firstRow + m_rowCount, first, count);
-    const auto append = [&](int row) { rows.append({ row, flights.at(row) }); };
+    const auto append = [&](int row) { rows.append({ row, m_flights->flight(row) }); };
     if (m_currentRow >= 0 && m_currentRow < first)
         append(m_currentRow);
     for (int row = first; row < end; ++row)
