@@ -10,11 +10,14 @@
 #include <QGuiApplication>
 #include <QNetworkProxyFactory>
 #include <QPalette>
+#include <QQmlComponent>
 #include <QQuickStyle>
 #include <QResource>
 #include <QScreen>
 #include <QWindow>
 #include <QtQml/QQmlExtensionPlugin>
+
+#include <utility>
 
 Q_IMPORT_QML_PLUGIN(VantoraPlugin)
 Q_IMPORT_QML_PLUGIN(Vantora_ControlsPlugin)
@@ -33,6 +36,19 @@ void prepareApplication()
     QNetworkProxyFactory::setUseSystemConfiguration(true);
     PlatformErrorText::installTurkishCatalogue();
 
+    QQuickStyle::setStyle(u"Basic"_s);
+    // Frames that the toolkit draws itself take their colours from here.
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(11, 15, 25));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(dark);
+}
+
+void embedFonts()
+{
+    static bool areEmbedded = false;
+    if (std::exchange(areEmbedded, true))
+        return;
     QDirIterator fonts(u":/fonts"_s);
     while (fonts.hasNext()) {
         const QResource file(fonts.next());
@@ -45,15 +61,11 @@ void prepareApplication()
     QFont font(u"Vantora Sans"_s);
     font.setPixelSize(13);
     QGuiApplication::setFont(font);
-    QQuickStyle::setStyle(u"Basic"_s);
-    // Frames that the toolkit draws itself take their colours from here.
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(11, 15, 25));
-    dark.setColor(QPalette::WindowText, Qt::white);
-    QGuiApplication::setPalette(dark);
 }
 
 namespace {
+
+const QUrl mainWindow(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
 
 /// What the first screen has free for a window, without the title bar that it gets.
 QSize roomForTheWindow()
@@ -72,7 +84,10 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.setInitialProperties(
         { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
-    engine.load(QUrl(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s));
+    // The QML types are loaded in a thread of the engine, the fonts meanwhile in this one.
+    const QQmlComponent types(&engine, mainWindow, QQmlComponent::Asynchronous);
+    embedFonts();
+    engine.load(mainWindow);
     if (engine.rootObjects().isEmpty()) {
         qCritical("The window could not be loaded.");
         return false;
