@@ -50,14 +50,15 @@ ScriptedAnswer promotions(const QString &text, int count)
     return ScriptedAnswer::content({ { u"promotions"_s, list } });
 }
 
-ScriptedAnswer guide(const QString &text, int entries)
+ScriptedAnswer guide(const QString &text, int entries, const QString &entry = u"yer"_s)
 {
     QJsonObject guide =
         members({ u"cityName"_s, u"countryName"_s, u"overview"_s, u"bestTimeToVisit"_s }, text);
     QJsonArray list;
     for (int index = 0; index < entries; ++index)
-        list.append(u"yer"_s);
+        list.append(entry);
     guide.insert(u"topAttractions"_s, list);
+    guide.insert(u"localTips"_s, list);
     return ScriptedAnswer::content(guide);
 }
 
@@ -137,7 +138,9 @@ const QList<HostileReply> &hostileReplies()
         { u"promotions: as many as may be"_s, promotionsTool,
           [] { return promotions(u"x"_s, mostRecords); } },
         { u"guide: texts of 1 MB"_s, guideTool, [] { return guide(longWords(), 3); } },
-        { u"guide: 900,000 sights"_s, guideTool, [] { return guide(u"x"_s, 900'000); } },
+        { u"guide: 400,000 sights and tips"_s, guideTool, [] { return guide(u"x"_s, 400'000); } },
+        { u"guide: 400 sights and tips of 8 KB"_s, guideTool,
+          [] { return guide(u"x"_s, 400, longWords().left(6000)); } },
     };
     return all;
 }

@@ -77,13 +77,14 @@ public:
         QTest::qWait(drawing);
         if (isStatus)
             press(u"statusQueryButton"_s);
-        else if (reply.tool == promotionsTool)
-            key(Qt::Key_Right);
         QTest::qWait(drawing);
         constexpr int patience = 30'000;
         if (!QTest::qWaitFor([this] { return !isAsking(); }, patience))
             QTextStream(stderr) << "No answer to this: ";
         QTest::qWait(2 * drawing);
+        // The other tab.
+        key(Qt::Key_Right);
+        QTest::qWait(drawing);
         key(Qt::Key_Escape);
         QTest::qWait(drawing);
     }

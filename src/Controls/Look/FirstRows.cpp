@@ -7,8 +7,12 @@ FirstRows::FirstRows(QObject *parent)
 {
     m_clock.setInterval(std::chrono::milliseconds(16));
     connect(&m_clock, &QTimer::timeout, this, &FirstRows::showMore);
-    // A list begins empty and is filled once, or anew.
-    const auto grow = [this] { m_clock.start(); };
+    // A list is there, or is empty and filled once.
+    const auto grow = [this] {
+        if (sourceModel())
+            m_clock.start();
+    };
+    connect(this, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_shown = firstShown; });
     connect(this, &QAbstractItemModel::modelReset, this, grow);
     connect(this, &QAbstractItemModel::rowsInserted, this, grow);
 }
@@ -19,6 +23,6 @@ void FirstRows::showMore()
 {
     ++m_shown;
     invalidateFilter();
-    if (m_shown >= mostShown || m_shown >= sourceModel()->rowCount())
+    if (!sourceModel() || m_shown >= mostShown || m_shown >= sourceModel()->rowCount())
         m_clock.stop();
 }

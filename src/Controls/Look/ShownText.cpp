@@ -14,6 +14,13 @@ bool turnsDirection(QChar sign)
         || (sign >= u'\u202a' && sign <= u'\u202e') || (sign >= u'\u2066' && sign <= u'\u2069');
 }
 
+QString markedAsCut(QString text)
+{
+    if (text.endsWith(u' ') || (!text.isEmpty() && text.back().isHighSurrogate()))
+        text.chop(1);
+    return text + u'…';
+}
+
 } // namespace
 
 QString ShownText::of(const QString &text, bool isOneLine, bool isFitted)
@@ -31,12 +38,15 @@ QString ShownText::of(const QString &text, bool isOneLine, bool isFitted)
         else
             shown += sign;
     }
-    if (text.size() > longest) {
-        if (shown.endsWith(u' ') || (!shown.isEmpty() && shown.back().isHighSurrogate()))
-            shown.chop(1);
-        shown += u'…';
-    }
-    return shown;
+    return text.size() > longest ? markedAsCut(shown) : shown;
 }
 
-QStringList ShownText::firstOf(const QStringList &entries) { return entries.mid(0, mostEntries); }
+QStringList ShownText::firstOf(const QStringList &entries)
+{
+    QStringList first = entries.mid(0, mostEntries);
+    for (QString &entry : first) {
+        if (entry.size() > longestEntry)
+            entry = markedAsCut(entry.left(longestEntry));
+    }
+    return first;
+}

@@ -21,7 +21,8 @@ public:
     /// break is a blank; wrapped, paragraphs stay. A text whose size is fitted to its room is
     /// measured a dozen times, and is the shortest.
     Q_INVOKABLE static QString of(const QString &text, bool isOneLine, bool isFitted = false);
-    /// The first of a list's entries, as many as a person would read.
+    /// The first of a list's entries, as many as a person would read, and each as far. They are all
+    /// laid out at once.
     Q_INVOKABLE static QStringList firstOf(const QStringList &entries);
 
     static constexpr qsizetype longestFitted = 40; ///< the dearest price has 26
@@ -29,4 +30,5 @@ public:
     static constexpr qsizetype longestText = 4000;
     static constexpr qsizetype mostParagraphs = 40;
     static constexpr qsizetype mostEntries = 60;
+    static constexpr qsizetype longestEntry = 400;
 };

@@ -14,7 +14,8 @@ Column {
 
     Repeater {
         model: FirstRows {
-            sourceModel: page.promotions
+            // Sixty long cards that come into sight at once would be laid out at once.
+            sourceModel: page.visible ? page.promotions : null
         }
 
         PromotionCard {
