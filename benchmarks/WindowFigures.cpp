@@ -1,5 +1,4 @@
-// What happens in an open window, as lines "name value", in milliseconds where nothing is said:
-//   window-figures SEARCHES    so many searches for the growth of the memory
+// What happens in an open window, as lines "name value", in milliseconds.
 
 #include "App/Application.h"
 #include "Services/ServiceAddresses.h"
@@ -15,10 +14,6 @@
 #include <QThread>
 
 #include <atomic>
-
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -165,21 +160,11 @@ double longestStall(const Window &window)
     return double(longest) / 1e6;
 }
 
-/// Resident memory, with what the allocator keeps for later given back.
-double residentKiB()
-{
-#if defined(__GLIBC__)
-    malloc_trim(0);
-#endif
-    return memoryKiB("VmRSS");
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
-    const int searches = QGuiApplication::arguments().value(1).toInt();
     ServerThread server;
     ServiceAddresses::setMcpEndpoint(server.listen());
     prepareApplication();
@@ -209,13 +194,5 @@ int main(int argc, char *argv[])
         stalls.append(longestStall(window));
     }
     print("stall", median(stalls));
-
-    double before = 0;
-    for (int search = 0; search < searches; ++search) {
-        if (search == searches / 10)
-            before = residentKiB();
-        window.search(12);
-    }
-    print("growth", residentKiB() - before);
     return 0;
 }

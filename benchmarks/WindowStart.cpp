@@ -1,6 +1,8 @@
 // The application up to a frame: prints the peak of its memory in KiB and ends.
-//   window-start             the first frame of its window
-//   window-start ENDPOINT    the first one with flight cards, of this server
+//   window-start                      the first frame of its window
+//   window-start ENDPOINT             the first one with flight cards, of this server
+//   window-start ENDPOINT SEARCHES    so many searches more: prints by how many KiB the memory
+//                                     grows, from the first tenth of them to the last one
 
 #include "App/Application.h"
 #include "Services/ServiceAddresses.h"
@@ -10,6 +12,23 @@
 #include <QGuiApplication>
 
 #include <cstdlib>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace {
+
+/// Resident memory, with what the allocator keeps for later given back.
+double residentKiB()
+{
+#if defined(__GLIBC__)
+    malloc_trim(0);
+#endif
+    return memoryKiB("VmRSS");
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -23,13 +42,22 @@ int main(int argc, char *argv[])
         return 1;
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     auto *viewModel = window->property("viewModel").value<FlightSearchViewModel *>();
+    const auto isShown = [&] {
+        return endpoint.isEmpty()
+            || (viewModel->filteredFlightsList()->count() > 0 && !viewModel->isLoading());
+    };
     untilFrame(
-        window, [] {},
-        [&] {
-            return endpoint.isEmpty()
-                || (viewModel->filteredFlightsList()->count() > 0 && !viewModel->isLoading());
-        });
+        window, [] {}, isShown);
     print("memory", memoryKiB("VmHWM"));
+    const int searches = QGuiApplication::arguments().value(2).toInt();
+    double before = 0;
+    for (int search = 0; search < searches; ++search) {
+        if (search == searches / 10)
+            before = residentKiB();
+        untilFrame(
+            window, [&] { viewModel->startSearchAll(); }, isShown);
+    }
+    print("growth", residentKiB() - before);
     // What a program does at its end is not measured.
     std::_Exit(0);
 }
