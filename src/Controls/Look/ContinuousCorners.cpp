@@ -98,7 +98,7 @@ QImage blurred(const QImage &mask, qreal deviation)
             addWeighted(sums.data(), rows.data() + (size_t(y) + k) * size_t(width), kernel[k],
                         width);
         std::transform(sums.begin(), sums.end(), result.scanLine(y),
-                       [](qreal value) { return static_cast<uchar>(value + 0.5); });
+                       [](qreal value) { return static_cast<uchar>(std::floor(value + 0.5)); });
     }
     return result;
 }
