@@ -4,7 +4,7 @@ import Vantora
 import Vantora.Controls
 
 /// The answer to the last question: a status card, progress, an error or an invitation, one at a
-/// time. A card stays while the next question is under way, and when that fails.
+/// time. A card stays while the next question is under way, and, dimmed, when that fails.
 ColumnLayout {
     id: answer
 
@@ -29,6 +29,7 @@ ColumnLayout {
         objectName: "statusResultCard"
         Layout.fillWidth: true
         visible: answer.viewModel.hasResult
+        opacity: answer.viewModel.hasErrorMessage ? 0.55 : 1
         result: answer.viewModel.result
     }
 
