@@ -26,7 +26,7 @@ class ServerThread : public QThread
 {
 public:
     std::atomic<int> count = 12;
-    /// The flights take a quarter of a second, so that their loading is seen.
+    /// The flights take a second, so that their loading is seen.
     std::atomic<bool> isSlow = false;
 
     QUrl listen()
@@ -56,7 +56,7 @@ protected:
                 return calendarAnswer(days);
             auto answer = ScriptedAnswer::text(replies.value(count));
             answer.pieceSize = isSlow ? answer.body.size() / 5 : 0;
-            answer.pieceInterval = 50;
+            answer.pieceInterval = 200;
             return answer;
         };
         m_endpoint = server.endpoint();
@@ -125,14 +125,17 @@ void measurePresses(const Window &window, ServerThread &server)
         picker.append(untilFrame(
             window.window(), [&] { window.click(window.named(u"originButton"_s)); },
             [&] { return window.named(u"airportPicker"_s); }));
-        wait(400);
-        window.key(Qt::Key_Escape);
-        wait(400);
+        while (window.named(u"airportPicker"_s)) {
+            wait(400);
+            window.key(Qt::Key_Escape);
+            wait(400);
+        }
         server.isSlow = true;
         day.append(untilFrame(
             window.window(), [&] { window.click(window.someOtherDay()); },
             [&] { return window.isBusy(); }));
-        wait(1000);
+        while (window.isBusy())
+            wait(500);
         server.isSlow = false;
     }
     print("frame", median(frame));
