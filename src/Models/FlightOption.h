@@ -41,14 +41,14 @@ public:
     bool isDirect = true; ///< no change of aircraft
     qint64 stopsCount = 0;
     QString aircraft; ///< type of the first segment, as displayed
-    /// Seats left in the first segment; absent when not known, which no answer leads to: a reader that
-    /// was not told assumes a number.
+    /// Seats left in the first segment; absent when not known, which no answer leads to: a reader
+    /// that was not told assumes a number.
     std::optional<qint64> seatAvailability;
     double price = 0; ///< total fare in units of `currency`
     QString currency; ///< ISO 4217 code, e.g. "TRY"
     QString cabinClass; ///< as reported by the server
-    /// Where this offer is booked; absent when there is no link, which no answer leads to: without one
-    /// the airline's site serves.
+    /// Where this offer is booked; absent when there is no link, which no answer leads to: without
+    /// one the airline's site serves.
     std::optional<QString> bookingURL;
 
     /// The price as currency text in the user's locale, without fraction digits.

@@ -28,8 +28,8 @@ public:
     /// but none is narrower than `narrowest` or, where that is more, wider than `widest`.
     Q_INVOKABLE double dayWidth(double room, int count, double spacing, double narrowest,
                                 double widest) const;
-    /// Whether a day whose left edge is at `left` of a row `room` wide lies in it whole, and clear of
-    /// what covers `edge` of either end.
+    /// Whether a day whose left edge is at `left` of a row `room` wide lies in it whole, and clear
+    /// of what covers `edge` of either end.
     Q_INVOKABLE bool isClear(double left, double dayWidth, double room, double edge) const;
     /// How high a day's bar stands, in pixels, when the dearest day costs `maxPrice`.
     Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
