@@ -11,6 +11,7 @@
 #include <QQmlApplicationEngine>
 #include <QTest>
 #include <QTextStream>
+#include <QTimer>
 
 #include <algorithm>
 #include <atomic>

@@ -41,7 +41,7 @@ std::chrono::milliseconds FickleServer::idleTime()
 ScriptedAnswer FickleServer::open()
 {
     m_idle.restart();
-    const ScriptedAnswer good = ScriptedAnswer::session("s");
+    ScriptedAnswer good = ScriptedAnswer::session("s");
     m_refusedSession = false;
     if (!oneIn(6))
         return good;
@@ -56,7 +56,7 @@ ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
 {
     m_idle.restart();
     ++m_callCount;
-    const ScriptedAnswer good = goodAnswer(request);
+    ScriptedAnswer good = goodAnswer(request);
     if (oneIn(30)) {
         ++m_faultsMet[u"loses the session"_s];
         return ScriptedAnswer::text("{}", 404);
