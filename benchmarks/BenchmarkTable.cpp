@@ -1,6 +1,8 @@
 // Runs the programs beside it and prints one table. `--quick` takes fewer runs. A figure that
 // misses its goal is no failure; a figure that is missing is.
 
+#include "benchmarks/Figures.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -11,7 +13,6 @@
 #include <QProcess>
 #include <QTextStream>
 
-#include <algorithm>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -75,8 +76,7 @@ double median(const QList<Figures> &runs, const QString &name)
     QList<double> values;
     for (const Figures &figures : runs)
         values.append(figures.at(name));
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
+    return ::median(values);
 }
 
 /// The sample server in a process of its own, from construction to destruction.

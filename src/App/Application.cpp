@@ -65,8 +65,6 @@ void embedFonts()
 
 namespace {
 
-const QUrl mainWindow(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
-
 /// What the first screen has free for a window, without the title bar that it gets.
 QSize roomForTheWindow()
 {
@@ -84,6 +82,7 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     engine.addImportPath(u"qrc:/qt/qml"_s);
     engine.setInitialProperties(
         { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
+    const QUrl mainWindow(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
     // The QML types are loaded in a thread of the engine, the fonts meanwhile in this one.
     const QQmlComponent types(&engine, mainWindow, QQmlComponent::Asynchronous);
     embedFonts();

@@ -10,8 +10,8 @@ void prepareApplication();
 /// Makes the embedded fonts known, once; a window needs them.
 void embedFonts();
 
-/// Embeds the fonts and loads the window with this title. Returns false, after a
-/// message on the console, when it does not load.
+/// Embeds the fonts and loads the window with this title. Returns false, after a message on the
+/// console, when it does not load.
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title);
 
 /// Shows the window and runs until it closes. Returns the exit status.

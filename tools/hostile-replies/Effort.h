@@ -3,7 +3,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QGuiApplication>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <ctime>
@@ -47,17 +46,7 @@ private:
     int m_depth = 0;
 };
 
-/// The process' memory in MiB, by a name of the system's: "VmRSS" now, "VmHWM" at its highest.
-inline double memory(const QString &name)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QRegularExpression line(name + QStringLiteral(R"(:\s+(\d+) kB)"));
-    return line.match(QString::fromUtf8(status.readAll())).captured(1).toDouble() / 1024;
-}
-
-/// Begins a new highest.
+/// Begins a new highest resident memory.
 inline void forgetHighestMemory()
 {
     QFile file(QStringLiteral("/proc/self/clear_refs"));

@@ -3,6 +3,7 @@
 #include "HostileReplies.h"
 #include "Services/ServiceAddresses.h"
 #include "ViewModels/ObservableObject.h"
+#include "benchmarks/Figures.h"
 #include "inspect/WindowDriver.h"
 #include "support/ConsoleCapture.h"
 #include "support/ToolAnswers.h"
@@ -105,11 +106,11 @@ private:
 bool playMeasured(MeasuredApplication &application, const Player &player, const HostileReply &reply)
 {
     malloc_trim(0);
-    const double before = memory(u"VmRSS"_s);
+    const double before = memoryKiB("VmRSS");
     forgetHighestMemory();
     application.longestWall = application.longestProcessor = 0;
     player.play(reply);
-    const double grown = memory(u"VmHWM"_s) - before;
+    const double grown = (memoryKiB("VmHWM") - before) / 1024;
     const bool isTooMuch = application.longestProcessor > longestStall || grown > mostMemory;
     QTextStream(stderr) << QString::asprintf(
         "%-48s %6.0f ms %6.0f ms of the processor %6.0f MiB%s\n", qPrintable(reply.what),

@@ -7,18 +7,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-QImage emptyImage(const QSizeF &size, qreal devicePixelRatio, QImage::Format format)
-{
-    QImage image((size * devicePixelRatio).toSize(), format);
-    image.fill(0);
-    image.setDevicePixelRatio(devicePixelRatio);
-    return image;
-}
-
-} // namespace
-
 qreal SurfaceLook::shadowMargin() const
 {
     if (shadowColor.alpha() == 0)
@@ -26,11 +14,20 @@ qreal SurfaceLook::shadowMargin() const
     return std::ceil(1.5 * shadowRadius + std::abs(shadowOffset));
 }
 
-QImage SurfaceLook::paintShadow() const
+QImage SurfaceLook::canvas(QImage::Format format) const
 {
     const qreal margin = shadowMargin();
     const QSizeF outer = size + 2 * QSizeF(margin, margin);
-    QImage mask = emptyImage(outer, devicePixelRatio, QImage::Format_Alpha8);
+    QImage image((outer * devicePixelRatio).toSize(), format);
+    image.fill(0);
+    image.setDevicePixelRatio(devicePixelRatio);
+    return image;
+}
+
+QImage SurfaceLook::paintShadow() const
+{
+    const qreal margin = shadowMargin();
+    QImage mask = canvas(QImage::Format_Alpha8);
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(
@@ -42,8 +39,7 @@ QImage SurfaceLook::paintShadow() const
 QImage SurfaceLook::paint() const
 {
     const qreal margin = shadowMargin();
-    const QSizeF outer = size + 2 * QSizeF(margin, margin);
-    QImage image = emptyImage(outer, devicePixelRatio, QImage::Format_ARGB32_Premultiplied);
+    QImage image = canvas(QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     if (margin > 0) {

@@ -35,5 +35,7 @@ struct SurfaceLook
     }
 
 private:
+    /// An empty image with room for the surface and its shadow.
+    QImage canvas(QImage::Format format) const;
     QImage paintShadow() const;
 };

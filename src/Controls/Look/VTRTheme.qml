@@ -48,6 +48,8 @@ QtObject {
     readonly property int spacing: 8
     readonly property int cardRadius: 14
     readonly property int controlRadius: 8
+    /// Of an answer to an earlier question, where the last one failed.
+    readonly property real earlierOpacity: 0.55
 
     function withOpacity(base: color, opacity: real): color {
         return Qt.rgba(base.r, base.g, base.b, opacity);

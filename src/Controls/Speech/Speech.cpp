@@ -59,7 +59,7 @@ public:
 
 /// A text that is read out when it appears. It is a child of the window, but not one of those that
 /// can be come upon.
-class SpokenMessage : public QAccessibleInterface
+class SpokenMessage : public SpokenLeaf
 {
 public:
     SpokenMessage(QWindow *window, const QString &text)
@@ -68,21 +68,15 @@ public:
     { }
 
     bool isValid() const override { return m_window; }
-    QObject *object() const override { return nullptr; }
     QWindow *window() const override { return m_window; }
     QAccessibleInterface *parent() const override
     {
         return QAccessible::queryAccessibleInterface(m_window);
     }
-    QAccessibleInterface *child(int) const override { return nullptr; }
-    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
     QString text(QAccessible::Text kind) const override
     {
         return kind == QAccessible::Name ? m_text : QString();
     }
-    void setText(QAccessible::Text, const QString &) override { }
     QRect rect() const override { return m_window ? m_window->geometry() : QRect(); }
     QAccessible::Role role() const override { return QAccessible::Notification; }
     QAccessible::State state() const override { return {}; }

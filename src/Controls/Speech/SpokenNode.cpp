@@ -79,11 +79,11 @@ QList<QAccessibleInterface *> Spoken::childrenOf(const QQuickItem *item)
 
 QString SpokenItem::text(QAccessible::Text kind) const
 {
-    if (kind == QAccessible::Name)
-        return ShownText::of(Spoken::attached(item(), "name").toString(), false);
-    if (kind == QAccessible::Description)
-        return ShownText::of(Spoken::attached(item(), "description").toString(), false);
-    return {};
+    const char *property = kind == QAccessible::Name ? "name"
+        : kind == QAccessible::Description           ? "description"
+                                                     : nullptr;
+    return property ? ShownText::of(Spoken::attached(item(), property).toString(), false)
+                    : QString();
 }
 
 void *SpokenControl::interface_cast(QAccessible::InterfaceType type)

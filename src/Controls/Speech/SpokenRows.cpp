@@ -9,7 +9,7 @@
 
 namespace {
 
-class SpokenRow : public QAccessibleInterface, public QAccessibleActionInterface
+class SpokenRow : public SpokenLeaf, public QAccessibleActionInterface
 {
 public:
     SpokenRow(SpokenRows *rows, int row)
@@ -20,17 +20,11 @@ public:
     int row() const { return m_row; }
 
     bool isValid() const override { return m_rows && m_row < m_rows->count(); }
-    QObject *object() const override { return nullptr; }
     QWindow *window() const override { return m_rows ? m_rows->window() : nullptr; }
     QAccessibleInterface *parent() const override
     {
         return QAccessible::queryAccessibleInterface(m_rows);
     }
-    QAccessibleInterface *child(int) const override { return nullptr; }
-    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
-    void setText(QAccessible::Text, const QString &) override { }
     QAccessible::Role role() const override { return QAccessible::ListItem; }
 
     QString text(QAccessible::Text kind) const override

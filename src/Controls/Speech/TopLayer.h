@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QQuickItem>
 #include <QQuickWindow>
 

@@ -29,7 +29,7 @@ ColumnLayout {
         objectName: "statusResultCard"
         Layout.fillWidth: true
         visible: answer.viewModel.hasResult
-        opacity: answer.viewModel.hasErrorMessage ? 0.55 : 1
+        opacity: answer.viewModel.hasErrorMessage ? VTRTheme.earlierOpacity : 1
         result: answer.viewModel.result
     }
 

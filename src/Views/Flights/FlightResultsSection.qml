@@ -151,7 +151,7 @@ VTRCard {
                 width: parent.width
                 height: implicitHeight
                 visible: !section.isSearching && !section.isEmpty
-                opacity: !visible ? 0 : section.hasEarlierFlights ? 0.55 : 1
+                opacity: !visible ? 0 : section.hasEarlierFlights ? VTRTheme.earlierOpacity : 1
                 flights: section.viewModel.filteredFlights
                 page: section.page
                 topInPage: section.topInPage + section.padding + body.y
