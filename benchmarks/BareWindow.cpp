@@ -57,10 +57,8 @@ int main(int argc, char *argv[])
         return 1;
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     untilFrame(
-        window, [] {}, [] { return true; });
+        window, [] {}, [] { return true; }, [] { print("memory", memoryKiB("VmHWM")); });
     if (scrolls)
         print("scroll", cpuPerFrame(window, window->findChild<QObject *>(u"page"_s)));
-    else
-        print("memory", memoryKiB("VmHWM"));
     std::_Exit(0);
 }

@@ -31,9 +31,11 @@ inline void wait(int milliseconds)
 }
 
 /// Milliseconds from `action` until a frame is on the screen in which the condition holds. Such a
-/// frame is asked for when none is due. Ends the program when there is none for a minute.
-inline double untilFrame(QQuickWindow *window, const std::function<void()> &action,
-                         const std::function<bool()> &condition)
+/// frame is asked for when none is due, and `shown` is called in the thread that has drawn it. Ends
+/// the program when there is none for a minute.
+inline double untilFrame(
+    QQuickWindow *window, const std::function<void()> &action,
+    const std::function<bool()> &condition, const std::function<void()> &shown = [] {})
 {
     constexpr int timeLimit = 60'000;
     QElapsedTimer clock;
@@ -49,6 +51,7 @@ inline double untilFrame(QQuickWindow *window, const std::function<void()> &acti
         [&] {
             if (isShown && milliseconds == 0) {
                 milliseconds = double(clock.nsecsElapsed()) / 1e6;
+                shown();
                 QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
             }
         },
