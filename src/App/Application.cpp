@@ -9,14 +9,17 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QNetworkProxyFactory>
+#include <QOpenGLContext>
 #include <QPalette>
 #include <QQmlComponent>
 #include <QQuickStyle>
+#include <QQuickWindow>
 #include <QResource>
 #include <QScreen>
 #include <QWindow>
 #include <QtQml/QQmlExtensionPlugin>
 
+#include <thread>
 #include <utility>
 
 Q_IMPORT_QML_PLUGIN(VantoraPlugin)
@@ -44,11 +47,11 @@ void prepareApplication()
     QGuiApplication::setPalette(dark);
 }
 
-void embedFonts()
+namespace {
+
+/// Gives Qt the fonts in the executable; any thread may.
+void addFonts()
 {
-    static bool areEmbedded = false;
-    if (std::exchange(areEmbedded, true))
-        return;
     QDirIterator fonts(u":/fonts"_s);
     while (fonts.hasNext()) {
         const QResource file(fonts.next());
@@ -58,6 +61,29 @@ void embedFonts()
         if (QFontDatabase::addApplicationFontFromData(data) < 0)
             qWarning("The embedded font %s cannot be read.", qPrintable(file.fileName()));
     }
+}
+
+/// Whether loadGraphicsDriver() is of use. On X11 only, where Qt and its libraries are ready for a
+/// driver that is loaded beside the main thread.
+bool isDrawnByDriver()
+{
+    return QGuiApplication::platformName() == u"xcb"_s
+        && QQuickWindow::sceneGraphBackend().isEmpty()
+        && qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND")
+        && QQuickWindow::graphicsApi() == QSGRendererInterface::OpenGL;
+}
+
+/// Makes a context of OpenGL, which loads the driver: the longest single step of a start.
+void loadGraphicsDriver() { QOpenGLContext().create(); }
+
+bool areFontsEmbedded = false;
+
+} // namespace
+
+void embedFonts()
+{
+    if (!std::exchange(areFontsEmbedded, true))
+        addFonts();
     QFont font(u"Vantora Sans"_s);
     font.setPixelSize(13);
     QGuiApplication::setFont(font);
@@ -83,8 +109,16 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     engine.setInitialProperties(
         { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
     const QUrl mainWindow(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
-    // The QML types are loaded in a thread of the engine, the fonts meanwhile in this one.
-    const QQmlComponent types(&engine, mainWindow, QQmlComponent::Asynchronous);
+    const bool addsFonts = !std::exchange(areFontsEmbedded, true);
+    std::thread beside([addsFonts, loadsDriver = isDrawnByDriver()] {
+        if (addsFonts)
+            addFonts();
+        if (loadsDriver)
+            loadGraphicsDriver();
+    });
+    // The QML types are loaded in a thread of the engine, for which this one waits.
+    const QQmlComponent types(&engine, mainWindow);
+    beside.join();
     embedFonts();
     engine.load(mainWindow);
     if (engine.rootObjects().isEmpty()) {
