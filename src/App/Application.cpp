@@ -1,6 +1,7 @@
 #include "App/Application.h"
 
 #include "App/DarkFrame.h"
+#include "App/GraphicsHardware.h"
 #include "Services/PlatformErrorText.h"
 #include "Services/ServiceAddresses.h"
 #include "Views/ExternalLinks.h"
@@ -29,6 +30,7 @@ using namespace Qt::StringLiterals;
 
 void prepareApplication()
 {
+    chooseDrawing();
     // Everything is drawn from back to front and clipped by upright rectangles, so that a depth and
     // a stencil buffer, of the window's size, would be for nothing.
     qputenv("QSG_NO_DEPTH_BUFFER", "1");

@@ -177,6 +177,7 @@ QSGNode *RoundedSurface::updatePaintNode(QSGNode *oldNode, UpdatePaintNodeData *
                              .radius = m_radius,
                              .color = m_color,
                              .gradientEnd = m_gradientEnd,
+                             .gradientIsUpright = m_gradientIsUpright,
                              .borderColor = m_borderColor,
                              .borderWidth = m_borderWidth,
                              .shadowColor = m_shadowColor,

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QQuickItem>
 
-/// A rectangle with continuous corners: filled with a colour or a diagonal gradient, outlined
+/// A rectangle with continuous corners: filled with a colour or a gradient, outlined
 /// inside its edge, and casting a soft shadow outside its bounds. It draws a few textured triangles
 /// on every scene graph, the software one included, and no offscreen layer.
 class RoundedSurface : public QQuickItem
@@ -14,6 +14,8 @@ class RoundedSurface : public QQuickItem
     Q_PROPERTY(QColor color MEMBER m_color NOTIFY lookChanged)
     /// When set, the fill runs from `color` at the top left to this colour at the bottom right.
     Q_PROPERTY(QColor gradientEnd MEMBER m_gradientEnd NOTIFY lookChanged)
+    /// The fill runs straight down instead.
+    Q_PROPERTY(bool gradientIsUpright MEMBER m_gradientIsUpright NOTIFY lookChanged)
     Q_PROPERTY(QColor borderColor MEMBER m_borderColor NOTIFY lookChanged)
     Q_PROPERTY(qreal borderWidth MEMBER m_borderWidth NOTIFY lookChanged)
     Q_PROPERTY(QColor shadowColor MEMBER m_shadowColor NOTIFY lookChanged)
@@ -35,6 +37,7 @@ private:
     qreal m_radius = 0;
     QColor m_color = Qt::transparent;
     QColor m_gradientEnd;
+    bool m_gradientIsUpright = false;
     QColor m_borderColor = Qt::transparent;
     qreal m_borderWidth = 0;
     QColor m_shadowColor = Qt::transparent;

@@ -56,7 +56,8 @@ QImage SurfaceLook::paint() const
     const QPainterPath outline = continuousCorners(bounds, radius);
     QBrush fill(color);
     if (gradientEnd.isValid()) {
-        QLinearGradient gradient(bounds.topLeft(), bounds.bottomRight());
+        QLinearGradient gradient(bounds.topLeft(),
+                                 gradientIsUpright ? bounds.bottomLeft() : bounds.bottomRight());
         gradient.setColorAt(0, color);
         gradient.setColorAt(1, gradientEnd);
         fill = gradient;

@@ -14,6 +14,7 @@ struct SurfaceLook
     qreal radius = 0;
     QColor color;
     QColor gradientEnd; ///< invalid for one colour
+    bool gradientIsUpright = false;
     QColor borderColor;
     qreal borderWidth = 0;
     QColor shadowColor;
@@ -30,8 +31,8 @@ struct SurfaceLook
     {
         return qHashMulti(seed, look.size.width(), look.size.height(), look.devicePixelRatio,
                           look.radius, look.color.rgba(), look.gradientEnd.rgba(),
-                          look.borderColor.rgba(), look.borderWidth, look.shadowColor.rgba(),
-                          look.shadowRadius, look.shadowOffset);
+                          look.gradientIsUpright, look.borderColor.rgba(), look.borderWidth,
+                          look.shadowColor.rgba(), look.shadowRadius, look.shadowOffset);
     }
 
 private:

@@ -44,21 +44,16 @@ CalendarDay {
                 color: VTRTheme.withOpacity(VTRTheme.cardBgLight, 0.4)
             }
 
-            Capsule {
+            // The software scene graph draws a rectangle's gradient with ragged edges.
+            RoundedSurface {
                 objectName: "bar"
                 anchors.bottom: parent.bottom
                 width: parent.width
                 height: PriceCalendarFormat.barHeight(column.price.amount, column.maxPrice)
-                gradient: Gradient {
-                    GradientStop {
-                        position: 0
-                        color: column.bestFirst(VTRTheme.bestGreen, VTRTheme.vtrRed, Qt.rgba(0.22, 0.3, 0.46, 1))
-                    }
-                    GradientStop {
-                        position: 1
-                        color: column.bestFirst(Qt.rgba(0.04, 0.55, 0.38, 1), VTRTheme.vtrRedDark, Qt.rgba(0.15, 0.2, 0.32, 1))
-                    }
-                }
+                radius: width / 2
+                color: column.bestFirst(VTRTheme.bestGreen, VTRTheme.vtrRed, Qt.rgba(0.22, 0.3, 0.46, 1))
+                gradientEnd: column.bestFirst(Qt.rgba(0.04, 0.55, 0.38, 1), VTRTheme.vtrRedDark, Qt.rgba(0.15, 0.2, 0.32, 1))
+                gradientIsUpright: true
 
                 Behavior on height {
                     EaseInOut { duration: Motion.resultsDuration }

@@ -301,11 +301,9 @@ private:
     QString bar(int index) const
     {
         QQuickItem *day = m_window->itemsOfType("CalendarBarColumn").at(index);
-        QObject *gradient = part(day, u"bar"_s)->property("gradient").value<QJSValue>().toQObject();
-        const QObject *top = QQmlListReference(gradient, "stops").at(0);
         const QQuickItem *outline = part(day, u"outline"_s);
         const auto *pen = outline->property("border").value<QObject *>();
-        return colourOf(part(day, u"price"_s)) + u", "_s + colourOf(top) + u", "_s
+        return colourOf(part(day, u"price"_s)) + u", "_s + colourOf(part(day, u"bar"_s)) + u", "_s
             + (outline->isVisible() ? colourOf(pen) : u"none"_s);
     }
     /// The colours of ground, outline and price.

@@ -1,0 +1,41 @@
+#include "App/GraphicsHardware.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QQuickWindow>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+bool hasGraphicsHardware(const QString &devices)
+{
+#ifdef Q_OS_LINUX
+    // What Linux' own drivers offer to programs that draw, each under a number.
+    QFileInfoList files =
+        QDir(devices + u"/dri"_s).entryInfoList({ u"renderD*"_s }, QDir::System | QDir::Files);
+    // Drivers of NVIDIA's, of a Windows around this Linux, of ARM's, Qualcomm's and Imagination's.
+    for (const QString &name :
+         { u"nvidiactl"_s, u"dxg"_s, u"mali0"_s, u"kgsl-3d0"_s, u"pvrsrvkm"_s })
+        files.append(QFileInfo(devices + u'/' + name));
+    return std::any_of(files.cbegin(), files.cend(), [](const QFileInfo &file) {
+        return file.isReadable() && file.isWritable();
+    });
+#else
+    Q_UNUSED(devices)
+    return true;
+#endif
+}
+
+void chooseDrawing()
+{
+    // Qt's own names, of which the first two are in its documentation.
+    for (const char *choice : { "QT_QUICK_BACKEND", "QSG_RHI_BACKEND", "QMLSCENE_DEVICE" }) {
+        if (qEnvironmentVariableIsSet(choice))
+            return;
+    }
+    // OpenGL would be emulated by the processor, for the same picture: four times the work for a
+    // frame, and half of the memory again.
+    if (!hasGraphicsHardware())
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
