@@ -84,10 +84,14 @@ public:
     {
         return viewModel()->isLoading() || viewModel()->isSearchingFlightsOnly();
     }
+    /// A frame in which all of the window is drawn anew, which the other ground makes it.
     double frame() const
     {
-        return untilFrame(
-            m_window, [] {}, [] { return true; });
+        const QColor ground = m_window->color();
+        const double frame = untilFrame(
+            m_window, [&] { m_window->setColor(ground.lighter(101)); }, [] { return true; });
+        m_window->setColor(ground);
+        return frame;
     }
     void click(const QQuickItem *item) const
     {

@@ -20,8 +20,6 @@ FocusScope {
     readonly property int count: flights.count
     readonly property bool showsFocus: activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
-    /// So many rows out of view have cards too: a re-sort is seen to move them in and out.
-    readonly property int rowsBeyondView: 4
 
     implicitHeight: Math.max(0, count * cardPitch - cardSpacing)
     // Cards that are not seen do not act.
@@ -37,8 +35,8 @@ FocusScope {
         id: cards
 
         flights: area.flights
-        firstRow: Math.floor((area.page.contentY - area.topInPage) / area.cardPitch) - area.rowsBeyondView
-        rowCount: Math.ceil(area.page.height / area.cardPitch) + 1 + 2 * area.rowsBeyondView
+        firstRow: Math.floor((area.page.contentY - area.topInPage) / area.cardPitch)
+        rowCount: Math.ceil(area.page.height / area.cardPitch) + 1
     }
 
     SpokenList {
@@ -75,7 +73,7 @@ FocusScope {
 
                 required property flightRow flightRow
                 readonly property bool isCurrent: !flightRow.isLeaving && flightRow.row === cards.currentRow
-                property bool hasAppeared: !cards.isRearranging()
+                property bool hasAppeared: !cards.isRearranging
 
                 flight: flightRow.flight
                 y: flightRow.row * area.cardPitch
@@ -85,6 +83,8 @@ FocusScope {
                 enabled: !flightRow.isLeaving
                 focus: isCurrent
                 showsFocus: area.showsFocus && isCurrent
+                isDrawn: cards.isRearranging
+                    || (flightRow.row >= cards.firstRow && flightRow.row < cards.firstRow + cards.rowCount)
                 Component.onCompleted: hasAppeared = true
                 Keys.onReturnPressed: book()
                 Keys.onEnterPressed: book()

@@ -7,14 +7,21 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int mostRowsBeyond = 4;
+/// Longer than two frames: cards that nobody sees are made one at a time, and delay none.
+constexpr int growthInterval = 40;
+
+} // namespace
+
 VisibleFlights::VisibleFlights(QObject *parent)
     : QObject(parent)
 {
     m_rearrangement.setSingleShot(true);
-    connect(&m_rearrangement, &QTimer::timeout, this, [this] {
-        m_leaving.clear();
-        update();
-    });
+    connect(&m_rearrangement, &QTimer::timeout, this, &VisibleFlights::endRearrangement);
+    m_growth.setInterval(growthInterval);
+    connect(&m_growth, &QTimer::timeout, this, &VisibleFlights::growBeyond);
 }
 
 void VisibleFlights::setFlights(FlightOptionList *flights)
@@ -57,6 +64,10 @@ void VisibleFlights::rearrange()
     const Motion motion;
     m_rearrangement.start(m_flights->areNew() ? motion.resultsDuration() : motion.resortDuration());
     Q_EMIT motionDurationChanged();
+    Q_EMIT isRearrangingChanged();
+    if (m_flights->areNew())
+        m_rowsBeyond = 0;
+    m_growth.stop();
     QHash<QString, FlightRow *> leaving;
     m_leaving = m_rows.records();
     for (FlightRow &row : m_leaving) {
@@ -72,6 +83,22 @@ void VisibleFlights::rearrange()
         update();
     else
         setCurrentRow(0);
+}
+
+void VisibleFlights::endRearrangement()
+{
+    m_leaving.clear();
+    Q_EMIT isRearrangingChanged();
+    m_growth.start();
+    update();
+}
+
+void VisibleFlights::growBeyond()
+{
+    m_rowsBeyond = std::min(m_rowsBeyond + 1, mostRowsBeyond);
+    if (m_rowsBeyond == mostRowsBeyond)
+        m_growth.stop();
+    update();
 }
 
 void VisibleFlights::update()
@@ -91,8 +118,8 @@ QList<FlightRow> VisibleFlights::wantedRows() const
     if (!m_flights)
         return rows;
     const int count = m_flights->count();
-    const int first = std::clamp(m_firstRow, 0, count);
-    const int end = std::clamp(m_firstRow + m_rowCount, first, count);
+    const int first = std::clamp(m_firstRow - m_rowsBeyond, 0, count);
+    const int end = std::clamp(m_firstRow + m_rowCount + m_rowsBeyond, first, count);
     const auto append = [&](int row) { rows.append({ row, m_flights->flight(row) }); };
     if (m_currentRow >= 0 && m_currentRow < first)
         append(m_currentRow);

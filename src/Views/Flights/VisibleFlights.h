@@ -26,9 +26,9 @@ public:
     friend bool operator==(const FlightRow &, const FlightRow &) = default;
 };
 
-/// Those of a list of flights that are worth a card: the rows that a view wants to
-/// draw, the one with the keyboard, which has to exist wherever it is, and for the length of a
-/// motion those that a new order has driven out.
+/// Those of a list of flights that are worth a card: the rows in view, some beyond it, so that a
+/// re-sort is seen to move them in and out, the one with the keyboard, which has to exist wherever
+/// it is, and for the length of a motion those that a new order has driven out.
 class VisibleFlights : public QObject
 {
     Q_OBJECT
@@ -37,13 +37,16 @@ class VisibleFlights : public QObject
     Q_PROPERTY(
         FlightOptionList *flights READ flights WRITE setFlights NOTIFY flightsChanged REQUIRED)
     Q_PROPERTY(CountedListModel *rows READ rows CONSTANT)
-    /// The rows to draw; they may lie outside the list.
+    /// The rows in view; they may lie outside the list.
     Q_PROPERTY(int firstRow READ firstRow WRITE setFirstRow NOTIFY firstRowChanged)
     Q_PROPERTY(int rowCount READ rowCount WRITE setRowCount NOTIFY rowCountChanged)
     /// The row with the keyboard; the first one after every change of the list.
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     /// How long the motion of a change takes, in milliseconds.
     Q_PROPERTY(int motionDuration READ motionDuration NOTIFY motionDurationChanged)
+    /// Rows are on their way. One that appears now does so because the list has changed, not
+    /// because it is scrolled.
+    Q_PROPERTY(bool isRearranging READ isRearranging NOTIFY isRearrangingChanged)
 
 public:
     explicit VisibleFlights(QObject *parent = nullptr);
@@ -59,9 +62,7 @@ public:
     void setCurrentRow(int row);
     int motionDuration() const { return m_rearrangement.interval(); }
 
-    /// Whether a row that appears now does so because the list has changed, not because it is
-    /// scrolled.
-    Q_INVOKABLE bool isRearranging() const { return m_rearrangement.isActive(); }
+    bool isRearranging() const { return m_rearrangement.isActive(); }
 
 Q_SIGNALS:
     void flightsChanged();
@@ -69,9 +70,12 @@ Q_SIGNALS:
     void rowCountChanged();
     void currentRowChanged();
     void motionDurationChanged();
+    void isRearrangingChanged();
 
 private:
     void rearrange();
+    void endRearrangement();
+    void growBeyond();
     void update();
     QList<FlightRow> wantedRows() const;
 
@@ -79,7 +83,9 @@ private:
     RecordListModel<FlightRow> m_rows { "flightRow" };
     QList<FlightRow> m_leaving;
     QTimer m_rearrangement;
+    QTimer m_growth;
     int m_firstRow = 0;
     int m_rowCount = 0;
+    int m_rowsBeyond = 0; ///< on either side of the view
     int m_currentRow = 0;
 };
