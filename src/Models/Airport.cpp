@@ -1,6 +1,6 @@
 #include "Models/Airport.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,12 +13,11 @@ QJsonObject Airport::toJson() const
              { u"hub"_s, hub } };
 }
 
-Airport Airport::fromJson(const QJsonObject &json)
+Airport Airport::fromJson(const JsonObject &json)
 {
-    using namespace JsonReading;
-    return { .code = required(json, u"code", text(json, u"code")),
-             .city = required(json, u"city", text(json, u"city")),
-             .name = required(json, u"name", text(json, u"name")),
-             .country = required(json, u"country", text(json, u"country")),
-             .hub = required(json, u"hub", boolean(json, u"hub")) };
+    return { .code = json.required(&JsonObject::text, "code"),
+             .city = json.required(&JsonObject::text, "city"),
+             .name = json.required(&JsonObject::text, "name"),
+             .country = json.required(&JsonObject::text, "country"),
+             .hub = json.required(&JsonObject::boolean, "hub") };
 }

@@ -5,6 +5,8 @@
 #include <QMetaType>
 #include <QString>
 
+class JsonObject;
+
 /// One airport of the fixed table. Its identity is its code.
 struct Airport
 {
@@ -26,7 +28,7 @@ public:
 
     QJsonObject toJson() const;
     /// Throws DecodingError when a member is missing or of another type.
-    static Airport fromJson(const QJsonObject &json);
+    static Airport fromJson(const JsonObject &json);
 
     friend bool operator==(const Airport &, const Airport &) = default;
     friend size_t qHash(const Airport &airport, size_t seed = 0)

@@ -1,28 +1,24 @@
 #include "Models/PriceCalendar.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace {
 
 /// Absent when the member is missing or null; throws when it is of another type than text.
-std::optional<QString> optionalText(const QJsonObject &json, QStringView key)
+std::optional<QString> optionalText(const JsonObject &json, std::string_view key)
 {
-    const QJsonValue value = json.value(key);
-    if (value.isUndefined() || value.isNull())
-        return std::nullopt;
-    return required(json, key, text(json, key));
+    return json.hasValue(key) ? std::optional(json.required(&JsonObject::text, key)) : std::nullopt;
 }
 
-QList<DailyPrice> dailyPrices(const QJsonObject &json)
+QList<DailyPrice> dailyPrices(const JsonObject &json)
 {
     QList<DailyPrice> prices;
     try {
-        for (const QJsonObject &day : objects(json, u"prices").value_or(QList<QJsonObject>()))
+        for (const JsonObject &day : json.objects("prices").value_or(QList<JsonObject>()))
             prices.append(DailyPrice::fromJson(day));
     } catch (const DecodingError &) {
         prices.clear();
@@ -30,9 +26,9 @@ QList<DailyPrice> dailyPrices(const QJsonObject &json)
     return prices;
 }
 
-double amountText(const QJsonObject &json)
+double amountText(const JsonObject &json)
 {
-    const QString written = text(json, u"amount").value_or(QString());
+    const QString written = json.text("amount").value_or(QString());
     // toDouble() forgives surrounding blanks, which are an error here.
     if (written != written.trimmed())
         return 0;
@@ -50,19 +46,19 @@ void insertIfPresent(QJsonObject &json, QLatin1StringView key, const std::option
 
 } // namespace
 
-DailyPrice DailyPrice::fromJson(const QJsonObject &json)
+DailyPrice DailyPrice::fromJson(const JsonObject &json)
 {
     DailyPrice price;
-    price.date = required(json, u"date", text(json, u"date"));
-    if (const auto amount = number(json, u"amount"))
+    price.date = json.required(&JsonObject::text, "date");
+    if (const auto amount = json.number("amount"))
         price.amount = *amount;
-    else if (const auto alternative = number(json, u"price"))
+    else if (const auto alternative = json.number("price"))
         price.amount = *alternative;
     else
         price.amount = amountText(json);
-    price.currency = text(json, u"currency").value_or(u"TRY"_s);
+    price.currency = json.text("currency").value_or(u"TRY"_s);
     price.isBestPrice =
-        boolean(json, u"is_best_price").value_or(boolean(json, u"isBestPrice").value_or(false));
+        json.boolean("is_best_price").value_or(json.boolean("isBestPrice").value_or(false));
     return price;
 }
 
@@ -75,11 +71,11 @@ QJsonObject DailyPrice::toJson() const
     return json;
 }
 
-BestPrice BestPrice::fromJson(const QJsonObject &json)
+BestPrice BestPrice::fromJson(const JsonObject &json)
 {
-    return { .date = required(json, u"date", text(json, u"date")),
-             .amount = required(json, u"amount", number(json, u"amount")),
-             .currency = optionalText(json, u"currency") };
+    return { .date = json.required(&JsonObject::text, "date"),
+             .amount = json.required(&JsonObject::number, "amount"),
+             .currency = optionalText(json, "currency") };
 }
 
 QJsonObject BestPrice::toJson() const
@@ -89,17 +85,15 @@ QJsonObject BestPrice::toJson() const
     return json;
 }
 
-PriceCalendarResult PriceCalendarResult::fromJson(const QJsonObject &json)
+PriceCalendarResult PriceCalendarResult::fromJson(const JsonObject &json)
 {
     PriceCalendarResult result;
-    result.origin = optionalText(json, u"origin");
-    result.destination = optionalText(json, u"destination");
-    result.currency = optionalText(json, u"currency");
+    result.origin = optionalText(json, "origin");
+    result.destination = optionalText(json, "destination");
+    result.currency = optionalText(json, "currency");
     result.prices = dailyPrices(json);
-    const QJsonValue best = json.value("best_price"_L1);
-    if (!best.isUndefined() && !best.isNull())
-        result.bestPrice =
-            BestPrice::fromJson(required(json, u"best_price", object(json, u"best_price")));
+    if (json.hasValue("best_price"))
+        result.bestPrice = BestPrice::fromJson(json.required(&JsonObject::object, "best_price"));
     return result;
 }
 

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class JsonObject;
+
 /// The lowest fare of one day. Its identity is its date.
 struct DailyPrice
 {
@@ -27,7 +29,7 @@ public:
     QString currencyText() const { return currency.value_or(QString()); }
 
     /// Reads leniently: only a missing or mistyped "date" throws DecodingError.
-    static DailyPrice fromJson(const QJsonObject &json);
+    static DailyPrice fromJson(const JsonObject &json);
     QJsonObject toJson() const;
 
     friend bool operator==(const DailyPrice &, const DailyPrice &) = default;
@@ -55,7 +57,7 @@ public:
     QString currencyText() const { return currency.value_or(QString()); }
 
     /// Throws DecodingError when "date" or "amount" is missing or mistyped, or "currency" mistyped.
-    static BestPrice fromJson(const QJsonObject &json);
+    static BestPrice fromJson(const JsonObject &json);
     QJsonObject toJson() const;
 };
 
@@ -78,6 +80,6 @@ struct PriceCalendarResult
 
     /// An unreadable "prices" becomes an empty list; any other mistyped member throws
     /// DecodingError. The best price is read from and written to "best_price" alone.
-    static PriceCalendarResult fromJson(const QJsonObject &json);
+    static PriceCalendarResult fromJson(const JsonObject &json);
     QJsonObject toJson() const;
 };

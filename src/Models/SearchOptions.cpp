@@ -1,6 +1,6 @@
 #include "Models/SearchOptions.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 
 #include <type_traits>
 

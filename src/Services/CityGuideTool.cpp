@@ -1,13 +1,12 @@
 #include "Services/CityGuideTool.h"
 
 #include "Models/AirportDatabase.h"
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 #include "Services/ToolCall.h"
 
 #include <functional>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace CityGuideTool {
 
@@ -16,38 +15,39 @@ QJsonObject arguments(const QString &cityOrAirportCode)
     return { { u"cityCode"_s, cityOrAirportCode.toUpper() } };
 }
 
-CityGuideInfo parseCityGuide(const QJsonObject &result, const QString &code)
+CityGuideInfo parseCityGuide(const JsonObject &result, const QString &code)
 {
-    const QJsonObject source = object(result, u"guide").value_or(result);
+    const JsonObject source = result.object("guide").value_or(result);
     const Airport airport = AirportDatabase::airport(code);
-    const auto read = [&source](QStringView key, QStringView alternative, const QString &fallback) {
-        return text(source, key).value_or(text(source, alternative).value_or(fallback));
+    const auto read = [&source](std::string_view key, std::string_view alternative,
+                                const QString &fallback) {
+        return source.text(key).value_or(source.text(alternative).value_or(fallback));
     };
 
     CityGuideInfo guide;
-    guide.city = read(u"cityName", u"city", airport.city);
-    guide.country = read(u"countryName", u"country", airport.country);
-    guide.overview = read(u"overview", u"description",
+    guide.city = read("cityName", "city", airport.city);
+    guide.country = read("countryName", "country", airport.country);
+    guide.overview = read("overview", "description",
                           guide.city
                               + u", zengin tarihi, kültürel mirası ve eşsiz lezzetleriyle dünyanın "
                                 "en çok ziyaret edilen popüler destinasyonlarından biridir."_s);
     guide.bestTimeToVisit =
-        text(source, u"bestTimeToVisit").value_or(u"İlkbahar ve Sonbahar (Nisan - Ekim)"_s);
-    guide.topAttractions = texts(source, u"topAttractions")
+        source.text("bestTimeToVisit").value_or(u"İlkbahar ve Sonbahar (Nisan - Ekim)"_s);
+    guide.topAttractions = source.texts("topAttractions")
                                .value_or(QStringList {
                                    u"Tarihi Şehir Merkezi & Müzeler"_s,
                                    u"Meşhur Meydanlar & Katedraller"_s,
                                    u"Panoramik Seyir Tepesi"_s,
                                    u"Kültür & Sanat Galerileri"_s,
                                });
-    guide.culinaryHighlights = texts(source, u"culinaryHighlights")
+    guide.culinaryHighlights = source.texts("culinaryHighlights")
                                    .value_or(QStringList {
                                        u"Yerel Geleneksel Tatlar"_s,
                                        u"Taze Deniz Ürünleri"_s,
                                        u"Meşhur Sokak Lezzetleri"_s,
                                    });
     guide.localTips =
-        texts(source, u"localTips")
+        source.texts("localTips")
             .value_or(QStringList {
                 u"Toplu taşıma kartı alarak şehir içinde ekonomik seyahat edin."_s,
                 u"Popüler müzelere sabah erken saatlerde giderek sıra beklemekten kaçının."_s,
@@ -61,8 +61,8 @@ QCoro::Task<CityGuideInfo> VTRMCPClient::fetchCityGuide(QString cityOrAirportCod
 {
     const QString tool = u"get_city_guide"_s;
     const QJsonObject arguments = CityGuideTool::arguments(cityOrAirportCode);
-    const std::function<CityGuideInfo(const QJsonObject &)> reader =
-        [cityOrAirportCode](const QJsonObject &result) {
+    const std::function<CityGuideInfo(const JsonObject &)> reader =
+        [cityOrAirportCode](const JsonObject &result) {
             return CityGuideTool::parseCityGuide(result, cityOrAirportCode);
         };
     co_return co_await callTool<CityGuideInfo>(tool, arguments, reader);

@@ -1,6 +1,6 @@
 #include "Services/FlightSearchTool.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 #include "Services/ServiceAddresses.h"
 #include "Services/TimeText.h"
 #include "Services/ToolCall.h"
@@ -13,7 +13,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace {
 
@@ -54,13 +53,13 @@ std::optional<T> either(std::optional<T> first, std::optional<T> second)
     return first ? std::move(first) : std::move(second);
 }
 
-QString flightNumber(const QJsonObject &firstSegment, qsizetype index)
+QString flightNumber(const JsonObject &firstSegment, qsizetype index)
 {
     const QString airline =
-        either(text(firstSegment, u"airlineCode"), text(firstSegment, u"operatingAirlineCode"))
+        either(firstSegment.text("airlineCode"), firstSegment.text("operatingAirlineCode"))
             .value_or(u"VQ"_s);
     const QString number =
-        text(firstSegment, u"flightNumber").value_or(QString::number(1800 + 5 * index));
+        firstSegment.text("flightNumber").value_or(QString::number(1800 + 5 * index));
     return number.startsWith("VQ"_L1) ? number : airline + number;
 }
 
@@ -70,47 +69,47 @@ QString durationText(qint64 milliseconds)
     return QString::number(minutes / 60) % u"h " % QString::number(minutes % 60) % u'm';
 }
 
-double priceOf(const QJsonObject &option)
+double priceOf(const JsonObject &option)
 {
-    const double price = number(option, u"cheapestPriceAmount").value_or(0);
+    const double price = option.number("cheapestPriceAmount").value_or(0);
     return price > 0 ? price : defaultPrice;
 }
 
-QString bookingLink(const QJsonObject &option)
+QString bookingLink(const JsonObject &option)
 {
-    const QStringList links = texts(option, u"deeplinks").value_or(QStringList());
+    const QStringList links = option.texts("deeplinks").value_or(QStringList());
     return links.isEmpty() ? ServiceAddresses::webSite() : links.first();
 }
 
-FlightOption parseOption(const QJsonObject &option, qsizetype index, const QString &origin,
+FlightOption parseOption(const JsonObject &option, qsizetype index, const QString &origin,
                          const QString &destination)
 {
     const auto segments =
-        either(objects(option, u"flightSegments"), objects(option, u"flightSegmentList"))
-            .value_or(QList<QJsonObject>());
-    const QJsonObject first = segments.isEmpty() ? QJsonObject() : segments.first();
-    const QJsonObject last = segments.isEmpty() ? QJsonObject() : segments.last();
+        either(option.objects("flightSegments"), option.objects("flightSegmentList"))
+            .value_or(QList<JsonObject>());
+    const JsonObject first = segments.isEmpty() ? JsonObject() : segments.first();
+    const JsonObject last = segments.isEmpty() ? JsonObject() : segments.last();
     const qint64 journey =
-        either(integer(option, u"journeyDuration"), integer(option, u"journeyDurationInMilis"))
+        either(option.integer("journeyDuration"), option.integer("journeyDurationInMilis"))
             .value_or(defaultJourneyMilliseconds);
 
     FlightOption flight;
     flight.flightNumber = flightNumber(first, index);
-    flight.departureTime = formatTimeString(text(first, u"departureDateTime")).value_or(u"08:30"_s);
-    flight.arrivalTime = formatTimeString(text(last, u"arrivalDateTime")).value_or(u"12:15"_s);
+    flight.departureTime = formatTimeString(first.text("departureDateTime")).value_or(u"08:30"_s);
+    flight.arrivalTime = formatTimeString(last.text("arrivalDateTime")).value_or(u"12:15"_s);
     flight.id = flight.flightNumber % u'-' % flight.departureTime % u'-' % QString::number(index);
-    flight.origin = text(first, u"departureAirportCode").value_or(origin);
-    flight.destination = text(last, u"arrivalAirportCode").value_or(destination);
+    flight.origin = first.text("departureAirportCode").value_or(origin);
+    flight.destination = last.text("arrivalAirportCode").value_or(destination);
     flight.duration = durationText(journey);
     flight.durationMinutes = journey / millisecondsPerMinute;
     flight.isDirect = segments.size() < 2;
     flight.stopsCount = std::max<qint64>(segments.size() - 1, 0);
     flight.aircraft = FlightSearchTool::aircraftName(
-        either(text(first, u"equipment"), text(first, u"equipmentCode")).value_or(u"A321"_s));
-    flight.seatAvailability = integer(first, u"availableSeatCount").value_or(defaultSeats);
+        either(first.text("equipment"), first.text("equipmentCode")).value_or(u"A321"_s));
+    flight.seatAvailability = first.integer("availableSeatCount").value_or(defaultSeats);
     flight.price = priceOf(option);
-    flight.currency = text(option, u"cheapestPriceCurrency").value_or(u"TRY"_s);
-    flight.cabinClass = text(option, u"cheapestBookingPriceType").value_or(u"ECONOMY"_s);
+    flight.currency = option.text("cheapestPriceCurrency").value_or(u"TRY"_s);
+    flight.cabinClass = option.text("cheapestBookingPriceType").value_or(u"ECONOMY"_s);
     flight.bookingURL = bookingLink(option);
     return flight;
 }
@@ -137,16 +136,16 @@ QJsonObject arguments(const QString &from, const QString &to, const QString &dep
     return arguments;
 }
 
-QList<FlightOption> parseFlightOptions(const QJsonObject &result, const QString &origin,
+QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &origin,
                                        const QString &destination)
 {
-    const QJsonObject availability = object(result, u"availabilityData").value_or(QJsonObject());
+    const JsonObject availability = result.object("availabilityData").value_or(JsonObject());
     const auto informations =
-        objects(availability, u"originDestinationInformations").value_or(QList<QJsonObject>());
+        availability.objects("originDestinationInformations").value_or(QList<JsonObject>());
     if (informations.isEmpty())
         return {};
     const auto options =
-        objects(informations.first(), u"originDestinationOptions").value_or(QList<QJsonObject>());
+        informations.first().objects("originDestinationOptions").value_or(QList<JsonObject>());
     const QString from = origin.toUpper();
     const QString to = destination.toUpper();
     QList<FlightOption> flights;
@@ -176,8 +175,8 @@ QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QStri
     const QString tool = u"search_flights"_s;
     const QJsonObject arguments =
         FlightSearchTool::arguments(from, to, departureDate, returnDate, tripType, passengers);
-    const std::function<QList<FlightOption>(const QJsonObject &)> reader =
-        [from, to](const QJsonObject &result) {
+    const std::function<QList<FlightOption>(const JsonObject &)> reader =
+        [from, to](const JsonObject &result) {
             return FlightSearchTool::parseFlightOptions(result, from, to);
         };
     co_return co_await callTool<QList<FlightOption>>(tool, arguments, reader);

@@ -15,7 +15,7 @@ QJsonObject arguments(const QString &from, const QString &to, const QString &dep
 /// One flight for each offered itinerary. Every member that is missing or mistyped gets a fixed
 /// default, so that a reply of any shape yields displayable cards; a reply without itineraries
 /// yields none. `origin` and `destination` are the codes that were searched for.
-QList<FlightOption> parseFlightOptions(const QJsonObject &result, const QString &origin,
+QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &origin,
                                        const QString &destination);
 
 /// The aircraft's name for an equipment code: "b789" gives "Boeing 787-9 Dreamliner". An unknown

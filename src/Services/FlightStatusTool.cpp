@@ -1,13 +1,12 @@
 #include "Services/FlightStatusTool.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 #include "Services/ToolCall.h"
 
 #include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace FlightStatusTool {
 
@@ -19,32 +18,32 @@ QJsonObject arguments(const QString &flightNumber, const std::optional<QString> 
     return arguments;
 }
 
-FlightStatusResult parseFlightStatus(const QJsonObject &result, const QString &requestedNumber,
+FlightStatusResult parseFlightStatus(const JsonObject &result, const QString &requestedNumber,
                                      const std::optional<QString> &requestedDate)
 {
-    const QJsonObject source = object(result, u"flightData").value_or(result);
-    const auto read = [&source](QStringView key, const QString &fallback) {
-        return text(source, key).value_or(fallback);
+    const JsonObject source = result.object("flightData").value_or(result);
+    const auto read = [&source](std::string_view key, const QString &fallback) {
+        return source.text(key).value_or(fallback);
     };
 
     FlightStatusResult status;
-    status.flightNumber = read(u"flightNumber", requestedNumber.toUpper());
+    status.flightNumber = read("flightNumber", requestedNumber.toUpper());
     status.date = requestedDate;
-    status.status = read(u"status", u"Zamanında (On Time)"_s);
-    status.originAirport = status.originCity = read(u"origin", u"IST"_s);
-    status.destinationAirport = status.destinationCity = read(u"destination", u"LHR"_s);
-    status.scheduledDeparture = read(u"scheduledDeparture", u"11:20"_s);
+    status.status = read("status", u"Zamanında (On Time)"_s);
+    status.originAirport = status.originCity = read("origin", u"IST"_s);
+    status.destinationAirport = status.destinationCity = read("destination", u"LHR"_s);
+    status.scheduledDeparture = read("scheduledDeparture", u"11:20"_s);
     status.estimatedDeparture =
-        read(u"actualDeparture", read(u"estimatedDeparture", status.scheduledDeparture));
-    status.scheduledArrival = read(u"scheduledArrival", u"14:05"_s);
+        read("actualDeparture", read("estimatedDeparture", status.scheduledDeparture));
+    status.scheduledArrival = read("scheduledArrival", u"14:05"_s);
     status.estimatedArrival =
-        read(u"actualArrival", read(u"estimatedArrival", status.scheduledArrival));
-    status.terminal = read(u"terminal", u"T1"_s);
-    status.gate = read(u"gate", u"F12"_s);
-    status.baggageBelt = text(source, u"baggage");
+        read("actualArrival", read("estimatedArrival", status.scheduledArrival));
+    status.terminal = read("terminal", u"T1"_s);
+    status.gate = read("gate", u"F12"_s);
+    status.baggageBelt = source.text("baggage");
     if (!status.baggageBelt)
-        status.baggageBelt = text(source, u"baggageBelt");
-    status.aircraftType = read(u"aircraft", u"Boeing 787-9 Dreamliner"_s);
+        status.baggageBelt = source.text("baggageBelt");
+    status.aircraftType = read("aircraft", u"Boeing 787-9 Dreamliner"_s);
     return status;
 }
 
@@ -55,8 +54,8 @@ QCoro::Task<FlightStatusResult> VTRMCPClient::checkFlightStatus(QString flightNu
 {
     const QString tool = u"flight-status"_s;
     const QJsonObject arguments = FlightStatusTool::arguments(flightNumber, date);
-    const std::function<FlightStatusResult(const QJsonObject &)> reader =
-        [flightNumber, date](const QJsonObject &result) {
+    const std::function<FlightStatusResult(const JsonObject &)> reader =
+        [flightNumber, date](const JsonObject &result) {
             return FlightStatusTool::parseFlightStatus(result, flightNumber, date);
         };
     co_return co_await callTool<FlightStatusResult>(tool, arguments, reader);

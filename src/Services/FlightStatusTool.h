@@ -12,7 +12,7 @@ QJsonObject arguments(const QString &flightNumber, const std::optional<QString> 
 
 /// A complete record from a reply of any shape: what is missing is filled with sample values, so
 /// that a call which returned always has something to show.
-FlightStatusResult parseFlightStatus(const QJsonObject &result, const QString &requestedNumber,
+FlightStatusResult parseFlightStatus(const JsonObject &result, const QString &requestedNumber,
                                      const std::optional<QString> &requestedDate);
 
 } // namespace FlightStatusTool

@@ -1,40 +1,39 @@
 #include "Services/PriceCalendarTool.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 #include "Services/ToolCall.h"
 
 #include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace {
 
-std::optional<BestPrice> parseBestPrice(const QJsonObject &result, const QString &calendarCurrency)
+std::optional<BestPrice> parseBestPrice(const JsonObject &result, const QString &calendarCurrency)
 {
-    auto best = object(result, u"bestPrice");
+    auto best = result.object("bestPrice");
     if (!best)
-        best = object(result, u"best_price");
-    const auto date = best ? text(*best, u"date") : std::nullopt;
+        best = result.object("best_price");
+    const auto date = best ? best->text("date") : std::nullopt;
     if (!date)
         return std::nullopt;
     return BestPrice { .date = *date,
-                       .amount = number(*best, u"amount").value_or(0),
-                       .currency = text(*best, u"currency").value_or(calendarCurrency) };
+                       .amount = best->number("amount").value_or(0),
+                       .currency = best->text("currency").value_or(calendarCurrency) };
 }
 
-std::optional<DailyPrice> parseDay(const QJsonObject &day, const QString &calendarCurrency)
+std::optional<DailyPrice> parseDay(const JsonObject &day, const QString &calendarCurrency)
 {
-    const auto date = text(day, u"date");
+    const auto date = day.text("date");
     if (!date)
         return std::nullopt;
-    const double price = number(day, u"price").value_or(0);
-    const bool isBest = boolean(day, u"is_best_price").value_or(false);
+    const double price = day.number("price").value_or(0);
+    const bool isBest = day.boolean("is_best_price").value_or(false);
     return DailyPrice { .date = *date,
-                        .amount = number(day, u"amount").value_or(price),
-                        .currency = text(day, u"currency").value_or(calendarCurrency),
-                        .isBestPrice = boolean(day, u"isBestPrice").value_or(isBest) };
+                        .amount = day.number("amount").value_or(price),
+                        .currency = day.text("currency").value_or(calendarCurrency),
+                        .isBestPrice = day.boolean("isBestPrice").value_or(isBest) };
 }
 
 } // namespace
@@ -56,13 +55,13 @@ QJsonObject arguments(const QString &origin, const QString &destination,
              { u"stayDuration"_s, 14 } };
 }
 
-PriceCalendar parsePriceCalendar(const QJsonObject &result)
+PriceCalendar parsePriceCalendar(const JsonObject &result)
 {
     PriceCalendar calendar;
-    calendar.currency = text(result, u"currency").value_or(calendar.currency);
+    calendar.currency = result.text("currency").value_or(calendar.currency);
     calendar.bestPrice = parseBestPrice(result, calendar.currency);
-    const auto days = objects(result, u"prices").value_or(QList<QJsonObject>());
-    for (const QJsonObject &day : days) {
+    const auto days = result.objects("prices").value_or(QList<JsonObject>());
+    for (const JsonObject &day : days) {
         if (const auto price = parseDay(day, calendar.currency))
             calendar.prices.append(*price);
     }
@@ -79,7 +78,7 @@ QCoro::Task<PriceCalendar> VTRMCPClient::fetchPriceCalendar(QString origin, QStr
     const QString tool = u"find_flight_price_calendar"_s;
     const QJsonObject arguments = PriceCalendarTool::arguments(origin, destination, departureDate,
                                                                tripType, timeRange, cabinClass);
-    const std::function<PriceCalendar(const QJsonObject &)> reader =
+    const std::function<PriceCalendar(const JsonObject &)> reader =
         &PriceCalendarTool::parsePriceCalendar;
     co_return co_await callTool<PriceCalendar>(tool, arguments, reader);
 }

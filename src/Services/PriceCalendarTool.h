@@ -10,6 +10,6 @@ QJsonObject arguments(const QString &origin, const QString &destination,
                       CabinClass cabinClass);
 
 /// Reads what it can: a day without a text "date" is left out, a fare that is missing is 0.
-PriceCalendar parsePriceCalendar(const QJsonObject &result);
+PriceCalendar parsePriceCalendar(const JsonObject &result);
 
 } // namespace PriceCalendarTool

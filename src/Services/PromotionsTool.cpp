@@ -1,20 +1,20 @@
 #include "Services/PromotionsTool.h"
 
-#include "Models/JsonReading.h"
+#include "Models/JsonObject.h"
 #include "Services/ToolCall.h"
 
 #include <functional>
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace JsonReading;
 
 namespace {
 
-std::optional<QString> firstText(const QJsonObject &json, QStringView key, QStringView alternative)
+std::optional<QString> firstText(const JsonObject &json, std::string_view key,
+                                 std::string_view alternative)
 {
-    const auto value = text(json, key);
-    return value ? value : text(json, alternative);
+    const auto value = json.text(key);
+    return value ? value : json.text(alternative);
 }
 
 QList<PromotionItem> builtInPromotions()
@@ -44,25 +44,25 @@ QJsonObject arguments(const QString &departureAirportCode, const QString &countr
              { u"countryCode"_s, countryCode.toUpper() } };
 }
 
-QList<PromotionItem> parsePromotions(const QJsonObject &result)
+QList<PromotionItem> parsePromotions(const JsonObject &result)
 {
-    auto elements = objects(result, u"promotions");
+    auto elements = result.objects("promotions");
     if (!elements)
-        elements = objects(result, u"promotionList");
+        elements = result.objects("promotionList");
     if (!elements)
         return builtInPromotions();
 
     QList<PromotionItem> promotions;
-    for (const QJsonObject &element : std::as_const(*elements)) {
-        const QString title = firstText(element, u"title", u"name").value_or(QString());
+    for (const JsonObject &element : std::as_const(*elements)) {
+        const QString title = firstText(element, "title", "name").value_or(QString());
         if (title.isEmpty())
             continue;
         promotions.append(
             { .title = title,
-              .description = firstText(element, u"description", u"detail").value_or(QString()),
-              .discount = firstText(element, u"discount", u"badge"),
-              .validUntil = firstText(element, u"validUntil", u"expireDate"),
-              .route = text(element, u"route") });
+              .description = firstText(element, "description", "detail").value_or(QString()),
+              .discount = firstText(element, "discount", "badge"),
+              .validUntil = firstText(element, "validUntil", "expireDate"),
+              .route = element.text("route") });
     }
     return promotions;
 }
@@ -74,7 +74,7 @@ QCoro::Task<QList<PromotionItem>> VTRMCPClient::fetchPromotions(QString departur
 {
     const QString tool = u"get_airline_promotions"_s;
     const QJsonObject arguments = PromotionsTool::arguments(departureAirportCode, countryCode);
-    const std::function<QList<PromotionItem>(const QJsonObject &)> reader =
+    const std::function<QList<PromotionItem>(const JsonObject &)> reader =
         &PromotionsTool::parsePromotions;
     co_return co_await callTool<QList<PromotionItem>>(tool, arguments, reader);
 }

@@ -9,6 +9,6 @@ QJsonObject arguments(const QString &departureAirportCode, const QString &countr
 
 /// The promotions that have a title, in the server's order. A reply without a list of promotions
 /// gives the built-in ones; an empty list gives none.
-QList<PromotionItem> parsePromotions(const QJsonObject &result);
+QList<PromotionItem> parsePromotions(const JsonObject &result);
 
 } // namespace PromotionsTool

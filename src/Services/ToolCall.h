@@ -14,7 +14,7 @@
 
 template<typename Record>
 QCoro::Task<Record> VTRMCPClient::callTool(QString name, QJsonObject arguments,
-                                           std::function<Record(const QJsonObject &)> reader)
+                                           std::function<Record(const JsonObject &)> reader)
 {
     ++m_callsUnderWay;
     const auto leave = qScopeGuard([this] { --m_callsUnderWay; });

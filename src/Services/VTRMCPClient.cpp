@@ -199,10 +199,10 @@ QFuture<void> VTRMCPClient::breath(int repetition)
     return end;
 }
 
-QCoro::Task<QJsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)
+QCoro::Task<JsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)
 {
-    const std::function<QJsonObject(const QJsonObject &)> asItIs = [](const QJsonObject &result) {
+    const std::function<JsonObject(const JsonObject &)> asItIs = [](const JsonObject &result) {
         return result;
     };
-    co_return co_await callTool<QJsonObject>(name, arguments, asItIs);
+    co_return co_await callTool<JsonObject>(name, arguments, asItIs);
 }

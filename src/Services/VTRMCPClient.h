@@ -3,6 +3,7 @@
 #include "Models/CityGuideInfo.h"
 #include "Models/FlightOption.h"
 #include "Models/FlightStatusResult.h"
+#include "Models/JsonObject.h"
 #include "Models/PriceCalendar.h"
 #include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
@@ -48,7 +49,7 @@ public:
     /// "result", else an empty object. A status of 400 or 404 means that the session is lost: the
     /// call is repeated in a new one, at first at once and then after breaths that grow to two
     /// seconds, without limit, until the server says something else or the application quits.
-    QCoro::Task<QJsonObject> callTool(QString name, QJsonObject arguments);
+    QCoro::Task<JsonObject> callTool(QString name, QJsonObject arguments);
 
     /// The lowest fare of each day around `departureDate` ("yyyy-MM-dd").
     QCoro::Task<PriceCalendar> fetchPriceCalendar(QString origin, QString destination,
@@ -92,7 +93,7 @@ private:
     /// Calls a tool and reads its result with `reader`, off the main thread when it is large.
     template<typename Record>
     QCoro::Task<Record> callTool(QString name, QJsonObject arguments,
-                                 std::function<Record(const QJsonObject &)> reader);
+                                 std::function<Record(const JsonObject &)> reader);
 
     HttpTransport m_transport;
     QThreadPool m_readerPool; ///< where large bodies are read, one after the other

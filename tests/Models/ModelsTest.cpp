@@ -2,7 +2,6 @@
 #include "Models/DateText.h"
 #include "Models/FlightOption.h"
 #include "Models/FlightStatusResult.h"
-#include "Models/JsonReading.h"
 #include "Models/MoneyText.h"
 #include "Models/PriceCalendar.h"
 #include "Models/SearchOptions.h"
@@ -156,7 +155,7 @@ private Q_SLOTS:
     void integers()
     {
         const auto read = [](const QByteArray &number) {
-            return JsonReading::integer(parsed("{\"n\": " + number + "}"), u"n").value_or(-1);
+            return received("{\"n\": " + number + "}").integer("n").value_or(-1);
         };
         using Limits = std::numeric_limits<qint64>;
         QCOMPARE(read("-0.0"), 0);
@@ -166,6 +165,17 @@ private Q_SLOTS:
         QCOMPARE(read("-9223372036854775808"), Limits::min());
         for (const char *other : { "9223372036854775808", "1e300", "2.5", "true", "\"2\"", "null" })
             QVERIFY2(read(other) == -1, other);
+    }
+
+    void numbersAndTextsThatNoTypeHolds()
+    {
+        QCOMPARE(received(R"({"small": 1e-400})").number("small").value_or(1), 0.0);
+        const JsonObject json = received(R"({"large": 18446744073709551616, "half": "\ud800x",
+                                             "twice": "a", "twice": "b"})");
+        QCOMPARE(json.number("large").value_or(1), std::exp2(64));
+        QVERIFY(!json.integer("large"));
+        QCOMPARE(json.text("half").value_or(QString()), u"\ufffdx"_s);
+        QCOMPARE(json.text("twice").value_or(QString()), u"b"_s);
     }
 
     void searchOptionsAcceptTheirRawValuesAlone()
@@ -182,7 +192,7 @@ private Q_SLOTS:
         const auto row = [](const QByteArray &json,
                             const QByteArray &written = R"({"prices": []})") {
             QVERIFY(!parsed(json).isEmpty());
-            QCOMPARE(PriceCalendarResult::fromJson(parsed(json)).toJson(), parsed(written));
+            QCOMPARE(PriceCalendarResult::fromJson(received(json)).toJson(), parsed(written));
         };
         row(R"({"prices": null, "currency": null, "best_price": null})");
         row(R"({"prices": {}, "bestPrice": {"date": "d", "amount": 1}})");
@@ -213,13 +223,14 @@ private Q_SLOTS:
 
     void unreadable()
     {
-        QVERIFY_THROWS_EXCEPTION(DecodingError, DailyPrice::fromJson(parsed(R"({"date": null})")));
+        QVERIFY_THROWS_EXCEPTION(DecodingError,
+                                 DailyPrice::fromJson(received(R"({"date": null})")));
         for (const char *json :
              { R"({"origin": 1})", R"({"destination": {}})", R"({"currency": false})",
                R"({"best_price": []})", R"({"best_price": {"date": "d"}})",
                R"({"best_price": {"date": "d", "amount": "1"}})",
                R"({"best_price": {"date": "d", "amount": 1, "currency": 1}})" })
-            QVERIFY_THROWS_EXCEPTION(DecodingError, PriceCalendarResult::fromJson(parsed(json)));
+            QVERIFY_THROWS_EXCEPTION(DecodingError, PriceCalendarResult::fromJson(received(json)));
     }
 
 private:

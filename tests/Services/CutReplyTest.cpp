@@ -59,14 +59,14 @@ private Q_SLOTS:
     {
         QFETCH(ScriptedAnswer, answer);
         m_server->enqueue({ answer });
-        const QJsonObject result = settle(call()).value.value_or(QJsonObject());
-        QVERIFY(!result.isEmpty());
+        const auto result = settle(call()).value;
+        QVERIFY(result && result->toJson().size() > 2);
         const qsizetype length = answer.bytes().size();
         for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
             m_server->enqueue({ cut(answer, cutAt) });
             const auto outcome = settle(call());
             QCOMPARE(outcome.errorText(), cutAt < length ? closed : QString());
-            QCOMPARE(outcome.value.value_or(result), result);
+            QCOMPARE(outcome.value.value_or(*result).toJson(), result->toJson());
         }
         QCOMPARE(m_server->toolCalls().size(), length + 2);
     }

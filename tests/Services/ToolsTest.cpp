@@ -5,6 +5,7 @@
 #include "Services/PromotionsTool.h"
 #include "Services/ServiceAddresses.h"
 #include "support/ClientTesting.h"
+#include "support/ParsedJson.h"
 #include "support/ToolAnswers.h"
 
 #include <QDir>
@@ -43,7 +44,7 @@ QJsonArray membersOfAll(const QList<Record> &records)
 }
 
 /// What the reader named as the folder makes of a reply.
-QJsonValue read(const QString &reader, const QJsonObject &reply, const QString &code)
+QJsonValue read(const QString &reader, const JsonObject &reply, const QString &code)
 {
     if (reader == u"calendar") {
         const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
@@ -127,11 +128,12 @@ private Q_SLOTS:
         QFETCH(QString, path);
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const QJsonObject example = QJsonDocument::fromJson(file.readAll()).object();
-        QVERIFY(example.contains("reply"_L1) && example.contains("expected"_L1));
+        const QByteArray json = file.readAll();
+        const QJsonObject example = parsed(json);
+        const auto reply = received(json).object("reply");
+        QVERIFY(reply && example.contains("expected"_L1));
 
-        const QJsonValue actual =
-            read(reader, example.value("reply"_L1).toObject(), example.value("code"_L1).toString());
+        const QJsonValue actual = read(reader, *reply, example.value("code"_L1).toString());
         const QStringList found = differences(actual, example.value("expected"_L1), QString());
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
     }

@@ -28,7 +28,7 @@ struct Reading
 
 QCoro::Task<Reading> callWithTrace()
 {
-    return VTRMCPClientTestAccess::callTool<Reading>([](const QJsonObject &) {
+    return VTRMCPClientTestAccess::callTool<Reading>([](const JsonObject &) {
         return Reading { QThread::currentThread(),
                          reinterpret_cast<quintptr>(__builtin_frame_address(0)) };
     });
@@ -87,7 +87,7 @@ private Q_SLOTS:
         for (const qsizetype size : { 1000, 300'000 }) {
             m_server->enqueue({ answerOfSize(size) });
             const auto outcome = settle(VTRMCPClientTestAccess::callTool<int>(
-                [](const QJsonObject &) -> int { throw std::bad_alloc(); }));
+                [](const JsonObject &) -> int { throw std::bad_alloc(); }));
             QVERIFY(outcome.error);
             QCOMPARE(outcome.error->domain(), McpError::Domain::Internal);
         }
@@ -132,7 +132,7 @@ private Q_SLOTS:
         QFETCH(ScriptedAnswer, answer);
         m_server->onInitialize = [initialize](const ReceivedRequest &) { return initialize; };
         m_server->onToolCall = [answer](const ReceivedRequest &) { return answer; };
-        QList<PendingOutcome<QJsonObject>> calls;
+        QList<PendingOutcome<JsonObject>> calls;
         for (int index = 0; index < 20; ++index)
             calls.append(watch(call()));
         QTRY_VERIFY(m_server->requests().size() >= (initialize.cutAfter == 0 ? 1 : 1 + 20));
@@ -150,7 +150,7 @@ private Q_SLOTS:
     {
         m_server->onToolCall = [](const ReceivedRequest &) { return answerOfSize(300'000); };
         QSemaphore started;
-        const auto outcome = watch(VTRMCPClientTestAccess::callTool<int>([&](const QJsonObject &) {
+        const auto outcome = watch(VTRMCPClientTestAccess::callTool<int>([&](const JsonObject &) {
             started.release();
             QThread::msleep(50);
             return 1;

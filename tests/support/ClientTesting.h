@@ -33,7 +33,7 @@ struct VTRMCPClientTestAccess
 
     /// Calls a tool with a reader of the test's own.
     template<typename Record>
-    static QCoro::Task<Record> callTool(std::function<Record(const QJsonObject &)> reader)
+    static QCoro::Task<Record> callTool(std::function<Record(const JsonObject &)> reader)
     {
         const QString tool = QStringLiteral("any");
         return VTRMCPClient::shared().callTool<Record>(tool, QJsonObject(), std::move(reader));
@@ -115,8 +115,8 @@ protected Q_SLOTS:
     }
 
 protected:
-    static QCoro::Task<QJsonObject> call(const QString &tool = QStringLiteral("any"),
-                                         const QJsonObject &arguments = {})
+    static QCoro::Task<JsonObject> call(const QString &tool = QStringLiteral("any"),
+                                        const QJsonObject &arguments = {})
     {
         return VTRMCPClient::shared().callTool(tool, arguments);
     }

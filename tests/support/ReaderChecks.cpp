@@ -1,6 +1,5 @@
 #include "support/ReaderChecks.h"
 
-#include "Models/JsonReading.h"
 #include "Models/PriceCalendar.h"
 #include "Services/CityGuideTool.h"
 #include "Services/FlightSearchTool.h"
@@ -12,8 +11,13 @@
 #include "Services/ToolResult.h"
 #include "support/ParsedJson.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QSet>
 
+#include <algorithm>
+#include <optional>
+#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -48,8 +52,68 @@ void checkHttp(const QByteArray &bytes)
     require(whole.answer().body.size() <= limits.bodyBytes, "a body within the limit");
 }
 
+/// Half characters count as unknown ones.
+QString whole(const QString &text)
+{
+    const QList<uint> characters = text.toUcs4();
+    return QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()),
+                             characters.size());
+}
+
+/// Each member is read as Qt's parser understands it.
+void checkMembers(const JsonObject &object, const QJsonObject &json)
+{
+    for (auto member = json.begin(); member != json.end(); ++member) {
+        const QJsonValue value = member.value();
+        const std::string key = member.key().toStdString();
+        const bool isInteger = value.toInteger(0) == value.toInteger(1);
+        require(object.contains(key) && object.hasValue(key) != value.isNull(), "the same members");
+        require(object.text(key)
+                    == (value.isString() ? std::optional(whole(value.toString())) : std::nullopt),
+                "the same texts");
+        require(object.number(key)
+                    == (value.isDouble() ? std::optional(value.toDouble()) : std::nullopt),
+                "the same numbers");
+        require(object.integer(key)
+                    == (isInteger ? std::optional(value.toInteger()) : std::nullopt),
+                "the same integers");
+        require(object.boolean(key)
+                    == (value.isBool() ? std::optional(value.toBool()) : std::nullopt),
+                "the same flags");
+        require(object.object(key).has_value() == value.isObject(), "the same objects");
+        if (value.isObject())
+            checkMembers(*object.object(key), value.toObject());
+        const QJsonArray array = value.toArray();
+        const auto objects = object.objects(key);
+        const bool isObjects = value.isArray()
+            && std::all_of(array.begin(), array.end(), [](auto v) { return v.isObject(); });
+        require(objects.has_value() == isObjects, "the same lists");
+        for (qsizetype index = 0; objects && index < array.size(); ++index)
+            checkMembers(objects->at(index), array.at(index).toObject());
+        const bool isTexts = value.isArray()
+            && std::all_of(array.begin(), array.end(), [](auto v) { return v.isString(); });
+        const auto texts = object.texts(key);
+        require(texts.has_value() == isTexts, "the same lists of texts");
+        for (qsizetype index = 0; texts && index < array.size(); ++index)
+            require(texts->at(index) == whole(array.at(index).toString()),
+                    "the same text in a list");
+    }
+}
+
+/// What Qt's parser understands is read like that, and nothing else is read.
 void checkReply(const QByteArray &bytes)
 {
+    QJsonParseError expected;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &expected);
+    QJsonParseError error;
+    const auto object = JsonObject::parsed(bytes, error);
+    // A number that is too small is no error of ours.
+    if (error.error == QJsonParseError::NoError && expected.error == QJsonParseError::IllegalNumber)
+        return;
+    require(error.error == expected.error, "the same error");
+    require(object.has_value() == document.isObject(), "an object when it is one");
+    if (object)
+        checkMembers(*object, document.object());
     try {
         readToolResult(bytes);
     } catch (const McpError &error) {
@@ -59,15 +123,16 @@ void checkReply(const QByteArray &bytes)
 
 /// What is read from what was written is the same.
 template<typename Record>
-void checkRecord(const QJsonObject &json)
+void checkRecord(const JsonObject &json)
 {
     try {
         const QJsonObject written = Record::fromJson(json).toJson();
-        require(Record::fromJson(written).toJson() == written, "a round trip");
+        const JsonObject read = received(QJsonDocument(written).toJson());
+        require(Record::fromJson(read).toJson() == written, "a round trip");
     } catch (const DecodingError &) { }
 }
 
-void checkFlights(const QJsonObject &reply)
+void checkFlights(const JsonObject &reply)
 {
     QSet<QString> ids;
     const auto flights = FlightSearchTool::parseFlightOptions(reply, u"ist"_s, u"lhr"_s);
@@ -81,7 +146,7 @@ void checkFlights(const QJsonObject &reply)
     require(ids.size() == flights.size(), "ids of their own");
 }
 
-void checkStatus(const QJsonObject &reply)
+void checkStatus(const JsonObject &reply)
 {
     const auto status = FlightStatusTool::parseFlightStatus(reply, u"vq12"_s, u"2026-03-01"_s);
     require(status.estimatedDeparture && status.estimatedArrival && status.terminal && status.gate
@@ -93,10 +158,10 @@ void checkStatus(const QJsonObject &reply)
     status.isLanded();
 }
 
-using ObjectCheck = void (*)(const QJsonObject &);
+using ObjectCheck = void (*)(const JsonObject &);
 const std::pair<QString, ObjectCheck> objectChecks[] {
     { u"calendar"_s,
-      [](const QJsonObject &reply) {
+      [](const JsonObject &reply) {
           const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
           for (const DailyPrice &day : calendar.prices)
               require(day.currency.has_value(), "a day has a currency");
@@ -104,17 +169,17 @@ const std::pair<QString, ObjectCheck> objectChecks[] {
     { u"flights"_s, checkFlights },
     { u"status"_s, checkStatus },
     { u"promotions"_s,
-      [](const QJsonObject &reply) {
+      [](const JsonObject &reply) {
           for (const PromotionItem &promotion : PromotionsTool::parsePromotions(reply))
               require(!promotion.title.isEmpty(), "a title");
       } },
     { u"guide"_s,
-      [](const QJsonObject &reply) {
+      [](const JsonObject &reply) {
           const CityGuideInfo guide = CityGuideTool::parseCityGuide(reply, u"xyz"_s);
           require(guide.bestTimeToVisit.has_value(), "a best time");
       } },
     { u"records"_s,
-      [](const QJsonObject &json) {
+      [](const JsonObject &json) {
           checkRecord<DailyPrice>(json);
           checkRecord<BestPrice>(json);
           checkRecord<PriceCalendarResult>(json);
@@ -137,8 +202,8 @@ void ReaderChecks::check(const QString &reader, const QByteArray &bytes)
         return checkHttp(bytes);
     if (reader == u"reply")
         return checkReply(bytes);
-    const QJsonObject json = parsed(bytes);
-    const QJsonObject reply = JsonReading::object(json, u"reply").value_or(json);
+    const JsonObject json = received(bytes);
+    const JsonObject reply = json.object("reply").value_or(json);
     for (const auto &[name, checkObject] : objectChecks) {
         if (name == reader)
             checkObject(reply);
