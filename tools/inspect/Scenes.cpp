@@ -15,10 +15,13 @@ bool hasResults(const Stage &stage)
 
 bool showSearch(Stage &stage) { return hasResults(stage); }
 
+/// A server near by may have answered before the start of the search returns.
 bool showLoading(Stage &stage)
 {
-    stage.viewModel()->startSearchAll();
-    return stage.viewModel()->isLoading();
+    return stage.waitUntil([&stage] {
+        stage.viewModel()->startSearchAll();
+        return stage.viewModel()->isLoading();
+    });
 }
 
 /// An airport that no server flies to; the results of the first search stay.
