@@ -1,7 +1,10 @@
 # What keeps a clean build short: headers that nearly every file parses are parsed three times in
-# all, and compiled QML is compiled a dozen files at a time.
+# all, compiled QML is compiled a few dozen files at a time, and where nobody waits for one changed
+# file, written sources are compiled together, too.
 
 option(VANTORA_PRECOMPILED_HEADERS "Parse the common headers only once" ON)
+option(VANTORA_JOINED_SOURCES
+  "Compile the sources of a library together: fastest from scratch, slow after a change" OFF)
 
 set(VANTORA_CORE_HEADERS
   <algorithm> <cmath> <functional> <memory> <optional>
@@ -29,15 +32,44 @@ function(vantora_precompile_like target other)
   endif()
 endfunction()
 
-# To be called after qt_add_qml_module(), in the same folder.
-function(vantora_join_compiled_qml target)
+# What Qt generates beside a QML module takes the headers of `other`, too.
+function(vantora_precompile_qml_module target other)
+  foreach(part plugin plugin_init _qmlcache)
+    if(TARGET ${target}${part})
+      vantora_precompile_like(${target}${part} ${other})
+    endif()
+  endforeach()
+endfunction()
+
+# To be called after qt_add_qml_module(), in the same folder; `ARGN` are the C++ sources.
+function(vantora_join_qml_module target)
   get_target_property(sources ${target} SOURCES)
   list(FILTER sources INCLUDE REGEX "_qml\\.cpp$")
+  vantora_group_sources(compiled_qml 25 ${sources})
+  if(VANTORA_JOINED_SOURCES)
+    list(FILTER ARGN INCLUDE REGEX "\\.cpp$")
+    vantora_group_sources(written 12 ${ARGN})
+  endif()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
+
+# Units of at most `size` sources each, and all of about the same size.
+function(vantora_group_sources name size)
+  list(LENGTH ARGN count)
+  math(EXPR groups "(${count} + ${size} - 1) / ${size}")
   set(number 0)
-  foreach(source IN LISTS sources)
-    math(EXPR group "${number} / 12")
-    set_source_files_properties(${source} PROPERTIES UNITY_GROUP compiled_qml_${group})
+  foreach(source IN LISTS ARGN)
+    math(EXPR group "${number} * ${groups} / ${count}")
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${name}_${group})
     math(EXPR number "${number} + 1")
   endforeach()
-  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+endfunction()
+
+function(vantora_join_sources target)
+  if(VANTORA_JOINED_SOURCES)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 10)
+    # g++ takes the frame of a coroutine for a type that other units could see.
+    target_compile_options(${target} PRIVATE
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+  endif()
 endfunction()

@@ -24,7 +24,7 @@ function(vantora_add_qml_module target uri)
     SOURCES ${module_SOURCES}
     QML_FILES ${module_QML_FILES})
 
-  vantora_join_compiled_qml(${target})
+  vantora_join_qml_module(${target} ${module_SOURCES})
   vantora_look_into(${target} ${module_SOURCES})
 
   # The generated type registration includes headers by their bare names.

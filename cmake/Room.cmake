@@ -3,6 +3,7 @@ function(vantora_add_room target)
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   qt_add_library(${target} STATIC ${sources})
+  vantora_join_sources(${target})
   vantora_look_into(${target} ${sources})
 endfunction()
 
