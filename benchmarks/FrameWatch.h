@@ -58,14 +58,14 @@ inline double untilFrame(
         Qt::DirectConnection);
     QTimer asking;
     QObject::connect(&asking, &QTimer::timeout, [&] {
+        if (clock.hasExpired(timeLimit)) {
+            qCritical("What was waited for did not come.");
+            std::exit(1);
+        }
         if (condition())
             window->update();
     });
     asking.start(5);
-    QTimer::singleShot(timeLimit, &loop, [] {
-        qCritical("What was waited for did not come.");
-        std::exit(1);
-    });
     clock.start();
     action();
     if (condition())
