@@ -23,6 +23,10 @@
 #include <thread>
 #include <utility>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 Q_IMPORT_QML_PLUGIN(VantoraPlugin)
 Q_IMPORT_QML_PLUGIN(Vantora_ControlsPlugin)
 
@@ -101,6 +105,16 @@ QSize roomForTheWindow()
     return screen ? screen->availableSize() - QSize(0, titleBar) : QSize(1280, 860);
 }
 
+/// Loads, in the engine's thread, the types that the first frame does without: what is made of them
+/// opens at once then.
+void loadLateTypes(QQmlEngine &engine)
+{
+    for (const auto &name :
+         { "AirportPickerSheet"_L1, "FlightStatusSheet"_L1, "CityGuideSheet"_L1 })
+        new QQmlComponent(&engine, QUrl(u"qrc:/qt/qml/Vantora/%1.qml"_s.arg(name)),
+                          QQmlComponent::Asynchronous, &engine);
+}
+
 } // namespace
 
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
@@ -121,13 +135,21 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     // The QML types are loaded in a thread of the engine, for which this one waits.
     const QQmlComponent types(&engine, mainWindow);
     beside.join();
+#ifdef __GLIBC__
+    // Of the memory that the context has left free, nothing else would make use.
+    malloc_trim(0);
+#endif
     embedFonts();
     engine.load(mainWindow);
     if (engine.rootObjects().isEmpty()) {
         qCritical("The window could not be loaded.");
         return false;
     }
-    requestDarkFrame(qobject_cast<QWindow *>(engine.rootObjects().constFirst()));
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    requestDarkFrame(window);
+    QObject::connect(
+        window, &QQuickWindow::frameSwapped, &engine, [&engine] { loadLateTypes(engine); },
+        Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
     return true;
 }
 

@@ -50,13 +50,14 @@ public:
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
 
+    /// Null before it is first opened.
     QObject *sheet(const QString &name) const { return m_window->findChild<QObject *>(name); }
     /// Clicks the button and waits until the sheet stands still.
     bool open(const QString &button, const QString &sheetName) const;
     /// Presses Escape and waits until the sheet has gone.
     bool close(const QString &sheetName) const;
-    bool isOpen(const QString &name) const { return sheet(name)->property("opened").toBool(); }
-    bool isGone(const QString &name) const { return !sheet(name)->property("visible").toBool(); }
+    bool isOpen(const QString &name) const { return hasSheet(name, "opened"); }
+    bool isGone(const QString &name) const { return !hasSheet(name, "visible"); }
     /// The state object of the sheet that is open.
     template<typename State>
     State *stateOf(const QString &sheetName) const
@@ -66,6 +67,11 @@ public:
     }
 
 private:
+    bool hasSheet(const QString &name, const char *property) const
+    {
+        return sheet(name) && sheet(name)->property(property).toBool();
+    }
+
     QQmlApplicationEngine m_engine;
 };
 

@@ -2,7 +2,8 @@ import QtQuick
 import Vantora.Controls
 
 /// A place in a page that opens and closes with a motion. While it does so above what one looks at,
-/// the page follows, so that nothing moves before one's eyes.
+/// the page follows, so that nothing moves before one's eyes. Its child is the content, made when
+/// the slot first opens.
 Item {
     id: slot
 
@@ -12,13 +13,18 @@ Item {
     required property bool isOpen
     /// Room above the content, which comes and goes with it.
     property real gap: 20
-    default property alias content: holder.data
+    default property Component content
 
     /// 0 closed, 1 open.
     property real openness: isOpen ? 1 : 0
     /// Whole pixels: a Flickable rounds its place whenever its content changes.
     readonly property real wantedHeight: Math.round(openness * (gap + holder.childrenRect.height))
 
+    onIsOpenChanged: {
+        // A Loader would refuse a component that is bound to its context.
+        if (isOpen && holder.children.length === 0)
+            content.createObject(holder);
+    }
     visible: isOpen || openness > 0
     enabled: isOpen
 

@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 import Vantora.Controls
@@ -12,7 +14,7 @@ FoldingSlot {
     isOpen: viewModel.calendarPrices.count > 0
 
     PriceCalendarView {
-        width: parent.width
+        width: slot.width
         viewModel: slot.viewModel
     }
 }

@@ -8,6 +8,7 @@ import Vantora.Controls
 Sheet {
     id: statusSheet
 
+    objectName: "flightStatusSheet"
     title: "Canlı Uçuş Durumu Takibi"
     sheetWidth: 580
     sheetHeight: 480

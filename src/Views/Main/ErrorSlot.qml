@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 import Vantora.Controls
@@ -12,17 +14,17 @@ FoldingSlot {
 
     isOpen: viewModel.hasErrorMessage
 
-    ErrorBanner {
-        width: parent.width
-        text: slot.message
-    }
-
-    Connections {
+    readonly property Connections news: Connections {
         target: slot.viewModel
 
         function onErrorMessageChanged() {
             if (slot.viewModel.hasErrorMessage)
                 slot.message = slot.viewModel.errorMessage;
         }
+    }
+
+    ErrorBanner {
+        width: slot.width
+        text: slot.message
     }
 }

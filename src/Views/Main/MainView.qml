@@ -7,8 +7,8 @@ FocusScope {
     id: mainView
 
     readonly property FlightSearchViewModel viewModel: FlightSearchViewModel {}
-    property alias showFlightStatusSheet: flightStatusSheet.visible
-    property alias showCityGuideSheet: cityGuideSheet.visible
+    property alias showFlightStatusSheet: flightStatusSheet.isOpen
+    property alias showCityGuideSheet: cityGuideSheet.isOpen
 
     // A wider window gives its content room up to here, and then margins.
     readonly property real widestContent: 1440
@@ -118,16 +118,16 @@ FocusScope {
         }
     }
 
-    FlightStatusSheet {
+    LateSheet {
         id: flightStatusSheet
 
-        objectName: "flightStatusSheet"
+        source: Qt.resolvedUrl("FlightStatusSheet.qml")
     }
 
-    CityGuideSheet {
+    LateSheet {
         id: cityGuideSheet
 
-        objectName: "cityGuideSheet"
-        destinationCode: mainView.viewModel.destinationCode
+        source: Qt.resolvedUrl("CityGuideSheet.qml")
+        values: ({ search: mainView.viewModel })
     }
 }

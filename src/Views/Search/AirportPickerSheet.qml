@@ -4,24 +4,27 @@ import QtQuick
 import Vantora
 import Vantora.Controls
 
-/// Chooses an airport: the table, filtered as one types. Choosing closes the sheet with `chosen`;
-/// closing it otherwise changes nothing. `selectedCode` is the airport chosen so far.
+/// Chooses the airport of departure or of arrival: the table, filtered as one types. Choosing closes
+/// the sheet and changes the search; closing it otherwise changes nothing.
 Sheet {
     id: pickerSheet
 
-    required property string selectedCode
+    required property FlightSearchViewModel search
+    required property bool choosesOrigin
 
-    signal chosen(code: string)
-
+    title: choosesOrigin ? "Kalkış Havalimanı Seçin" : "Varış Havalimanı Seçin"
     sheetWidth: 480
     sheetHeight: 520
     fill: VTRTheme.cardBg
 
     AirportPickerContent {
         sheet: pickerSheet
-        selectedCode: pickerSheet.selectedCode
+        selectedCode: pickerSheet.choosesOrigin ? pickerSheet.search.originCode : pickerSheet.search.destinationCode
         onChosen: code => {
-            pickerSheet.chosen(code);
+            if (pickerSheet.choosesOrigin)
+                pickerSheet.search.originCode = code;
+            else
+                pickerSheet.search.destinationCode = code;
             pickerSheet.close();
         }
     }

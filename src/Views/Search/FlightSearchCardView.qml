@@ -11,8 +11,8 @@ VTRCard {
     id: searchCard
 
     required property FlightSearchViewModel viewModel
-    property alias showOriginPicker: originPicker.visible
-    property alias showDestinationPicker: destinationPicker.visible
+    property alias showOriginPicker: originPicker.isOpen
+    property alias showDestinationPicker: destinationPicker.isOpen
 
     ColumnLayout {
         width: parent.width
@@ -48,19 +48,17 @@ VTRCard {
         }
     }
 
-    AirportPickerSheet {
+    LateSheet {
         id: originPicker
 
-        title: "Kalkış Havalimanı Seçin"
-        selectedCode: searchCard.viewModel.originCode
-        onChosen: code => searchCard.viewModel.originCode = code
+        source: Qt.resolvedUrl("AirportPickerSheet.qml")
+        values: ({ search: searchCard.viewModel, choosesOrigin: true })
     }
 
-    AirportPickerSheet {
+    LateSheet {
         id: destinationPicker
 
-        title: "Varış Havalimanı Seçin"
-        selectedCode: searchCard.viewModel.destinationCode
-        onChosen: code => searchCard.viewModel.destinationCode = code
+        source: Qt.resolvedUrl("AirportPickerSheet.qml")
+        values: ({ search: searchCard.viewModel, choosesOrigin: false })
     }
 }

@@ -4,6 +4,8 @@
 #include <QJSValue>
 #include <QQmlListReference>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -289,9 +291,15 @@ private:
     }
     void choose(const char *type, int index) const
     {
-        m_window->click(m_window->itemsOfType(type).at(index));
+        m_window->click(day(type, index));
         QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-0%1"_s.arg(index + 1));
         QVERIFY(m_window->waitForSearch());
+    }
+    QQuickItem *day(const char *type, int index) const
+    {
+        QList<QQuickItem *> days = m_window->itemsOfType(type);
+        std::ranges::sort(days, {}, &QQuickItem::x);
+        return days.at(index);
     }
     static QQuickItem *part(QQuickItem *day, const QString &name)
     {
@@ -300,19 +308,19 @@ private:
     /// The colours of price, fill and outline.
     QString bar(int index) const
     {
-        QQuickItem *day = m_window->itemsOfType("CalendarBarColumn").at(index);
-        const QQuickItem *outline = part(day, u"outline"_s);
+        QQuickItem *column = day("CalendarBarColumn", index);
+        const QQuickItem *outline = part(column, u"outline"_s);
         const auto *pen = outline->property("border").value<QObject *>();
-        return colourOf(part(day, u"price"_s)) + u", "_s + colourOf(part(day, u"bar"_s)) + u", "_s
-            + (outline->isVisible() ? colourOf(pen) : u"none"_s);
+        return colourOf(part(column, u"price"_s)) + u", "_s + colourOf(part(column, u"bar"_s))
+            + u", "_s + (outline->isVisible() ? colourOf(pen) : u"none"_s);
     }
     /// The colours of ground, outline and price.
     QString tile(int index) const
     {
-        QQuickItem *day = m_window->itemsOfType("CalendarTileView").at(index);
-        const auto *ground = day->property("background").value<QQuickItem *>();
+        QQuickItem *column = day("CalendarTileView", index);
+        const auto *ground = column->property("background").value<QQuickItem *>();
         return colourOf(ground) + u", "_s + colourOf(ground, "borderColor") + u", "_s
-            + colourOf(part(day, u"price"_s));
+            + colourOf(part(column, u"price"_s));
     }
 };
 
