@@ -34,8 +34,10 @@ Item {
         text: SymbolCatalogue.character(symbol.name)
         rotation: SymbolCatalogue.rotation(symbol.name)
         color: symbol.isDisc ? VTRTheme.textPrimary : symbol.color
+        // One size for all: for each size of a font Qt asks the system, in each of two threads.
+        scale: symbol.glyphSize / font.pixelSize
         font.family: VTRTheme.symbolFamily
-        font.pixelSize: symbol.glyphSize
+        font.pixelSize: 24
         font.weight: Font.Normal
     }
 }
