@@ -132,6 +132,8 @@ int main(int argc, char *argv[])
         serve(*order, argc, argv);
         return 0;
     }
+    // A window of nobody's: on a display it would need one to give it the keyboard.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     MeasuredApplication application(argc, argv);
     const QString wanted = QCoreApplication::arguments().value(1);
     prepareApplication();
