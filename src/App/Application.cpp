@@ -67,6 +67,8 @@ void addFonts()
         if (QFontDatabase::addApplicationFontFromData(data) < 0)
             qWarning("The embedded font %s cannot be read.", qPrintable(file.fileName()));
     }
+    // Makes Qt list the system's fonts here, not with the first text.
+    QFontDatabase::families();
 }
 
 /// Whether loadGraphicsDriver() is of use. On X11 only, where Qt and its libraries are ready for a

@@ -16,15 +16,14 @@ T.ComboBox {
 
     /// The menu is open, for assistive technology.
     readonly property bool isExpanded: down
-    readonly property real entryWidth: TextWidth.widest(titles, font) + 1
+    readonly property real entryWidth: TextWidth.widest(titles, VTRTheme.bodyFont) + 1
 
     model: titles
     implicitWidth: entryWidth + leftPadding + rightPadding
     implicitHeight: implicitBackgroundHeight
     leftPadding: 12
     rightPadding: 28
-    font.family: VTRTheme.fontFamily
-    font.pixelSize: VTRTheme.bodySize
+    font: VTRTheme.bodyFont
     hoverEnabled: true
     Accessible.name: label
     Accessible.description: displayText

@@ -44,6 +44,8 @@ QtObject {
     readonly property int calloutSize: 12
     readonly property int captionSize: 10
 
+    readonly property font bodyFont: Qt.font({ family: theme.fontFamily, pixelSize: theme.bodySize })
+
     readonly property int padding: 16
     readonly property int spacing: 8
     readonly property int cardRadius: 14

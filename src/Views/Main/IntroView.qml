@@ -3,9 +3,13 @@ import Vantora.Controls
 
 /// The introduction under the header.
 Column {
+    id: intro
+
+    readonly property font headingFont: Qt.font({
+        family: VTRTheme.fontFamily, pixelSize: 26, weight: Font.ExtraBold
+    })
+
     component Heading: PlainText {
-        font.pixelSize: 26
-        font.weight: Font.ExtraBold
         // The whole line is told as one.
         Accessible.ignored: true
     }
@@ -18,19 +22,21 @@ Column {
         Accessible.name: "Tarihlere Göre En Ucuz Uçuşları Keşfedin"
 
         Heading {
-            id: first
-
+            font: intro.headingFont
             text: "Tarihlere Göre"
         }
 
         GradientText {
             text: "En Ucuz Uçuşları"
-            font: first.font
+            font: intro.headingFont
             startColor: VTRTheme.redGradient.start
             endColor: VTRTheme.redGradient.end
         }
 
-        Heading { text: "Keşfedin" }
+        Heading {
+            font: intro.headingFont
+            text: "Keşfedin"
+        }
     }
 
     PlainText {
