@@ -128,7 +128,8 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
         { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
     const QUrl mainWindow(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
     const bool addsFonts = !std::exchange(areFontsEmbedded, true);
-    std::thread beside([addsFonts, loadsDriver = isDrawnByDriver()] {
+    const bool loadsDriver = isDrawnByDriver();
+    std::thread beside([addsFonts, loadsDriver] {
         if (addsFonts)
             addFonts();
         if (loadsDriver)
@@ -139,7 +140,8 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     beside.join();
 #ifdef __GLIBC__
     // Of the memory that the context has left free, nothing else would make use.
-    malloc_trim(0);
+    if (loadsDriver)
+        malloc_trim(0);
 #endif
     embedFonts();
     engine.load(mainWindow);
