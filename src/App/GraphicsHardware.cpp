@@ -14,9 +14,10 @@ bool hasGraphicsHardware(const QString &devices)
     // What Linux' own drivers offer to programs that draw, each under a number.
     QFileInfoList files =
         QDir(devices + u"/dri"_s).entryInfoList({ u"renderD*"_s }, QDir::System | QDir::Files);
-    // Drivers of NVIDIA's, of a Windows around this Linux, of ARM's, Qualcomm's and Imagination's.
+    // Drivers of NVIDIA's, of a Windows around this Linux, of ARM's, Qualcomm's, Imagination's,
+    // Vivante's.
     for (const QString &name :
-         { u"nvidiactl"_s, u"dxg"_s, u"mali0"_s, u"kgsl-3d0"_s, u"pvrsrvkm"_s })
+         { u"nvidiactl"_s, u"dxg"_s, u"mali0"_s, u"kgsl-3d0"_s, u"pvrsrvkm"_s, u"galcore"_s })
         files.append(QFileInfo(devices + u'/' + name));
     return std::any_of(files.cbegin(), files.cend(), [](const QFileInfo &file) {
         return file.isReadable() && file.isWritable();

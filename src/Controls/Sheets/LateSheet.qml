@@ -15,7 +15,11 @@ Item {
     property Sheet sheet: null
 
     function open() {
-        isOpen = true;
+        // One that is closing comes back.
+        if (sheet)
+            sheet.open();
+        else
+            isOpen = true;
     }
 
     onIsOpenChanged: {

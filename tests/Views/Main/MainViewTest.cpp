@@ -69,6 +69,8 @@ private Q_SLOTS:
         waitForTheCalendar();
         QTRY_VERIFY(hasAllCardsInView());
         m_window->press("Down", u"FlightList"_s);
+        // Three in view, and those beyond it, which come later.
+        QTRY_COMPARE(m_window->itemsOfType("FlightCardView").size(), 3 + 4);
         QPointer<QQuickItem> leaving = m_window->itemsOfType("FlightCardView").constFirst();
         m_window->viewModel()->applyFilter(FlightSortOption::cheapest);
         QVERIFY(leaving && !leaving->isEnabled());
