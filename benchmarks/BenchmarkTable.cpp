@@ -13,6 +13,7 @@
 #include <QProcess>
 #include <QTextStream>
 
+#include <cmath>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -131,7 +132,8 @@ public:
 private:
     static QString number(double value)
     {
-        return QString::number(value, 'f', value < 10 ? 3 : value < 100 ? 1 : 0);
+        const double size = std::abs(value);
+        return QString::number(value, 'f', size < 10 ? 3 : size < 100 ? 1 : 0);
     }
     void row(const QStringList &cells)
     {
