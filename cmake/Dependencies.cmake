@@ -32,9 +32,6 @@ vantora_require(Qt6Quick qt6-declarative-dev 6.4)
 vantora_require(Qt6QuickControls2 qt6-declarative-dev 6.4)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2)
 vantora_require(QCoro6 qcoro-qt6-dev 0.8 COMPONENTS Core)
-vantora_require(simdjson libsimdjson-dev)
-# A definition that only its streams of documents need would keep precompiled headers from being shared.
-set_target_properties(simdjson::simdjson PROPERTIES INTERFACE_COMPILE_DEFINITIONS "")
 vantora_require(ICU libicu-dev COMPONENTS i18n uc)
 # Headers alone; the name of its CMake target differs between versions.
 find_path(VANTORA_VALIJSON_INCLUDE valijson/validator.hpp)

@@ -1,49 +1,34 @@
 #pragma once
 
-#include <QByteArray>
-#include <QException>
+#include <QJsonObject>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
-#include <array>
-#include <cstdint>
-#include <memory>
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
-struct QJsonParseError;
-
 /// A JSON value that a record cannot be read from.
-class DecodingError : public QException
+class DecodingError : public std::runtime_error
 {
 public:
-    explicit DecodingError(const QString &description);
-
-    QString description() const { return m_description; }
-    const char *what() const noexcept override { return m_utf8.constData(); }
-    void raise() const override { throw *this; }
-    DecodingError *clone() const override { return new DecodingError(*this); }
-
-private:
-    QString m_description;
-    QByteArray m_utf8;
+    using std::runtime_error::runtime_error;
 };
 
-/// A JSON object that was sent to us. It is cheap to copy, keeps alive what it was parsed from, and
-/// may be read by any thread. Writing JSON is QJsonObject's.
+/// Typed reads of a JSON object that was sent to us. It is cheap to copy, and may be read by any
+/// thread.
 ///
 /// A member that is missing, null or of another type is absent: servers differ in what they send,
-/// and every caller has a fallback. Of several members of one name the last one counts.
+/// and every caller has a fallback.
 class JsonObject
 {
 public:
-    /// An empty one.
     JsonObject() = default;
-
-    /// Takes what QJsonDocument takes, and fails with its errors, but that a number too small for a
-    /// double is 0, and half a character U+FFFD. Absent without an error when `json` is an array.
-    static std::optional<JsonObject> parsed(const QByteArray &json, QJsonParseError &error);
+    explicit JsonObject(const QJsonObject &json)
+        : m_json(json)
+    { }
 
     std::optional<QString> text(std::string_view key) const;
     /// Any JSON number. A boolean is no number.
@@ -57,7 +42,6 @@ public:
     /// An array whose every element is an object; one element of another type makes it absent.
     std::optional<QList<JsonObject>> objects(std::string_view key) const;
 
-    bool contains(std::string_view key) const;
     /// Whether the member is there, of whatever type, and not null.
     bool hasValue(std::string_view key) const;
 
@@ -66,20 +50,16 @@ public:
     T required(std::optional<T> (JsonObject::*read)(std::string_view) const,
                std::string_view key) const
     {
-        std::optional<T> value = (this->*read)(key);
-        if (!value)
-            throw missing(key);
-        return *std::move(value);
+        const std::optional<T> found = (this->*read)(key);
+        if (!found)
+            throw DecodingError("Missing or of another type: " + std::string(key));
+        return *found;
     }
 
-    /// The whole object as compact text.
-    QByteArray toJson() const;
+    QJsonObject toJson() const { return m_json; }
 
 private:
-    class Access;
+    QJsonValue value(std::string_view key) const { return m_json.value(QLatin1StringView(key)); }
 
-    DecodingError missing(std::string_view key) const;
-
-    std::shared_ptr<const void> m_document; ///< null for an empty one
-    std::array<std::uintptr_t, 2> m_place {}; ///< the parser's own handle of the object
+    QJsonObject m_json;
 };

@@ -66,8 +66,7 @@ Option fromJson(const QJsonValue &json)
 {
     const auto option = json.isString() ? fromRawValue<Option>(json.toString()) : std::nullopt;
     if (!option)
-        throw DecodingError(
-            QStringLiteral("Bilinmeyen seçenek: %1").arg(json.toVariant().toString()));
+        throw DecodingError("Unknown option: " + json.toVariant().toString().toStdString());
     return *option;
 }
 

@@ -167,17 +167,6 @@ private Q_SLOTS:
             QVERIFY2(read(other) == -1, other);
     }
 
-    void numbersAndTextsThatNoTypeHolds()
-    {
-        QCOMPARE(received(R"({"small": 1e-400})").number("small").value_or(1), 0.0);
-        const JsonObject json = received(R"({"large": 18446744073709551616, "half": "\ud800x",
-                                             "twice": "a", "twice": "b"})");
-        QCOMPARE(json.number("large").value_or(1), std::exp2(64));
-        QVERIFY(!json.integer("large"));
-        QCOMPARE(json.text("half").value_or(QString()), u"\ufffdx"_s);
-        QCOMPARE(json.text("twice").value_or(QString()), u"b"_s);
-    }
-
     void searchOptionsAcceptTheirRawValuesAlone()
     {
         QCOMPARE(SearchOptions::fromJson<CabinClass>(u"ECONOMY"_s), CabinClass::economy);

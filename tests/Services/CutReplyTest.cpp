@@ -60,7 +60,7 @@ private Q_SLOTS:
         QFETCH(ScriptedAnswer, answer);
         m_server->enqueue({ answer });
         const auto result = settle(call()).value;
-        QVERIFY(result && result->toJson().size() > 2);
+        QVERIFY(result && !result->toJson().isEmpty());
         const qsizetype length = answer.bytes().size();
         for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
             m_server->enqueue({ cut(answer, cutAt) });

@@ -160,35 +160,6 @@ private Q_SLOTS:
         }
     }
 
-    /// What parsers disagree about.
-    void oddities()
-    {
-        const QByteArray deep = QByteArray("{\"a\":").repeated(1024);
-        QByteArrayList values =
-            QByteArray(R"(-0.0 01 1. .5 - 2e-324 3e-324 1e400 9223372036854775807
-            -9223372036854775808 9223372036854775808 18446744073709551615 18446744073709551616
-            -9223372036854775809 -9243372036854775808 -1e20
-            0.00012345678901234567 2e0 2.5 true "\ud800" "\ude00\ud83d" "\ud83d\ude00" "\\ud800"
-            "\\\ud800\u0041" "\x" "\u12" "\u0000" "18446744073709551616\b" [1,] [[],{}] ["1",""])")
-                .simplified()
-                .split(' ');
-        values += { "\"\x01\"", "\"\xff\"", "\"\xed\xa0\x80\"", "\"\xef\xbf\xbf\"" };
-        for (QByteArray &value : values)
-            value = "{\"a\":" + value + '}';
-        values += { "",
-                    "5",
-                    "null",
-                    "[1]",
-                    "{} x",
-                    "\xff{}",
-                    "\xef\xbb\xbf{\"a\":1}",
-                    R"({"a":1,"a":"x","a\u0062":1,"ab":{}})",
-                    deep + '1' + QByteArray(1024, '}'),
-                    deep + "{}" + QByteArray(1024, '}') };
-        for (const QByteArray &value : std::as_const(values))
-            ReaderChecks::check(u"reply"_s, value);
-    }
-
 private:
     static QByteArrayList originalsFor(const QString &reader)
     {

@@ -8,8 +8,4 @@
 inline QJsonObject parsed(const QByteArray &json) { return QJsonDocument::fromJson(json).object(); }
 
 /// The same for those who read it as an answer.
-inline JsonObject received(const QByteArray &json)
-{
-    QJsonParseError error;
-    return JsonObject::parsed(json, error).value_or(JsonObject());
-}
+inline JsonObject received(const QByteArray &json) { return JsonObject(parsed(json)); }

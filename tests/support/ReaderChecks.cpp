@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <string>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -52,68 +51,9 @@ void checkHttp(const QByteArray &bytes)
     require(whole.answer().body.size() <= limits.bodyBytes, "a body within the limit");
 }
 
-/// Half characters count as unknown ones.
-QString whole(const QString &text)
-{
-    const QList<uint> characters = text.toUcs4();
-    return QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()),
-                             characters.size());
-}
-
-/// Each member is read as Qt's parser understands it.
-void checkMembers(const JsonObject &object, const QJsonObject &json)
-{
-    for (auto member = json.begin(); member != json.end(); ++member) {
-        const QJsonValue value = member.value();
-        const std::string key = member.key().toStdString();
-        const bool isInteger = value.toInteger(0) == value.toInteger(1);
-        require(object.contains(key) && object.hasValue(key) != value.isNull(), "the same members");
-        require(object.text(key)
-                    == (value.isString() ? std::optional(whole(value.toString())) : std::nullopt),
-                "the same texts");
-        require(object.number(key)
-                    == (value.isDouble() ? std::optional(value.toDouble()) : std::nullopt),
-                "the same numbers");
-        require(object.integer(key)
-                    == (isInteger ? std::optional(value.toInteger()) : std::nullopt),
-                "the same integers");
-        require(object.boolean(key)
-                    == (value.isBool() ? std::optional(value.toBool()) : std::nullopt),
-                "the same flags");
-        require(object.object(key).has_value() == value.isObject(), "the same objects");
-        if (value.isObject())
-            checkMembers(*object.object(key), value.toObject());
-        const QJsonArray array = value.toArray();
-        const auto objects = object.objects(key);
-        const bool isObjects = value.isArray()
-            && std::all_of(array.begin(), array.end(), [](auto v) { return v.isObject(); });
-        require(objects.has_value() == isObjects, "the same lists");
-        for (qsizetype index = 0; objects && index < array.size(); ++index)
-            checkMembers(objects->at(index), array.at(index).toObject());
-        const bool isTexts = value.isArray()
-            && std::all_of(array.begin(), array.end(), [](auto v) { return v.isString(); });
-        const auto texts = object.texts(key);
-        require(texts.has_value() == isTexts, "the same lists of texts");
-        for (qsizetype index = 0; texts && index < array.size(); ++index)
-            require(texts->at(index) == whole(array.at(index).toString()),
-                    "the same text in a list");
-    }
-}
-
-/// What Qt's parser understands is read like that, and nothing else is read.
+/// A reply is read, or refused as the server's fault.
 void checkReply(const QByteArray &bytes)
 {
-    QJsonParseError expected;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &expected);
-    QJsonParseError error;
-    const auto object = JsonObject::parsed(bytes, error);
-    // A number that is too small is no error of ours.
-    if (error.error == QJsonParseError::NoError && expected.error == QJsonParseError::IllegalNumber)
-        return;
-    require(error.error == expected.error, "the same error");
-    require(object.has_value() == document.isObject(), "an object when it is one");
-    if (object)
-        checkMembers(*object, document.object());
     try {
         readToolResult(bytes);
     } catch (const McpError &error) {
