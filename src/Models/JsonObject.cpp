@@ -9,14 +9,30 @@ std::optional<QString> asText(const QJsonValue &value)
     return value.isString() ? std::optional(value.toString()) : std::nullopt;
 }
 
+std::optional<double> asNumber(const QJsonValue &value)
+{
+    return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
+}
+
+std::optional<qint64> asInteger(const QJsonValue &value)
+{
+    // What is no integer becomes the default, whichever that is.
+    const qint64 integer = value.toInteger(0);
+    return value.toInteger(1) == integer ? std::optional(integer) : std::nullopt;
+}
+
+std::optional<bool> asBoolean(const QJsonValue &value)
+{
+    return value.isBool() ? std::optional(value.toBool()) : std::nullopt;
+}
+
 std::optional<JsonObject> asObject(const QJsonValue &value)
 {
     return value.isObject() ? std::optional(JsonObject(value.toObject())) : std::nullopt;
 }
 
-template<typename T>
-std::optional<QList<T>> asList(const QJsonValue &value,
-                               std::optional<T> (*asElement)(const QJsonValue &))
+template<typename T, std::optional<T> (*asElement)(const QJsonValue &)>
+std::optional<QList<T>> asList(const QJsonValue &value)
 {
     if (!value.isArray())
         return std::nullopt;
@@ -33,41 +49,50 @@ std::optional<QList<T>> asList(const QJsonValue &value,
 
 } // namespace
 
-std::optional<QString> JsonObject::text(std::string_view key) const { return asText(value(key)); }
-
-std::optional<double> JsonObject::number(std::string_view key) const
+template<typename T>
+std::optional<T> JsonObject::read(std::optional<T> (*as)(const QJsonValue &), std::string_view key,
+                                  std::string_view alternative) const
 {
-    const QJsonValue found = value(key);
-    return found.isDouble() ? std::optional(found.toDouble()) : std::nullopt;
+    const std::optional<T> found = as(value(key));
+    return found || alternative.empty() ? found : as(value(alternative));
 }
 
-std::optional<qint64> JsonObject::integer(std::string_view key) const
+std::optional<QString> JsonObject::text(std::string_view key, std::string_view alternative) const
 {
-    // What is no integer becomes the default, whichever that is.
-    const QJsonValue found = value(key);
-    const qint64 integer = found.toInteger(0);
-    return found.toInteger(1) == integer ? std::optional(integer) : std::nullopt;
+    return read(asText, key, alternative);
 }
 
-std::optional<bool> JsonObject::boolean(std::string_view key) const
+std::optional<double> JsonObject::number(std::string_view key, std::string_view alternative) const
 {
-    const QJsonValue found = value(key);
-    return found.isBool() ? std::optional(found.toBool()) : std::nullopt;
+    return read(asNumber, key, alternative);
 }
 
-std::optional<JsonObject> JsonObject::object(std::string_view key) const
+std::optional<qint64> JsonObject::integer(std::string_view key, std::string_view alternative) const
 {
-    return asObject(value(key));
+    return read(asInteger, key, alternative);
 }
 
-std::optional<QStringList> JsonObject::texts(std::string_view key) const
+std::optional<bool> JsonObject::boolean(std::string_view key, std::string_view alternative) const
 {
-    return asList<QString>(value(key), asText);
+    return read(asBoolean, key, alternative);
 }
 
-std::optional<QList<JsonObject>> JsonObject::objects(std::string_view key) const
+std::optional<JsonObject> JsonObject::object(std::string_view key,
+                                             std::string_view alternative) const
 {
-    return asList<JsonObject>(value(key), asObject);
+    return read(asObject, key, alternative);
+}
+
+std::optional<QStringList> JsonObject::texts(std::string_view key,
+                                             std::string_view alternative) const
+{
+    return read(asList<QString, asText>, key, alternative);
+}
+
+std::optional<QList<JsonObject>> JsonObject::objects(std::string_view key,
+                                                     std::string_view alternative) const
+{
+    return read(asList<JsonObject, asObject>, key, alternative);
 }
 
 bool JsonObject::hasValue(std::string_view key) const

@@ -1,36 +1,32 @@
 #include "Services/CityGuideTool.h"
 
 #include "Models/AirportDatabase.h"
-#include "Models/JsonObject.h"
-#include "Services/ToolCall.h"
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace CityGuideTool {
 
-QJsonObject arguments(const QString &cityOrAirportCode)
+ToolCall<CityGuideInfo> call(const QString &cityOrAirportCode)
 {
-    return { { u"cityCode"_s, cityOrAirportCode.toUpper() } };
+    return { u"get_city_guide"_s,
+             { { u"cityCode"_s, cityOrAirportCode.toUpper() } },
+             [cityOrAirportCode](const JsonObject &result) {
+                 return parseCityGuide(result, cityOrAirportCode);
+             } };
 }
 
 CityGuideInfo parseCityGuide(const JsonObject &result, const QString &code)
 {
     const JsonObject source = result.object("guide").value_or(result);
     const Airport airport = AirportDatabase::airport(code);
-    const auto read = [&source](std::string_view key, std::string_view alternative,
-                                const QString &fallback) {
-        return source.text(key).value_or(source.text(alternative).value_or(fallback));
-    };
-
     CityGuideInfo guide;
-    guide.city = read("cityName", "city", airport.city);
-    guide.country = read("countryName", "country", airport.country);
-    guide.overview = read("overview", "description",
-                          guide.city
-                              + u", zengin tarihi, kültürel mirası ve eşsiz lezzetleriyle dünyanın "
-                                "en çok ziyaret edilen popüler destinasyonlarından biridir."_s);
+    guide.city = source.text("cityName", "city").value_or(airport.city);
+    guide.country = source.text("countryName", "country").value_or(airport.country);
+    guide.overview = source.text("overview", "description")
+                         .value_or(guide.city
+                                   + u", zengin tarihi, kültürel mirası ve eşsiz lezzetleriyle "
+                                     "dünyanın en çok ziyaret edilen popüler "
+                                     "destinasyonlarından biridir."_s);
     guide.bestTimeToVisit =
         source.text("bestTimeToVisit").value_or(u"İlkbahar ve Sonbahar (Nisan - Ekim)"_s);
     guide.topAttractions = source.texts("topAttractions")
@@ -56,14 +52,3 @@ CityGuideInfo parseCityGuide(const JsonObject &result, const QString &code)
 }
 
 } // namespace CityGuideTool
-
-QCoro::Task<CityGuideInfo> VTRMCPClient::fetchCityGuide(QString cityOrAirportCode)
-{
-    const QString tool = u"get_city_guide"_s;
-    const QJsonObject arguments = CityGuideTool::arguments(cityOrAirportCode);
-    const std::function<CityGuideInfo(const JsonObject &)> reader =
-        [cityOrAirportCode](const JsonObject &result) {
-            return CityGuideTool::parseCityGuide(result, cityOrAirportCode);
-        };
-    co_return co_await callTool<CityGuideInfo>(tool, arguments, reader);
-}

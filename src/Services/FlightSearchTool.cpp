@@ -1,16 +1,11 @@
 #include "Services/FlightSearchTool.h"
 
-#include "Models/JsonObject.h"
 #include "Services/ServiceAddresses.h"
-#include "Services/TimeText.h"
-#include "Services/ToolCall.h"
 
 #include <QJsonArray>
 #include <QStringBuilder>
 
 #include <algorithm>
-#include <functional>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -47,17 +42,30 @@ const AircraftRule aircraftRules[] = {
     { u"MAX", u"Boeing 737 MAX"_s },
 };
 
-template<typename T>
-std::optional<T> either(std::optional<T> first, std::optional<T> second)
+/// The hours and minutes of a date-time text, as written there: "2025-03-01T08:30:00" gives
+/// "08:30". Absent for a text without a "T", or without hours and minutes behind it.
+std::optional<QString> formatTimeString(const std::optional<QString> &value)
 {
-    return first ? std::move(first) : std::move(second);
+    const QStringList parts = value.value_or(QString()).split(u'T', Qt::SkipEmptyParts);
+    const QStringList time = parts.value(1).split(u':', Qt::SkipEmptyParts);
+    return time.size() < 2 ? std::nullopt : std::optional(time.at(0) + u':' + time.at(1));
+}
+
+/// The aircraft's name for an equipment code; an unknown code is shown as it came.
+QString aircraftName(const QString &equipmentCode)
+{
+    const QString code = equipmentCode.toUpper();
+    for (const AircraftRule &rule : aircraftRules) {
+        if (code.contains(rule.code))
+            return rule.name;
+    }
+    return u"Vantora (%1)"_s.arg(equipmentCode);
 }
 
 QString flightNumber(const JsonObject &firstSegment, qsizetype index)
 {
     const QString airline =
-        either(firstSegment.text("airlineCode"), firstSegment.text("operatingAirlineCode"))
-            .value_or(u"VQ"_s);
+        firstSegment.text("airlineCode", "operatingAirlineCode").value_or(u"VQ"_s);
     const QString number =
         firstSegment.text("flightNumber").value_or(QString::number(1800 + 5 * index));
     return number.startsWith("VQ"_L1) ? number : airline + number;
@@ -85,13 +93,11 @@ FlightOption parseOption(const JsonObject &option, qsizetype index, const QStrin
                          const QString &destination)
 {
     const auto segments =
-        either(option.objects("flightSegments"), option.objects("flightSegmentList"))
-            .value_or(QList<JsonObject>());
-    const JsonObject first = segments.isEmpty() ? JsonObject() : segments.first();
-    const JsonObject last = segments.isEmpty() ? JsonObject() : segments.last();
-    const qint64 journey =
-        either(option.integer("journeyDuration"), option.integer("journeyDurationInMilis"))
-            .value_or(defaultJourneyMilliseconds);
+        option.objects("flightSegments", "flightSegmentList").value_or(QList<JsonObject>());
+    const JsonObject first = segments.value(0);
+    const JsonObject last = segments.value(segments.size() - 1);
+    const qint64 journey = option.integer("journeyDuration", "journeyDurationInMilis")
+                               .value_or(defaultJourneyMilliseconds);
 
     FlightOption flight;
     flight.flightNumber = flightNumber(first, index);
@@ -104,8 +110,7 @@ FlightOption parseOption(const JsonObject &option, qsizetype index, const QStrin
     flight.durationMinutes = journey / millisecondsPerMinute;
     flight.isDirect = segments.size() < 2;
     flight.stopsCount = std::max<qint64>(segments.size() - 1, 0);
-    flight.aircraft = FlightSearchTool::aircraftName(
-        either(first.text("equipment"), first.text("equipmentCode")).value_or(u"A321"_s));
+    flight.aircraft = aircraftName(first.text("equipment", "equipmentCode").value_or(u"A321"_s));
     flight.seatAvailability = first.integer("availableSeatCount").value_or(defaultSeats);
     flight.price = priceOf(option);
     flight.currency = option.text("cheapestPriceCurrency").value_or(u"TRY"_s);
@@ -118,22 +123,24 @@ FlightOption parseOption(const JsonObject &option, qsizetype index, const QStrin
 
 namespace FlightSearchTool {
 
-QJsonObject arguments(const QString &from, const QString &to, const QString &departureDate,
-                      const std::optional<QString> &returnDate, TripType tripType, int passengers)
+ToolCall<QList<FlightOption>> call(const QString &from, const QString &to,
+                                   const QString &departureDate,
+                                   const std::optional<QString> &returnDate, TripType tripType,
+                                   int passengers)
 {
     const bool isRoundTrip = tripType == TripType::roundTrip;
     const QJsonObject adults { { u"passengerType"_s, u"ADT"_s }, { u"quantity"_s, passengers } };
-    QJsonArray passengerList;
-    passengerList.append(adults);
     QJsonObject arguments { { u"from"_s, from.toUpper() },
                             { u"to"_s, to.toUpper() },
                             { u"departureDate"_s, departureDate },
                             { u"tripType"_s,
                               returnDate || isRoundTrip ? u"round"_s : u"one_way"_s },
-                            { u"passengers"_s, passengerList } };
+                            { u"passengers"_s, QJsonArray { adults } } };
     if (returnDate && isRoundTrip)
         arguments.insert("returnDate"_L1, *returnDate);
-    return arguments;
+    return { u"search_flights"_s, arguments, [from, to](const JsonObject &result) {
+                return parseFlightOptions(result, from, to);
+            } };
 }
 
 QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &origin,
@@ -142,10 +149,8 @@ QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &
     const JsonObject availability = result.object("availabilityData").value_or(JsonObject());
     const auto informations =
         availability.objects("originDestinationInformations").value_or(QList<JsonObject>());
-    if (informations.isEmpty())
-        return {};
     const auto options =
-        informations.first().objects("originDestinationOptions").value_or(QList<JsonObject>());
+        informations.value(0).objects("originDestinationOptions").value_or(QList<JsonObject>());
     const QString from = origin.toUpper();
     const QString to = destination.toUpper();
     QList<FlightOption> flights;
@@ -155,29 +160,4 @@ QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &
     return flights;
 }
 
-QString aircraftName(const QString &equipmentCode)
-{
-    const QString code = equipmentCode.toUpper();
-    for (const AircraftRule &rule : aircraftRules) {
-        if (code.contains(rule.code))
-            return rule.name;
-    }
-    return u"Vantora (%1)"_s.arg(equipmentCode);
-}
-
 } // namespace FlightSearchTool
-
-QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QString to,
-                                                             QString departureDate,
-                                                             std::optional<QString> returnDate,
-                                                             TripType tripType, int passengers)
-{
-    const QString tool = u"search_flights"_s;
-    const QJsonObject arguments =
-        FlightSearchTool::arguments(from, to, departureDate, returnDate, tripType, passengers);
-    const std::function<QList<FlightOption>(const JsonObject &)> reader =
-        [from, to](const JsonObject &result) {
-            return FlightSearchTool::parseFlightOptions(result, from, to);
-        };
-    co_return co_await callTool<QList<FlightOption>>(tool, arguments, reader);
-}

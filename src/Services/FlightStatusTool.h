@@ -1,14 +1,13 @@
 #pragma once
 
-#include "Services/VTRMCPClient.h"
-
-#include <optional>
+#include "Models/FlightStatusResult.h"
+#include "Services/ToolCall.h"
 
 /// The tool "flight-status".
 namespace FlightStatusTool {
 
 /// An absent or empty `date` is not sent.
-QJsonObject arguments(const QString &flightNumber, const std::optional<QString> &date);
+ToolCall<FlightStatusResult> call(const QString &flightNumber, const std::optional<QString> &date);
 
 /// A complete record from a reply of any shape: what is missing is filled with sample values, so
 /// that a call which returned always has something to show.

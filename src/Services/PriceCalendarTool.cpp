@@ -1,20 +1,12 @@
 #include "Services/PriceCalendarTool.h"
 
-#include "Models/JsonObject.h"
-#include "Services/ToolCall.h"
-
-#include <functional>
-#include <optional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 std::optional<BestPrice> parseBestPrice(const JsonObject &result, const QString &calendarCurrency)
 {
-    auto best = result.object("bestPrice");
-    if (!best)
-        best = result.object("best_price");
+    const auto best = result.object("bestPrice", "best_price");
     const auto date = best ? best->text("date") : std::nullopt;
     if (!date)
         return std::nullopt;
@@ -28,31 +20,32 @@ std::optional<DailyPrice> parseDay(const JsonObject &day, const QString &calenda
     const auto date = day.text("date");
     if (!date)
         return std::nullopt;
-    const double price = day.number("price").value_or(0);
-    const bool isBest = day.boolean("is_best_price").value_or(false);
     return DailyPrice { .date = *date,
-                        .amount = day.number("amount").value_or(price),
+                        .amount = day.number("amount", "price").value_or(0),
                         .currency = day.text("currency").value_or(calendarCurrency),
-                        .isBestPrice = day.boolean("isBestPrice").value_or(isBest) };
+                        .isBestPrice =
+                            day.boolean("isBestPrice", "is_best_price").value_or(false) };
 }
 
 } // namespace
 
 namespace PriceCalendarTool {
 
-QJsonObject arguments(const QString &origin, const QString &destination,
-                      const QString &departureDate, TripType tripType, TimeRange timeRange,
-                      CabinClass cabinClass)
+ToolCall<PriceCalendar> call(const QString &origin, const QString &destination,
+                             const QString &departureDate, TripType tripType, TimeRange timeRange,
+                             CabinClass cabinClass)
 {
     // The stay and the direction are the same for every trip: the calendar shows outbound fares.
-    return { { u"originAirportCode"_s, origin.toUpper() },
-             { u"destinationAirportCode"_s, destination.toUpper() },
-             { u"departureDate"_s, departureDate },
-             { u"tripType"_s, rawValue(tripType) },
-             { u"timeRange"_s, rawValue(timeRange) },
-             { u"cabinClass"_s, rawValue(cabinClass) },
-             { u"isReturnFlight"_s, false },
-             { u"stayDuration"_s, 14 } };
+    return { u"find_flight_price_calendar"_s,
+             { { u"originAirportCode"_s, origin.toUpper() },
+               { u"destinationAirportCode"_s, destination.toUpper() },
+               { u"departureDate"_s, departureDate },
+               { u"tripType"_s, rawValue(tripType) },
+               { u"timeRange"_s, rawValue(timeRange) },
+               { u"cabinClass"_s, rawValue(cabinClass) },
+               { u"isReturnFlight"_s, false },
+               { u"stayDuration"_s, 14 } },
+             parsePriceCalendar };
 }
 
 PriceCalendar parsePriceCalendar(const JsonObject &result)
@@ -69,16 +62,3 @@ PriceCalendar parsePriceCalendar(const JsonObject &result)
 }
 
 } // namespace PriceCalendarTool
-
-QCoro::Task<PriceCalendar> VTRMCPClient::fetchPriceCalendar(QString origin, QString destination,
-                                                            QString departureDate,
-                                                            TripType tripType, TimeRange timeRange,
-                                                            CabinClass cabinClass)
-{
-    const QString tool = u"find_flight_price_calendar"_s;
-    const QJsonObject arguments = PriceCalendarTool::arguments(origin, destination, departureDate,
-                                                               tripType, timeRange, cabinClass);
-    const std::function<PriceCalendar(const JsonObject &)> reader =
-        &PriceCalendarTool::parsePriceCalendar;
-    co_return co_await callTool<PriceCalendar>(tool, arguments, reader);
-}

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "Services/VTRMCPClient.h"
+#include "Models/PriceCalendar.h"
+#include "Models/SearchOptions.h"
+#include "Services/ToolCall.h"
 
 /// The tool "find_flight_price_calendar".
 namespace PriceCalendarTool {
 
-QJsonObject arguments(const QString &origin, const QString &destination,
-                      const QString &departureDate, TripType tripType, TimeRange timeRange,
-                      CabinClass cabinClass);
+ToolCall<PriceCalendar> call(const QString &origin, const QString &destination,
+                             const QString &departureDate, TripType tripType, TimeRange timeRange,
+                             CabinClass cabinClass);
 
 /// Reads what it can: a day without a text "date" is left out, a fare that is missing is 0.
 PriceCalendar parsePriceCalendar(const JsonObject &result);

@@ -1,21 +1,8 @@
 #include "Services/PromotionsTool.h"
 
-#include "Models/JsonObject.h"
-#include "Services/ToolCall.h"
-
-#include <functional>
-#include <optional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::optional<QString> firstText(const JsonObject &json, std::string_view key,
-                                 std::string_view alternative)
-{
-    const auto value = json.text(key);
-    return value ? value : json.text(alternative);
-}
 
 QList<PromotionItem> builtInPromotions()
 {
@@ -38,43 +25,33 @@ QList<PromotionItem> builtInPromotions()
 
 namespace PromotionsTool {
 
-QJsonObject arguments(const QString &departureAirportCode, const QString &countryCode)
+ToolCall<QList<PromotionItem>> call(const QString &departureAirportCode, const QString &countryCode)
 {
-    return { { u"departureAirportCode"_s, departureAirportCode.toUpper() },
-             { u"countryCode"_s, countryCode.toUpper() } };
+    return { u"get_airline_promotions"_s,
+             { { u"departureAirportCode"_s, departureAirportCode.toUpper() },
+               { u"countryCode"_s, countryCode.toUpper() } },
+             parsePromotions };
 }
 
 QList<PromotionItem> parsePromotions(const JsonObject &result)
 {
-    auto elements = result.objects("promotions");
-    if (!elements)
-        elements = result.objects("promotionList");
+    const auto elements = result.objects("promotions", "promotionList");
     if (!elements)
         return builtInPromotions();
 
     QList<PromotionItem> promotions;
-    for (const JsonObject &element : std::as_const(*elements)) {
-        const QString title = firstText(element, "title", "name").value_or(QString());
+    for (const JsonObject &element : *elements) {
+        const QString title = element.text("title", "name").value_or(QString());
         if (title.isEmpty())
             continue;
         promotions.append(
             { .title = title,
-              .description = firstText(element, "description", "detail").value_or(QString()),
-              .discount = firstText(element, "discount", "badge"),
-              .validUntil = firstText(element, "validUntil", "expireDate"),
+              .description = element.text("description", "detail").value_or(QString()),
+              .discount = element.text("discount", "badge"),
+              .validUntil = element.text("validUntil", "expireDate"),
               .route = element.text("route") });
     }
     return promotions;
 }
 
 } // namespace PromotionsTool
-
-QCoro::Task<QList<PromotionItem>> VTRMCPClient::fetchPromotions(QString departureAirportCode,
-                                                                QString countryCode)
-{
-    const QString tool = u"get_airline_promotions"_s;
-    const QJsonObject arguments = PromotionsTool::arguments(departureAirportCode, countryCode);
-    const std::function<QList<PromotionItem>(const JsonObject &)> reader =
-        &PromotionsTool::parsePromotions;
-    co_return co_await callTool<QList<PromotionItem>>(tool, arguments, reader);
-}

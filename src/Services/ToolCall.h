@@ -1,32 +1,18 @@
 #pragma once
 
-#include "Services/ToolResult.h"
-#include "Services/VTRMCPClient.h"
+#include "Models/JsonObject.h"
 
-#include <QCoroFuture>
-
-#include <QScopeGuard>
-#include <QtConcurrentRun>
+#include <QJsonObject>
+#include <QString>
 
 #include <functional>
 
-// The body of VTRMCPClient::callTool with a reader, for the sources of the tool operations alone.
-
+/// A question to one tool of the server, and how its answer is read.
 template<typename Record>
-QCoro::Task<Record> VTRMCPClient::callTool(QString name, QJsonObject arguments,
-                                           std::function<Record(const JsonObject &)> reader)
+struct ToolCall
 {
-    ++m_callsUnderWay;
-    const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
-    try {
-        const QByteArray body = co_await exchangeToolCall(name, arguments);
-        if (body.size() <= largestBodyParsedOnMainThread)
-            co_return reader(readToolResult(body));
-
-        const QFuture<Record> parsed = QtConcurrent::run(
-            &m_readerPool, [body, reader] { return reader(readToolResult(body)); });
-        co_return co_await parsed;
-    } catch (...) {
-        throw McpError::current();
-    }
-}
+    QString name;
+    QJsonObject arguments;
+    /// A pure function, which may be called by any thread.
+    std::function<Record(const JsonObject &)> reader;
+};

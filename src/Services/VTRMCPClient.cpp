@@ -1,16 +1,17 @@
 #include "Services/VTRMCPClient.h"
 
+#include "Services/CityGuideTool.h"
+#include "Services/FlightSearchTool.h"
+#include "Services/FlightStatusTool.h"
 #include "Services/PlatformErrorText.h"
+#include "Services/PriceCalendarTool.h"
+#include "Services/PromotionsTool.h"
 #include "Services/ServiceAddresses.h"
-#include "Services/ToolCall.h"
-
-#include <QCoroFuture>
 
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QStringDecoder>
 #include <QTimer>
-#include <QtConcurrentRun>
 
 #include <algorithm>
 
@@ -201,8 +202,39 @@ QFuture<void> VTRMCPClient::breath(int repetition)
 
 QCoro::Task<JsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)
 {
-    const std::function<JsonObject(const JsonObject &)> asItIs = [](const JsonObject &result) {
-        return result;
-    };
-    co_return co_await callTool<JsonObject>(name, arguments, asItIs);
+    return ask(ToolCall<JsonObject> { name, arguments, std::identity() });
+}
+
+QCoro::Task<PriceCalendar> VTRMCPClient::fetchPriceCalendar(QString origin, QString destination,
+                                                            QString departureDate,
+                                                            TripType tripType, TimeRange timeRange,
+                                                            CabinClass cabinClass)
+{
+    return ask(PriceCalendarTool::call(origin, destination, departureDate, tripType, timeRange,
+                                       cabinClass));
+}
+
+QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QString to,
+                                                             QString departureDate,
+                                                             std::optional<QString> returnDate,
+                                                             TripType tripType, int passengers)
+{
+    return ask(FlightSearchTool::call(from, to, departureDate, returnDate, tripType, passengers));
+}
+
+QCoro::Task<FlightStatusResult> VTRMCPClient::checkFlightStatus(QString flightNumber,
+                                                                std::optional<QString> date)
+{
+    return ask(FlightStatusTool::call(flightNumber, date));
+}
+
+QCoro::Task<QList<PromotionItem>> VTRMCPClient::fetchPromotions(QString departureAirportCode,
+                                                                QString countryCode)
+{
+    return ask(PromotionsTool::call(departureAirportCode, countryCode));
+}
+
+QCoro::Task<CityGuideInfo> VTRMCPClient::fetchCityGuide(QString cityOrAirportCode)
+{
+    return ask(CityGuideTool::call(cityOrAirportCode));
 }

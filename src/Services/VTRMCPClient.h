@@ -3,13 +3,15 @@
 #include "Models/CityGuideInfo.h"
 #include "Models/FlightOption.h"
 #include "Models/FlightStatusResult.h"
-#include "Models/JsonObject.h"
 #include "Models/PriceCalendar.h"
 #include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
 #include "Services/HttpTransport.h"
 #include "Services/McpError.h"
+#include "Services/ToolCall.h"
+#include "Services/ToolResult.h"
 
+#include <QCoroFuture>
 #include <QCoroTask>
 
 #include <QFuture>
@@ -17,11 +19,12 @@
 #include <QList>
 #include <QObject>
 #include <QPromise>
+#include <QScopeGuard>
 #include <QThreadPool>
 #include <QUrl>
+#include <QtConcurrentRun>
 
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -90,10 +93,9 @@ private:
     /// the application quits.
     QFuture<void> breath(int repetition);
 
-    /// Calls a tool and reads its result with `reader`, off the main thread when it is large.
+    /// Calls a tool and reads its result, off the main thread when it is large.
     template<typename Record>
-    QCoro::Task<Record> callTool(QString name, QJsonObject arguments,
-                                 std::function<Record(const JsonObject &)> reader);
+    QCoro::Task<Record> ask(ToolCall<Record> call);
 
     HttpTransport m_transport;
     QThreadPool m_readerPool; ///< where large bodies are read, one after the other
@@ -106,3 +108,20 @@ private:
     std::chrono::milliseconds m_longestBreath = std::chrono::seconds(2);
     QList<std::shared_ptr<QPromise<void>>> m_breaths; ///< being taken
 };
+
+template<typename Record>
+QCoro::Task<Record> VTRMCPClient::ask(ToolCall<Record> call)
+{
+    ++m_callsUnderWay;
+    const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
+    try {
+        const QByteArray body = co_await exchangeToolCall(call.name, call.arguments);
+        const auto read = [body, reader = call.reader] { return reader(readToolResult(body)); };
+        if (body.size() <= largestBodyParsedOnMainThread)
+            co_return read();
+        const QFuture<Record> reading = QtConcurrent::run(&m_readerPool, read);
+        co_return co_await reading;
+    } catch (...) {
+        throw McpError::current();
+    }
+}

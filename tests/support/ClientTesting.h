@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Services/ToolCall.h"
 #include "Services/VTRMCPClient.h"
 #include "support/ScriptedServer.h"
 
@@ -35,8 +34,8 @@ struct VTRMCPClientTestAccess
     template<typename Record>
     static QCoro::Task<Record> callTool(std::function<Record(const JsonObject &)> reader)
     {
-        const QString tool = QStringLiteral("any");
-        return VTRMCPClient::shared().callTool<Record>(tool, QJsonObject(), std::move(reader));
+        return VTRMCPClient::shared().ask(
+            ToolCall<Record> { QStringLiteral("any"), {}, std::move(reader) });
     }
 };
 
