@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QHashFunctions>
-#include <QJsonObject>
+#include "Models/Record.h"
+
 #include <QMetaType>
 #include <QString>
 
@@ -26,14 +26,9 @@ public:
 
     QString id() const { return code; }
 
-    QJsonObject toJson() const;
+    QJsonObject toJson() const { return propertiesOf(*this); }
     /// Throws DecodingError when a member is missing or of another type.
     static Airport fromJson(const JsonObject &json);
 
     friend bool operator==(const Airport &, const Airport &) = default;
-    friend size_t qHash(const Airport &airport, size_t seed = 0)
-    {
-        return qHashMulti(seed, airport.code, airport.city, airport.name, airport.country,
-                          airport.hub);
-    }
 };

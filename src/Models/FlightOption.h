@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QHashFunctions>
+#include "Models/Record.h"
+
 #include <QMetaType>
 #include <QString>
 #include <QVariant>
@@ -54,11 +55,12 @@ public:
     /// The price as currency text in the user's locale, without fraction digits.
     QString formattedPrice() const;
     /// Null when the number of seats is not known.
-    QVariant seatAvailabilityValue() const;
+    QVariant seatAvailabilityValue() const
+    {
+        return seatAvailability ? QVariant(*seatAvailability) : QVariant();
+    }
     /// Empty when there is no link.
     QString bookingURLText() const { return bookingURL.value_or(QString()); }
 
     friend bool operator==(const FlightOption &, const FlightOption &) = default;
 };
-
-size_t qHash(const FlightOption &flight, size_t seed = 0);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QHashFunctions>
-#include <QJsonObject>
+#include "Models/Record.h"
+
 #include <QList>
 #include <QMetaType>
 #include <QString>
@@ -33,12 +33,6 @@ public:
     QJsonObject toJson() const;
 
     friend bool operator==(const DailyPrice &, const DailyPrice &) = default;
-    friend size_t qHash(const DailyPrice &price, size_t seed = 0)
-    {
-        // Adding zero turns -0.0, which equals 0.0, into the value of the same hash.
-        return qHashMulti(seed, price.date, price.amount + 0.0, price.currency.has_value(),
-                          price.currencyText(), price.isBestPrice);
-    }
 };
 
 /// The cheapest day of a fare calendar.

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QHashFunctions>
+#include "Models/Record.h"
+
 #include <QMetaType>
 #include <QString>
 
@@ -30,10 +31,4 @@ public:
     QString routeText() const { return route.value_or(QString()); }
 
     friend bool operator==(const PromotionItem &, const PromotionItem &) = default;
-    friend size_t qHash(const PromotionItem &item, size_t seed = 0)
-    {
-        return qHashMulti(seed, item.title, item.description, item.discount.has_value(),
-                          item.discountText(), item.validUntil.has_value(), item.validUntilText(),
-                          item.route.has_value(), item.routeText());
-    }
 };

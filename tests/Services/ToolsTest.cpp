@@ -12,24 +12,19 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QMetaProperty>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The members that QML sees; "<web site>" stands for the built-in address.
+/// What QML sees; "<web site>" stands for the built-in address.
 template<typename Record>
 QJsonObject members(const Record &record)
 {
-    QJsonObject json;
-    const QMetaObject &type = Record::staticMetaObject;
-    for (int index = 0; index < type.propertyCount(); ++index) {
-        const QMetaProperty property = type.property(index);
-        QJsonValue value = QJsonValue::fromVariant(property.readOnGadget(&record));
+    QJsonObject json = propertiesOf(record);
+    for (QJsonValueRef value : json) {
         if (value == ServiceAddresses::webSite())
             value = u"<web site>"_s;
-        json.insert(QString::fromLatin1(property.name()), value);
     }
     return json;
 }

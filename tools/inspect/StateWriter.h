@@ -5,5 +5,5 @@
 #include <QJsonObject>
 
 /// Everything that the view model publishes, under the names of its properties. Records are objects
-/// under their field names; an absent value is null; dates are ISO 8601 texts.
+/// of their properties; an absent value is null; dates are ISO 8601 texts.
 QJsonObject stateOf(const FlightSearchViewModel &viewModel);
