@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Models/MoneyText.h"
 #include "Models/Record.h"
 
 #include <QMetaType>
@@ -53,7 +54,7 @@ public:
     std::optional<QString> bookingURL;
 
     /// The price as currency text in the user's locale, without fraction digits.
-    QString formattedPrice() const;
+    QString formattedPrice() const { return MoneyText::currency(price, currency); }
     /// Null when the number of seats is not known.
     QVariant seatAvailabilityValue() const
     {

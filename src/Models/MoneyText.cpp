@@ -2,13 +2,12 @@
 
 #include <QLocale>
 
-#include <unicode/decimfmt.h>
-#include <unicode/numfmt.h>
-#include <unicode/unistr.h>
+#include <unicode/currunit.h>
+#include <unicode/locid.h>
+#include <unicode/numberformatter.h>
 
 #include <cmath>
 #include <limits>
-#include <memory>
 
 namespace {
 
@@ -20,44 +19,21 @@ QString languageTag()
     return locale.language() == QLocale::C ? QStringLiteral("tr") : locale.bcp47Name();
 }
 
-thread_local QString madeFor;
-thread_local std::unique_ptr<icu::NumberFormat> format;
-
-/// The formatter of the user's locale, made once for each thread and locale; null when ICU has
-/// none.
-icu::NumberFormat *currencyFormat()
-{
-    const QString tag = languageTag();
-    if (tag == madeFor)
-        return format.get();
-    UErrorCode status = U_ZERO_ERROR;
-    const auto locale = icu::Locale::forLanguageTag(tag.toLatin1().constData(), status);
-    format.reset(icu::NumberFormat::createCurrencyInstance(locale, status));
-    madeFor = tag;
-    if (U_FAILURE(status))
-        format.reset();
-    if (format)
-        format->setRoundingMode(icu::NumberFormat::kRoundHalfEven);
-    return format.get();
-}
-
 /// A null text when ICU cannot format the amount.
 QString formatted(double amount, const QString &currencyCode)
 {
     if (currencyCode.size() != 3)
         return {};
-    icu::NumberFormat *formatter = currencyFormat();
-    if (!formatter)
-        return {};
     UErrorCode status = U_ZERO_ERROR;
-    formatter->setCurrency(reinterpret_cast<const char16_t *>(currencyCode.utf16()), status);
-    // The currency brings its own.
-    formatter->setMaximumFractionDigits(0);
-    icu::UnicodeString text;
-    formatter->format(amount, text, nullptr, status);
-    if (U_FAILURE(status))
-        return {};
-    return QString::fromUtf16(text.getBuffer(), text.length());
+    const icu::UnicodeString text =
+        icu::number::NumberFormatter::withLocale(
+            icu::Locale::forLanguageTag(languageTag().toStdString(), status))
+            .unit(icu::CurrencyUnit(icu::ConstChar16Ptr(currencyCode.utf16()), status))
+            .precision(icu::number::Precision::integer())
+            .roundingMode(UNUM_ROUND_HALFEVEN)
+            .formatDouble(amount, status)
+            .toString(status);
+    return U_FAILURE(status) ? QString() : QString::fromUtf16(text.getBuffer(), text.length());
 }
 
 } // namespace

@@ -26,15 +26,14 @@ QList<DailyPrice> dailyPrices(const JsonObject &json)
     return prices;
 }
 
+/// 0 for what is no number.
 double amountText(const JsonObject &json)
 {
     const QString written = json.text("amount").value_or(QString());
+    bool isNumber = false;
+    const double amount = written.toDouble(&isNumber);
     // toDouble() forgives surrounding blanks, which are an error here.
-    if (written != written.trimmed())
-        return 0;
-    bool converted = false;
-    const double amount = written.toDouble(&converted);
-    return converted ? amount : 0;
+    return isNumber && written == written.trimmed() ? amount : 0;
 }
 
 template<typename T>
@@ -48,18 +47,11 @@ void insertIfPresent(QJsonObject &json, QLatin1StringView key, const std::option
 
 DailyPrice DailyPrice::fromJson(const JsonObject &json)
 {
-    DailyPrice price;
-    price.date = json.required(&JsonObject::text, "date");
-    if (const auto amount = json.number("amount"))
-        price.amount = *amount;
-    else if (const auto alternative = json.number("price"))
-        price.amount = *alternative;
-    else
-        price.amount = amountText(json);
-    price.currency = json.text("currency").value_or(u"TRY"_s);
-    price.isBestPrice =
-        json.boolean("is_best_price").value_or(json.boolean("isBestPrice").value_or(false));
-    return price;
+    const auto amount = json.number("amount", "price");
+    return { .date = json.required(&JsonObject::text, "date"),
+             .amount = amount ? *amount : amountText(json),
+             .currency = json.text("currency").value_or(u"TRY"_s),
+             .isBestPrice = json.boolean("is_best_price", "isBestPrice").value_or(false) };
 }
 
 QJsonObject DailyPrice::toJson() const

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "Models/JsonObject.h"
+
 #include <QJsonValue>
-#include <QList>
 #include <QObject>
 #include <QString>
 #include <QStringView>
@@ -37,66 +38,78 @@ struct Row
     QStringView title;
 };
 
-// In the order of the cases, in which pickers show them.
-inline constexpr std::array tripTypes {
-    Row<TripType> { TripType::oneWay, u"ONE_WAY", u"Tek Yön" },
-    Row<TripType> { TripType::roundTrip, u"ROUND_TRIP", u"Gidiş - Dönüş" },
-};
+/// Every case, in the order of declaration, in which pickers show them.
+template<typename Option>
+inline constexpr auto cases = nullptr;
 
-inline constexpr std::array cabinClasses {
-    Row<CabinClass> { CabinClass::economy, u"ECONOMY", u"Economy Class" },
-    Row<CabinClass> { CabinClass::business, u"BUSINESS", u"Business Class" },
-};
+template<>
+inline constexpr auto cases<TripType> = std::to_array<Row<TripType>>({
+    { TripType::oneWay, u"ONE_WAY", u"Tek Yön" },
+    { TripType::roundTrip, u"ROUND_TRIP", u"Gidiş - Dönüş" },
+});
 
-inline constexpr std::array timeRanges {
-    Row<TimeRange> { TimeRange::oneWeek, u"1_WEEK", u"1 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::twoWeeks, u"2_WEEKS", u"2 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::threeWeeks, u"3_WEEKS", u"3 Haftalık Fiyatlar" },
-    Row<TimeRange> { TimeRange::fourWeeks, u"4_WEEKS", u"1 Aylık (En Geniş)" },
-};
+template<>
+inline constexpr auto cases<CabinClass> = std::to_array<Row<CabinClass>>({
+    { CabinClass::economy, u"ECONOMY", u"Economy Class" },
+    { CabinClass::business, u"BUSINESS", u"Business Class" },
+});
 
-inline constexpr std::array sortOptions {
-    Row<FlightSortOption> { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz" },
-    Row<FlightSortOption> { FlightSortOption::earliest, u"En Erken", u"En Erken" },
-    Row<FlightSortOption> { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı" },
-    Row<FlightSortOption> { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
-};
+template<>
+inline constexpr auto cases<TimeRange> = std::to_array<Row<TimeRange>>({
+    { TimeRange::oneWeek, u"1_WEEK", u"1 Haftalık Fiyatlar" },
+    { TimeRange::twoWeeks, u"2_WEEKS", u"2 Haftalık Fiyatlar" },
+    { TimeRange::threeWeeks, u"3_WEEKS", u"3 Haftalık Fiyatlar" },
+    { TimeRange::fourWeeks, u"4_WEEKS", u"1 Aylık (En Geniş)" },
+});
+
+template<>
+inline constexpr auto cases<FlightSortOption> = std::to_array<Row<FlightSortOption>>({
+    { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz" },
+    { FlightSortOption::earliest, u"En Erken", u"En Erken" },
+    { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı" },
+    { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
+});
 
 /// Whether a table has a row for every case up to `last`, in the order of the cases.
-template<typename Table, typename Option>
-constexpr bool isWhole(const Table &table, Option last)
+template<typename Option>
+constexpr bool isWhole(Option last)
 {
     size_t next = 0;
-    for (const auto &row : table) {
+    for (const Row<Option> &row : cases<Option>) {
         if (static_cast<size_t>(row.option) != next++)
             return false;
     }
     return next == static_cast<size_t>(last) + 1;
 }
 
-static_assert(isWhole(tripTypes, TripType::roundTrip));
-static_assert(isWhole(cabinClasses, CabinClass::business));
-static_assert(isWhole(timeRanges, TimeRange::fourWeeks));
-static_assert(isWhole(sortOptions, FlightSortOption::directOnly));
+static_assert(isWhole(TripType::roundTrip));
+static_assert(isWhole(CabinClass::business));
+static_assert(isWhole(TimeRange::fourWeeks));
+static_assert(isWhole(FlightSortOption::directOnly));
 
-/// All cases, in the order in which pickers show them.
 template<typename Option>
-const QList<Option> &allCases();
+QString rawValue(Option option)
+{
+    return cases<Option>.at(static_cast<size_t>(option)).rawValue.toString();
+}
 
-QString rawValue(TripType option);
-QString rawValue(CabinClass option);
-QString rawValue(TimeRange option);
-/// Also the label of the option's chip.
-QString rawValue(FlightSortOption option);
-
-QString title(TripType option);
-QString title(CabinClass option);
-QString title(TimeRange option);
+template<typename Option>
+QString title(Option option)
+{
+    return cases<Option>.at(static_cast<size_t>(option)).title.toString();
+}
 
 /// The case with exactly this raw value, letter case and blanks included; absent for any other
 /// text.
 template<typename Option>
-std::optional<Option> fromRawValue(const QString &rawValue);
+std::optional<Option> fromRawValue(QStringView rawValue)
+{
+    for (const Row<Option> &row : cases<Option>) {
+        if (rawValue == row.rawValue)
+            return row.option;
+    }
+    return std::nullopt;
+}
 
 /// The raw value as a JSON string.
 template<typename Option>
@@ -107,7 +120,14 @@ QJsonValue toJson(Option option)
 
 /// Throws DecodingError for anything but a JSON string that is one of the raw values.
 template<typename Option>
-Option fromJson(const QJsonValue &json);
+Option fromJson(const QJsonValue &json)
+{
+    // What is no string has an empty text, which is no raw value.
+    const std::optional<Option> option = fromRawValue<Option>(json.toString());
+    if (!option)
+        throw DecodingError("No such option");
+    return *option;
+}
 
 } // namespace SearchOptions
 

@@ -4,25 +4,18 @@
 
 namespace {
 
-template<typename Option, typename Label>
-QStringList labels(Label label)
+template<typename Option>
+QStringList titles()
 {
-    QStringList texts;
-    for (const Option option : SearchOptions::allCases<Option>())
-        texts.append(label(option));
-    return texts;
+    QStringList titles;
+    for (const SearchOptions::Row<Option> &row : SearchOptions::cases<Option>)
+        titles.append(row.title.toString());
+    return titles;
 }
-
-constexpr auto titleOf = [](auto option) { return SearchOptions::title(option); };
 
 } // namespace
 
-QStringList SearchChoices::tripTypes() const { return labels<TripType>(titleOf); }
-QStringList SearchChoices::cabinClasses() const { return labels<CabinClass>(titleOf); }
-QStringList SearchChoices::timeRanges() const { return labels<TimeRange>(titleOf); }
-
-QStringList SearchChoices::sortOptions() const
-{
-    return labels<FlightSortOption>(
-        [](FlightSortOption option) { return SearchOptions::rawValue(option); });
-}
+QStringList SearchChoices::tripTypes() const { return titles<TripType>(); }
+QStringList SearchChoices::cabinClasses() const { return titles<CabinClass>(); }
+QStringList SearchChoices::timeRanges() const { return titles<TimeRange>(); }
+QStringList SearchChoices::sortOptions() const { return titles<FlightSortOption>(); }

@@ -1,5 +1,0 @@
-#include "Models/FlightOption.h"
-
-#include "Models/MoneyText.h"
-
-QString FlightOption::formattedPrice() const { return MoneyText::currency(price, currency); }
