@@ -1,6 +1,6 @@
 // What the application's window is compared with:
 //   bare-window             a bare window of its size and colour, up to its first frame
-//   bare-window --scroll    a list of a thousand plain rectangles with the texts of a flight card
+//   bare-window --scroll    a list of two thousand plain rectangles with the texts of a flight card
 
 #include "benchmarks/FrameWatch.h"
 
@@ -25,7 +25,7 @@ Window {
     ListView {
         objectName: "page"
         anchors.fill: parent
-        model: 1000
+        model: 2000
         spacing: 12
         delegate: Rectangle {
             required property int index

@@ -14,6 +14,7 @@
 #include <QThread>
 
 #include <atomic>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -45,7 +46,7 @@ protected:
     void run() override
     {
         QHash<int, QByteArray> replies;
-        for (int flights : { 12, 1'000, manyFlights })
+        for (int flights : { 12, manyFlights, mostFlights })
             replies.insert(flights, flightsReply(flights));
         QStringList days;
         for (int day = 0; day < 14; ++day)
@@ -147,8 +148,8 @@ void measurePresses(const Window &window, ServerThread &server)
     print("day", median(day));
 }
 
-/// The longest time in which the event loop does not turn until many flights have been shown.
-double longestStall(const Window &window)
+/// The longest time in which the event loop does not turn until half a second after the action.
+double longestStall(const std::function<void()> &action)
 {
     QElapsedTimer clock;
     clock.start();
@@ -162,7 +163,7 @@ double longestStall(const Window &window)
         last = now;
     });
     heartbeat.start(1);
-    window.search(manyFlights);
+    action();
     wait(500);
     return double(longest) / 1e6;
 }
@@ -189,17 +190,27 @@ int main(int argc, char *argv[])
 
     measurePresses(window, server);
 
-    window.search(1'000);
+    window.search(manyFlights);
     wait(600);
     print("scroll", cpuPerFrame(window.window(), window.named(u"page"_s)));
     window.named(u"page"_s)->setProperty("contentY", 0);
 
     QList<double> stalls;
+    QList<double> sortStalls;
+    QList<double> largestStalls;
     for (int round = 0; round < rounds; ++round) {
         window.search(12);
         wait(500);
-        stalls.append(longestStall(window));
+        stalls.append(longestStall([&] { window.search(manyFlights); }));
+        const auto option =
+            round % 2 == 0 ? FlightSortOption::earliest : FlightSortOption::cheapest;
+        sortStalls.append(longestStall([&] { window.viewModel()->applyFilter(option); }));
+        window.search(12);
+        wait(500);
+        largestStalls.append(longestStall([&] { window.search(mostFlights); }));
     }
     print("stall", median(stalls));
+    print("sort-stall", median(sortStalls));
+    print("largest-stall", median(largestStalls));
     return 0;
 }

@@ -8,13 +8,8 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QTextStream>
-#include <QThreadPool>
 
 #include <algorithm>
-#include <functional>
-#include <type_traits>
-#include <utility>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -39,53 +34,24 @@ void writeConsoleLine(const QString &failure, const McpError &error)
     QTextStream(stdout) << line << Qt::endl;
 }
 
-/// The places of the flights, sorted by a key.
-template<typename Key>
-QList<int> sortedBy(const QList<FlightOption> &flights, Key key)
-{
-    // Keys side by side are compared several times faster than keys in records.
-    using Value = std::decay_t<decltype(std::invoke(key, flights.first()))>;
-    std::vector<std::pair<Value, int>> keys;
-    keys.reserve(static_cast<size_t>(flights.size()));
-    for (const FlightOption &flight : flights)
-        keys.emplace_back(std::invoke(key, flight), static_cast<int>(keys.size()));
-    std::stable_sort(keys.begin(), keys.end(),
-                     [](const auto &left, const auto &right) { return left.first < right.first; });
-    QList<int> order;
-    order.reserve(flights.size());
-    for (const auto &sorted : keys)
-        order.append(sorted.second);
-    return order;
-}
-
-/// The places of the flights that the option leaves, in its order.
-QList<int> arranged(const QList<FlightOption> &flights, FlightSortOption option)
+/// The flights that the option leaves, in its order.
+QList<FlightOption> arranged(QList<FlightOption> flights, FlightSortOption option)
 {
     switch (option) {
     case FlightSortOption::cheapest:
-        return sortedBy(flights, &FlightOption::price);
+        std::ranges::stable_sort(flights, {}, &FlightOption::price);
+        break;
     case FlightSortOption::earliest:
-        return sortedBy(
-            flights, [](const FlightOption &flight) { return QStringView(flight.departureTime); });
+        std::ranges::stable_sort(flights, {}, &FlightOption::departureTime);
+        break;
     case FlightSortOption::fastest:
-        return sortedBy(flights, &FlightOption::durationMinutes);
+        std::ranges::stable_sort(flights, {}, &FlightOption::durationMinutes);
+        break;
     case FlightSortOption::directOnly:
+        flights.removeIf([](const FlightOption &flight) { return !flight.isDirect; });
         break;
     }
-    QList<int> direct;
-    for (int place = 0; place < flights.size(); ++place) {
-        if (flights.at(place).isDirect)
-            direct.append(place);
-    }
-    return direct;
-}
-
-/// Destroys flights elsewhere: of thousands it takes longer than a frame.
-void leave(QList<FlightOption> flights)
-{
-    constexpr qsizetype many = 1000;
-    if (flights.size() > many)
-        QThreadPool::globalInstance()->start([flights = std::move(flights)] {});
+    return flights;
 }
 
 } // namespace
@@ -331,16 +297,14 @@ void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights, const
 {
     m_flightsSearch = search;
     Q_EMIT earlierSearchChanged();
-    QList<FlightOption> earlier = m_flights;
     publish(m_flights, flights, &FlightSearchViewModel::flightsChanged);
     arrangeFlights(true);
-    leave(std::move(earlier));
 }
 
 void FlightSearchViewModel::arrangeFlights(bool areNew)
 {
     Q_EMIT objectWillChange();
-    m_filteredFlights.set(m_flights, arranged(m_flights, m_activeFilter), areNew);
+    m_filteredFlights.set(arranged(m_flights, m_activeFilter), areNew);
     Q_EMIT filteredFlightsChanged();
 }
 

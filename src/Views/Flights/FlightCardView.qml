@@ -10,8 +10,6 @@ Item {
     required property flightOption flight
     /// The keyboard is on this card.
     property bool showsFocus: false
-    /// False for a card out of view: it exists, but nothing of it need be drawn.
-    property bool isDrawn: true
     readonly property bool isHovered: hover.hovered
     readonly property string lowSeatWarning: FlightCardFormat.lowSeatWarning(flight)
 
@@ -28,7 +26,6 @@ Item {
 
     RoundedSurface {
         anchors.fill: parent
-        visible: card.isDrawn
         radius: VTRTheme.cardRadius
         color: card.isHovered ? VTRTheme.cardBgLight : VTRTheme.cardBg
         borderWidth: 1
@@ -46,7 +43,6 @@ Item {
 
     RowLayout {
         anchors.fill: parent
-        visible: card.isDrawn
         anchors.leftMargin: 18
         anchors.rightMargin: 18
         anchors.topMargin: 16

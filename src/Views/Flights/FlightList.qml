@@ -83,8 +83,6 @@ FocusScope {
                 enabled: !flightRow.isLeaving
                 focus: isCurrent
                 showsFocus: area.showsFocus && isCurrent
-                isDrawn: cards.isRearranging
-                    || (flightRow.row >= cards.firstRow && flightRow.row < cards.firstRow + cards.rowCount)
                 Component.onCompleted: hasAppeared = true
                 Keys.onReturnPressed: book()
                 Keys.onEnterPressed: book()

@@ -2,16 +2,22 @@
 
 #include "Controls/Look/Motion.h"
 
-#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr int mostRowsBeyond = 4;
-/// Longer than two frames: cards that nobody sees are made one at a time, and delay none.
-constexpr int growthInterval = 40;
+/// Gives each row the place that its flight has among `flights`, if it is one of them.
+void place(QList<FlightRow> &rows, const QList<FlightOption> &flights)
+{
+    for (FlightRow &row : rows) {
+        const auto found = std::ranges::find(flights, row.id(), &FlightOption::id);
+        if (found != flights.end())
+            row.row = static_cast<int>(found - flights.begin());
+    }
+}
 
 } // namespace
 
@@ -20,8 +26,6 @@ VisibleFlights::VisibleFlights(QObject *parent)
 {
     m_rearrangement.setSingleShot(true);
     connect(&m_rearrangement, &QTimer::timeout, this, &VisibleFlights::endRearrangement);
-    m_growth.setInterval(growthInterval);
-    connect(&m_growth, &QTimer::timeout, this, &VisibleFlights::growBeyond);
 }
 
 void VisibleFlights::setFlights(FlightOptionList *flights)
@@ -29,6 +33,7 @@ void VisibleFlights::setFlights(FlightOptionList *flights)
     m_flights = flights;
     connect(flights, &FlightOptionList::changed, this, &VisibleFlights::rearrange);
     Q_EMIT flightsChanged();
+    m_shown = flights->flights();
     update();
 }
 
@@ -65,62 +70,50 @@ void VisibleFlights::rearrange()
     m_rearrangement.start(m_flights->areNew() ? motion.resultsDuration() : motion.resortDuration());
     Q_EMIT motionDurationChanged();
     Q_EMIT isRearrangingChanged();
-    if (m_flights->areNew())
-        m_rowsBeyond = 0;
-    m_growth.stop();
-    QHash<QString, FlightRow *> leaving;
-    m_leaving = m_rows.records();
-    for (FlightRow &row : m_leaving) {
-        row.isLeaving = true;
-        leaving.insert(row.id(), &row);
-    }
+
     // On its way out a card moves towards its new place.
-    for (int row = 0; !leaving.isEmpty() && row < m_flights->count(); ++row) {
-        if (FlightRow *moved = leaving.take(m_flights->flight(row).id))
-            moved->row = row;
+    m_leaving = m_rows.records();
+    for (FlightRow &row : m_leaving)
+        row.isLeaving = true;
+    place(m_leaving, m_flights->flights());
+
+    const QList<FlightOption> earlier = std::exchange(m_shown, m_flights->flights());
+    if (std::exchange(m_currentRow, 0) != 0)
+        Q_EMIT currentRowChanged();
+    if (!m_flights->areNew()) {
+        QList<FlightRow> start = wantedRows();
+        place(start, earlier);
+        show(start);
     }
-    if (m_currentRow == 0)
-        update();
-    else
-        setCurrentRow(0);
+    update();
 }
 
 void VisibleFlights::endRearrangement()
 {
     m_leaving.clear();
     Q_EMIT isRearrangingChanged();
-    m_growth.start();
     update();
 }
 
-void VisibleFlights::growBeyond()
-{
-    m_rowsBeyond = std::min(m_rowsBeyond + 1, mostRowsBeyond);
-    if (m_rowsBeyond == mostRowsBeyond)
-        m_growth.stop();
-    update();
-}
+void VisibleFlights::update() { show(wantedRows()); }
 
-void VisibleFlights::update()
+void VisibleFlights::show(const QList<FlightRow> &rows)
 {
-    const QList<FlightRow> wanted = wantedRows();
     QSet<QString> staying;
-    for (const FlightRow &row : wanted)
+    for (const FlightRow &row : rows)
         staying.insert(row.id());
     m_leaving.removeIf([&](const FlightRow &row) { return staying.contains(row.id()); });
     // The leaving ones come first, so that the others are drawn over them.
-    m_rows.setRecords(m_leaving + wanted);
+    m_rows.setRecords(m_leaving + rows);
 }
 
 QList<FlightRow> VisibleFlights::wantedRows() const
 {
     QList<FlightRow> rows;
-    if (!m_flights)
-        return rows;
-    const int count = m_flights->count();
-    const int first = std::clamp(m_firstRow - m_rowsBeyond, 0, count);
-    const int end = std::clamp(m_firstRow + m_rowCount + m_rowsBeyond, first, count);
-    const auto append = [&](int row) { rows.append({ row, m_flights->flight(row) }); };
+    const int count = static_cast<int>(m_shown.size());
+    const int first = std::clamp(m_firstRow, 0, count);
+    const int end = std::clamp(m_firstRow + m_rowCount, first, count);
+    const auto append = [&](int row) { rows.append({ row, m_shown.at(row) }); };
     if (m_currentRow >= 0 && m_currentRow < first)
         append(m_currentRow);
     for (int row = first; row < end; ++row)

@@ -26,9 +26,9 @@ public:
     friend bool operator==(const FlightRow &, const FlightRow &) = default;
 };
 
-/// Those of a list of flights that are worth a card: the rows in view, some beyond it, so that a
-/// re-sort is seen to move them in and out, the one with the keyboard, which has to exist wherever
-/// it is, and for the length of a motion those that a new order has driven out.
+/// Those of a list of flights that are worth a card: the rows in view, the one with the keyboard,
+/// which has to exist wherever it is, and for the length of a motion those that a new order has
+/// driven out. A card that a new order brings in starts from the row in which its flight was.
 class VisibleFlights : public QObject
 {
     Q_OBJECT
@@ -75,17 +75,16 @@ Q_SIGNALS:
 private:
     void rearrange();
     void endRearrangement();
-    void growBeyond();
     void update();
+    void show(const QList<FlightRow> &rows);
     QList<FlightRow> wantedRows() const;
 
     FlightOptionList *m_flights = nullptr;
     RecordListModel<FlightRow> m_rows { "flightRow" };
+    QList<FlightOption> m_shown; ///< the list as last shown
     QList<FlightRow> m_leaving;
     QTimer m_rearrangement;
-    QTimer m_growth;
     int m_firstRow = 0;
     int m_rowCount = 0;
-    int m_rowsBeyond = 0; ///< on either side of the view
     int m_currentRow = 0;
 };
