@@ -4,13 +4,10 @@
 #include <QString>
 
 /// What every program that shows the window does before it shows it: names the application, embeds
-/// Turkish texts. Call it once, after the application object is made.
+/// fonts and Turkish texts. Call it once, after the application object is made.
 void prepareApplication();
 
-/// Makes the embedded fonts known, once; a window needs them.
-void embedFonts();
-
-/// Embeds the fonts and loads the window with this title. Returns false, after a message on the
+/// Loads the window with this title. Returns false, after a message on the
 /// console, when it does not load.
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title);
 

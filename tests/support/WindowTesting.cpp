@@ -28,7 +28,6 @@ TestWindow::TestWindow(const QByteArray &controls)
     if (static bool isFirst = true; std::exchange(isFirst, false)) {
         QAccessible::setActive(true);
         prepareApplication();
-        embedFonts();
     }
     if (controls.isEmpty()) {
         loadMainWindow(m_engine, u"Test"_s);

@@ -3,16 +3,16 @@ import Vantora.Controls
 
 /// The place of a sheet that is made when it is first opened: the window's first frame does without
 /// it, and without its types.
-Item {
+Loader {
     id: late
 
     /// The sheet's file.
-    required property url source
+    required property url file
     /// What the sheet is made with.
     property var values: ({})
     /// The sheet is there, or on its way.
     property bool isOpen: false
-    property Sheet sheet: null
+    readonly property Sheet sheet: item as Sheet
 
     function open() {
         // One that is closing comes back.
@@ -24,7 +24,7 @@ Item {
 
     onIsOpenChanged: {
         if (isOpen && !sheet)
-            sheet = Qt.createComponent(source).createObject(late, values) as Sheet;
+            setSource(file, values);
         if (sheet)
             sheet.visible = isOpen;
     }

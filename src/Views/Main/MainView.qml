@@ -121,13 +121,13 @@ FocusScope {
     LateSheet {
         id: flightStatusSheet
 
-        source: Qt.resolvedUrl("FlightStatusSheet.qml")
+        file: Qt.resolvedUrl("FlightStatusSheet.qml")
     }
 
     LateSheet {
         id: cityGuideSheet
 
-        source: Qt.resolvedUrl("CityGuideSheet.qml")
+        file: Qt.resolvedUrl("CityGuideSheet.qml")
         values: ({ search: mainView.viewModel })
     }
 }

@@ -51,14 +51,14 @@ VTRCard {
     LateSheet {
         id: originPicker
 
-        source: Qt.resolvedUrl("AirportPickerSheet.qml")
+        file: Qt.resolvedUrl("AirportPickerSheet.qml")
         values: ({ search: searchCard.viewModel, choosesOrigin: true })
     }
 
     LateSheet {
         id: destinationPicker
 
-        source: Qt.resolvedUrl("AirportPickerSheet.qml")
+        file: Qt.resolvedUrl("AirportPickerSheet.qml")
         values: ({ search: searchCard.viewModel, choosesOrigin: false })
     }
 }
