@@ -64,8 +64,7 @@ QList<QAccessibleInterface *> Spoken::childrenOf(const QQuickItem *item)
     QList<QAccessibleInterface *> found;
     const auto children = item->childItems();
     for (QQuickItem *child : children) {
-        if (!child->isVisible() || qFuzzyIsNull(child->opacity())
-            || qobject_cast<Unspoken *>(child))
+        if (!child->isVisible() || qFuzzyIsNull(child->opacity()))
             continue;
         QAccessibleInterface *node =
             isTold(child) ? QAccessible::queryAccessibleInterface(child) : nullptr;

@@ -5,16 +5,6 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-/// Nothing of what lies in it is told. Above it there may be no item that is.
-class Unspoken : public QQuickItem
-{
-    Q_OBJECT
-    QML_ELEMENT
-
-public:
-    using QQuickItem::QQuickItem;
-};
-
 /// A focus scope that is told as a modal dialog, under its `Accessible.name`.
 class SpokenDialog : public QQuickItem
 {

@@ -1,39 +1,39 @@
 import QtQuick
 import Vantora.Controls
 
-/// The green badge that names the cheapest day.
-Item {
+/// The green badge that names the cheapest day. Pressed, it asks for that day.
+BaseButton {
     id: badge
 
-    required property string text
-
     onTextChanged: arrival.restart()
-    implicitWidth: row.implicitWidth + 24
-    implicitHeight: row.implicitHeight + 12
+    cornerRadius: 20
+    horizontalPadding: 12
+    verticalPadding: 6
 
-    RoundedSurface {
-        anchors.fill: parent
-        radius: 20
+    background: RoundedSurface {
+        radius: badge.cornerRadius
         color: VTRTheme.bestGreen
         shadowColor: VTRTheme.withOpacity(VTRTheme.bestGreen, 0.4)
         shadowRadius: 6
         shadowOffset: 2
+
+        PressTint {
+            control: badge
+            radius: badge.cornerRadius
+        }
     }
 
     EaseInOut {
         id: arrival
 
-        target: row
+        target: badge.contentItem
         property: "opacity"
         from: 0
         to: 1
         duration: Motion.resultsDuration
     }
 
-    Row {
-        id: row
-
-        anchors.centerIn: parent
+    contentItem: Row {
         spacing: 6
 
         Symbol {

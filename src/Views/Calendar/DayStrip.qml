@@ -3,48 +3,42 @@ import Vantora
 import Vantora.Controls
 
 /// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
-/// Its delegate is a CalendarDay.
 ListView {
     id: strip
 
-    /// The number of days in the model; the list's own `count` changes in the middle of its layout.
-    required property int dayCount
     /// The day that is kept in view; -1 for none.
     required property int selectedIndex
-    /// The least width of a day. Where there is room, days grow up to `widestDay` to fill the row.
+    /// A day with the gap beside it. Where there is room, days grow up to `widestDay` to fill the row.
     required property real narrowestDay
-    property real widestDay: 2 * narrowestDay
-    readonly property real dayWidth: PriceCalendarFormat.dayWidth(width - leftMargin - rightMargin, dayCount, spacing,
-                                                                  narrowestDay, widestDay)
-    /// The item that has the keyboard for the strip, and hands its keys on; null when the strip is for
-    /// the pointer alone.
-    property Item keyboard: null
-    readonly property bool hasKeyboard: keyboard !== null && keyboard.activeFocus
+    required property real widestDay
+    readonly property real dayWidth: PriceCalendarFormat.dayWidth(width, dayCount, narrowestDay, widestDay)
+    /// The number of days in the model; the list's own `count` changes in the middle of its layout.
+    required property int dayCount
+    /// The item that has the keyboard for the strip, and hands its keys on.
+    required property Item keyboard
     /// The focus ring is shown: the keyboard was the last to move.
-    readonly property bool showsFocus: hasKeyboard && !pointerMovedLast
+    readonly property bool showsFocus: keyboard.activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
     /// How much of either end is covered while there are more days past it.
     readonly property real edgeWidth: 32
-    property int laidOutCount: 0
-    property bool couldScroll: false
+    /// The user has scrolled the days to another place.
+    property bool isScrolled: false
+
+    signal chosen(index: int)
 
     /// The pointer went down on a day: the keyboard moves there.
     function pressed(index: int) {
-        keyboard?.forceActiveFocus(Qt.MouseFocusReason);
+        keyboard.forceActiveFocus(Qt.MouseFocusReason);
         pointerMovedLast = true;
         currentIndex = index;
     }
 
-    /// Assistive technology takes the keyboard to a day.
+    /// Takes the keyboard to a day, and shows that it is there.
     function moveTo(index: int) {
         keyboard.forceActiveFocus(Qt.TabFocusReason);
         pointerMovedLast = false;
         currentIndex = index;
         show(index);
-    }
-
-    function pressCurrent() {
-        (currentItem as CalendarDay).press();
     }
 
     /// Puts the keyboard on the selected day and brings it into view.
@@ -55,48 +49,46 @@ ListView {
         show(selectedIndex);
     }
 
-    /// New days are shown from the first one on. The same days in another width stay where they were;
-    /// if they all had room and no longer have, the current one is kept in view.
-    function layOut() {
-        if (laidOutCount === count) {
-            if (!interactive || !couldScroll)
-                show(currentIndex);
-            couldScroll = interactive;
-            return;
-        }
-        couldScroll = interactive;
-        laidOutCount = count;
-        contentX = originX - leftMargin;
+    /// Shows new days: from the first one on as far as the selected one allows.
+    function open() {
+        isScrolled = false;
         showSelection();
+        settling.restart();
     }
 
-    /// Brings a day to the middle, unless it is clear of the edges already.
-    function show(index: int) {
-        if (!interactive)
-            contentX = originX - leftMargin;
-        if (!interactive || index < 0)
+    /// Days that the user has not scrolled stand as near to their beginning as the current one allows.
+    function settle() {
+        if (isScrolled && interactive)
             return;
-        const left = originX + index * (dayWidth + spacing) - contentX;
-        if (!PriceCalendarFormat.isClear(left, dayWidth, width, edgeWidth))
-            positionViewAtIndex(index, ListView.Center);
+        forceLayout();
+        positionViewAtBeginning();
+        show(currentIndex);
+    }
+
+    /// Brings a day into view together with its neighbours, which are what the covered ends cover then.
+    function show(index: int) {
+        for (const shown of [index - 1, index + 1, index]) {
+            if (shown >= 0 && shown < count)
+                positionViewAtIndex(shown, ListView.Contain);
+        }
     }
 
     orientation: ListView.Horizontal
     boundsBehavior: Flickable.StopAtBounds
-    interactive: contentWidth + leftMargin + rightMargin > width
+    interactive: contentWidth > width
     clip: interactive
     keyNavigationEnabled: true
-    highlightMoveDuration: 0
+    // Otherwise a day that is cut off would slip away from under the pointer that goes down on it.
+    highlightFollowsCurrentItem: false
 
     onSelectedIndexChanged: showSelection()
-    onContentWidthChanged: layOut()
-    onWidthChanged: layOut()
+    onWidthChanged: settling.restart()
+    onDayWidthChanged: settling.restart()
+    onMovementStarted: isScrolled = true
     onCurrentIndexChanged: if (showsFocus) show(currentIndex)
-    // Another window may take the keyboard and give it back.
-    onHasKeyboardChanged: if (!hasKeyboard && Window.active) pointerMovedLast = false
-    Keys.onReturnPressed: pressCurrent()
-    Keys.onEnterPressed: pressCurrent()
-    Keys.onSpacePressed: pressCurrent()
+    Keys.onReturnPressed: chosen(currentIndex)
+    Keys.onEnterPressed: chosen(currentIndex)
+    Keys.onSpacePressed: chosen(currentIndex)
     Keys.onPressed: event => {
         const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;
         if (jumps || event.key === Qt.Key_Left || event.key === Qt.Key_Right)
@@ -106,6 +98,14 @@ ListView {
         event.accepted = jumps;
     }
 
+    // Later: when everything that goes with a change has its width.
+    Timer {
+        id: settling
+
+        interval: 0
+        onTriggered: strip.settle()
+    }
+
     // Touchpads and tilting wheels scroll sideways by themselves; a plain wheel does with Shift.
     WheelHandler {
         enabled: strip.interactive
@@ -113,9 +113,20 @@ ListView {
         acceptedModifiers: Qt.ShiftModifier
         target: null
         onWheel: event => {
-            const furthest = strip.originX + strip.contentWidth + strip.rightMargin - strip.width;
+            const furthest = strip.originX + strip.contentWidth - strip.width;
             const wanted = strip.contentX - (event.angleDelta.y || event.angleDelta.x);
-            strip.contentX = Math.max(strip.originX - strip.leftMargin, Math.min(wanted, furthest));
+            strip.contentX = Math.max(strip.originX, Math.min(wanted, furthest));
+            strip.isScrolled = true;
+        }
+    }
+
+    // Another window may take the keyboard and give it back.
+    Connections {
+        target: strip.keyboard
+
+        function onActiveFocusChanged() {
+            if (!strip.keyboard.activeFocus && strip.Window.active)
+                strip.pointerMovedLast = false;
         }
     }
 

@@ -36,16 +36,10 @@ QString PriceCalendarFormat::widestAmount(double highest) const
     return amount;
 }
 
-double PriceCalendarFormat::dayWidth(double room, int count, double spacing, double narrowest,
-                                     double widest) const
+double PriceCalendarFormat::dayWidth(double room, int count, double narrowest, double widest) const
 {
-    const double share = (room - (count - 1) * spacing) / std::max(count, 1);
-    return std::floor(std::max(narrowest, std::min(share, widest)));
-}
-
-bool PriceCalendarFormat::isClear(double left, double dayWidth, double room, double edge) const
-{
-    return left >= edge && left + dayWidth <= room - edge;
+    return std::floor(
+        std::clamp(room / std::max(count, 1), narrowest, std::max(narrowest, widest)));
 }
 
 double PriceCalendarFormat::barHeight(double amount, double maxPrice) const

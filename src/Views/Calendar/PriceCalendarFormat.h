@@ -24,13 +24,9 @@ public:
     Q_INVOKABLE QString wholeAmount(double amount) const;
     /// As wide as any amount up to `highest`: its digits are all eights.
     Q_INVOKABLE QString widestAmount(double highest) const;
-    /// The width of each of `count` days: they share `room` with gaps of `spacing` between them,
-    /// but none is narrower than `narrowest` or, where that is more, wider than `widest`.
-    Q_INVOKABLE double dayWidth(double room, int count, double spacing, double narrowest,
-                                double widest) const;
-    /// Whether a day whose left edge is at `left` of a row `room` wide lies in it whole, and clear
-    /// of what covers `edge` of either end.
-    Q_INVOKABLE bool isClear(double left, double dayWidth, double room, double edge) const;
+    /// The width of each of `count` days that share `room`, but none is narrower than `narrowest`
+    /// or, where that is more, wider than `widest`.
+    Q_INVOKABLE double dayWidth(double room, int count, double narrowest, double widest) const;
     /// How high a day's bar stands, in pixels, when the dearest day costs `maxPrice`.
     Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
     /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.

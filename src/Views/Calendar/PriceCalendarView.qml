@@ -16,11 +16,15 @@ VTRCard {
         viewModel: calendar.viewModel
     }
 
-    /// Room for any day's amount with this unit.
-    function amountWidth(pixelSize: int, unit: string): real {
-        const font = Qt.font({ family: VTRTheme.fontFamily, pixelSize: pixelSize, weight: Font.Bold });
-        return TextWidth.widest([PriceCalendarFormat.widestAmount(shown.highestPrice) + unit], font) + 1;
-    }
+    /// Between two days.
+    readonly property real gap: 10
+
+    readonly property font amountFont: Qt.font({
+        family: VTRTheme.fontFamily, pixelSize: 11, weight: Font.Bold
+    })
+    /// Room for any day's amount in a tile.
+    readonly property real amountWidth:
+        TextWidth.widest([PriceCalendarFormat.widestAmount(shown.highestPrice) + " " + currency], amountFont) + 1
 
     ColumnLayout {
         width: parent.width
@@ -53,7 +57,9 @@ VTRCard {
             BestPriceBadge {
                 visible: opacity > 0
                 opacity: calendar.shown.hasBestPrice ? 1 : 0
+                enabled: calendar.shown.hasBestPrice
                 text: PriceCalendarFormat.bestPriceText(calendar.shown.bestPrice, calendar.currency)
+                onClicked: if (calendar.shown.bestDayIndex >= 0) strip.moveTo(calendar.shown.bestDayIndex)
 
                 Behavior on opacity {
                     EaseInOut { duration: Motion.resultsDuration }
@@ -65,87 +71,102 @@ VTRCard {
             id: days
 
             Layout.fillWidth: true
-            // A day is 166 high; above and below it there is room.
-            Layout.preferredHeight: 24 + 166 + 8
+            // The gap between days is shared out to both sides of each.
+            Layout.leftMargin: -calendar.gap / 2
+            Layout.rightMargin: -calendar.gap / 2
+            Layout.preferredHeight: divider.y + divider.height + 16 + 62 + 4
             label: "Günler"
-            count: bars.count
-            currentRow: bars.currentIndex
-            selectedRow: bars.selectedIndex
+            count: strip.count
+            currentRow: strip.currentIndex
+            selectedRow: strip.selectedIndex
             isActive: activeFocus
             activeFocusOnTab: count > 0
-            Keys.forwardTo: [bars]
+            Keys.forwardTo: [strip]
             onRowPressed: row => {
-                bars.moveTo(row);
-                bars.pressCurrent();
+                strip.moveTo(row);
+                strip.chosen(row);
             }
-            onRowFocused: row => bars.moveTo(row)
+            onRowFocused: row => strip.moveTo(row)
 
             function textOf(row: int): string {
                 return PriceCalendarFormat.spokenDay(calendar.shown.days, row, calendar.currency);
             }
             function itemOf(row: int): Item {
-                return bars.itemAtIndex(row);
+                return strip.itemAtIndex(row);
             }
 
             DayStrip {
-                id: bars
+                id: strip
 
                 anchors.fill: parent
                 keyboard: days
                 model: calendar.shown.days
                 dayCount: calendar.shown.days.count
                 selectedIndex: calendar.viewModel.selectedDayIndex
-                narrowestDay: Math.max(46, calendar.amountWidth(10, "") + 2 * 4)
-                spacing: 12
-                leftMargin: 4
-                rightMargin: 4
+                narrowestDay: Math.max(94, Math.min(widestDay, calendar.amountWidth + 2 * 12 + calendar.gap))
+                widestDay: 180
+                onChosen: index => calendar.viewModel.startSelectCalendarDate(calendar.shown.dateAt(index))
+                Component.onCompleted: open()
 
-                delegate: CalendarBarColumn {
-                    strip: bars
-                    topInStrip: 24
-                    fadesIn: calendar.shown.isArriving()
-                    currency: calendar.currency
-                    maxPrice: calendar.shown.highestPrice
-                    selectedDate: calendar.viewModel.selectedDate
-                    onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
+                // A bar and, under it, the tile of the same day.
+                delegate: Item {
+                    id: day
+
+                    required property int index
+                    required property dailyPrice price
+                    // New in the strip, not scrolled to.
+                    property bool isThere: !calendar.shown.isArriving()
+
+                    width: strip.dayWidth
+                    height: strip.height
+                    opacity: isThere ? 1 : 0
+                    Component.onCompleted: isThere = true
+
+                    Behavior on opacity {
+                        EaseInOut { duration: Motion.resultsDuration }
+                    }
+
+                    CalendarBarColumn {
+                        x: calendar.gap / 2 + 1
+                        y: 24
+                        width: day.width - calendar.gap - 2
+                        price: day.price
+                        currency: calendar.currency
+                        maxPrice: calendar.shown.highestPrice
+                        selectedDate: calendar.viewModel.selectedDate
+                        showsFocus: strip.showsFocus && day.ListView.isCurrentItem
+                        onPressed: strip.pressed(day.index)
+                        onClicked: strip.chosen(day.index)
+                    }
+
+                    CalendarTileView {
+                        x: calendar.gap / 2
+                        y: divider.y + divider.height + 16
+                        width: day.width - calendar.gap
+                        price: day.price
+                        currency: calendar.currency
+                        selectedDate: calendar.viewModel.selectedDate
+                        onPressed: strip.pressed(day.index)
+                        onClicked: strip.chosen(day.index)
+                    }
+                }
+
+                Connections {
+                    target: calendar.shown
+
+                    function onChanged() {
+                        strip.open();
+                    }
                 }
             }
-        }
 
-        Divider {
-            Layout.fillWidth: true
-        }
+            Divider {
+                id: divider
 
-        // The same days once more: for the eye and the pointer.
-        Unspoken {
-            Layout.fillWidth: true
-            // A day is 62 high. Its focus ring needs room inside the clip, 3 more on every side.
-            Layout.preferredHeight: 3 + 62 + 4
-            Layout.topMargin: -3
-            Layout.leftMargin: -1
-            Layout.rightMargin: -1
-
-            DayStrip {
-                id: tiles
-
-                anchors.fill: parent
-                model: calendar.shown.days
-                dayCount: calendar.shown.days.count
-                selectedIndex: calendar.viewModel.selectedDayIndex
-                narrowestDay: Math.max(84, Math.min(widestDay, calendar.amountWidth(11, " " + calendar.currency) + 2 * 12))
-                widestDay: 140
-                spacing: 10
-                leftMargin: 3
-                rightMargin: 3
-
-                delegate: CalendarTileView {
-                    strip: tiles
-                    topInStrip: 3
-                    fadesIn: calendar.shown.isArriving()
-                    currency: calendar.currency
-                    selectedDate: calendar.viewModel.selectedDate
-                    onClicked: calendar.viewModel.startSelectCalendarDate(price.date)
-                }
+                x: calendar.gap / 2
+                // A bar with its texts is 166 high; above and below it there is room.
+                y: 24 + 166 + 8 + 16
+                width: parent.width - calendar.gap
             }
         }
     }

@@ -2,6 +2,8 @@
 
 #include "Controls/Look/Motion.h"
 
+#include <algorithm>
+
 ShownCalendar::ShownCalendar(QObject *parent)
     : QObject(parent)
 {
@@ -20,6 +22,15 @@ void ShownCalendar::setViewModel(FlightSearchViewModel *viewModel)
         connect(viewModel, changed, this, &ShownCalendar::take);
     Q_EMIT viewModelChanged();
     take();
+}
+
+int ShownCalendar::bestDayIndex() const
+{
+    const QList<DailyPrice> &days = m_days.records();
+    const auto best = std::find_if(days.begin(), days.end(), [this](const DailyPrice &day) {
+        return day.date == m_bestPrice.date;
+    });
+    return best == days.end() ? -1 : static_cast<int>(best - days.begin());
 }
 
 void ShownCalendar::take()

@@ -20,6 +20,8 @@ class ShownCalendar : public QObject
     Q_PROPERTY(bool hasBestPrice MEMBER m_hasBestPrice NOTIFY changed)
     /// The last one there was, for a badge that fades out.
     Q_PROPERTY(BestPrice bestPrice READ bestPrice NOTIFY changed)
+    /// Where its day stands in `days`; -1 when it is not one of them.
+    Q_PROPERTY(int bestDayIndex READ bestDayIndex NOTIFY changed)
 
 public:
     explicit ShownCalendar(QObject *parent = nullptr);
@@ -28,7 +30,10 @@ public:
     void setViewModel(FlightSearchViewModel *viewModel);
     CountedListModel *days() { return &m_days; }
     BestPrice bestPrice() const { return m_bestPrice; }
+    int bestDayIndex() const;
 
+    /// "yyyy-MM-dd", of the day in this row of `days`.
+    Q_INVOKABLE QString dateAt(int row) const { return m_days.records().at(row).date; }
     /// Whether a day that appears now does so because it is new, not because it is scrolled to.
     Q_INVOKABLE bool isArriving() const { return m_arrival.isActive(); }
 

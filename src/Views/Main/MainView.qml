@@ -10,9 +10,6 @@ FocusScope {
     property alias showFlightStatusSheet: flightStatusSheet.isOpen
     property alias showCityGuideSheet: cityGuideSheet.isOpen
 
-    // A wider window gives its content room up to here, and then margins.
-    readonly property real widestContent: 1440
-
     Component.onCompleted: viewModel.startSearchAll()
 
     // Keys that the controls leave alone scroll the page.
@@ -38,9 +35,9 @@ FocusScope {
 
             readonly property real gap: 20
 
-            anchors.horizontalCenter: parent.horizontalCenter
+            x: 28
             y: gap
-            width: Math.min(scrollPage.contentWidth - 2 * 28, mainView.widestContent)
+            width: scrollPage.contentWidth - 2 * x
 
             Column {
                 id: top

@@ -51,7 +51,63 @@ private Q_SLOTS:
 
         m_window->press("Home Right Return", u"SpokenList"_s);
         QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-02"_s);
-        QCOMPARE(m_window->itemsOfType("DayStrip").constLast()->property("currentIndex"), 1);
+        QCOMPARE(m_window->item(u"DayStrip"_s)->property("currentIndex"), 1);
+        QVERIFY(m_window->waitForSearch());
+    }
+
+    void theChartOpensAsNearToItsBeginningAsTheChosenDayAllows()
+    {
+        struct Opening
+        {
+            int width;
+            int days;
+            int chosen;
+            const char *seen; // whole, and the chosen one clear of the edges
+        };
+        const Opening openings[] {
+            { 1080, 14, 5, "0 to 9" },   { 1080, 14, 9, "1 to 10" },  { 1080, 14, 13, "4 to 13" },
+            { 1280, 14, 7, "0 to 11" },  { 1280, 14, 13, "2 to 13" }, { 1280, 28, 14, "4 to 15" },
+            { 1280, 7, 3, "0 to 6" },    { 1280, 21, 0, "0 to 11" },  { 1920, 14, 13, "0 to 13" },
+            { 1920, 28, 27, "9 to 27" },
+        };
+        for (const bool isLateMade : { true, false }) {
+            for (const Opening &opening : openings) {
+                m_answers.insert(calendarTool, calendarAnswer(opening.days, opening.chosen));
+                if (isLateMade)
+                    m_window = std::make_unique<TestWindow>();
+                m_window->window()->resize(opening.width, 860);
+                if (!isLateMade)
+                    m_window->viewModel()->startSearchAll();
+                QVERIFY(m_window->waitForSearch());
+                waitForTheCalendar();
+                const QString expected =
+                    u"%1 wide, day %2 of %3 chosen: %4 seen"_s.arg(opening.width)
+                        .arg(opening.chosen)
+                        .arg(opening.days)
+                        .arg(QLatin1String(opening.seen));
+                QTRY_COMPARE(u"%1 wide, day %2 of %3 chosen: %4 seen"_s.arg(opening.width)
+                                 .arg(chosenDay())
+                                 .arg(strip()->property("count").toInt())
+                                 .arg(seenDays()),
+                             expected);
+                expectBarsAboveTheirTiles();
+            }
+        }
+    }
+
+    void theBadgeShowsTheBestDay()
+    {
+        m_answers.insert(calendarTool, calendarAnswer(28, 27)); // the first is the best
+        m_window = std::make_unique<TestWindow>();
+        QVERIFY(m_window->waitForSearch());
+        waitForTheCalendar();
+        QTRY_COMPARE(seenDays(), u"16 to 27"_s);
+        m_window->click(m_window->item(u"BestPriceBadge"_s));
+        QTRY_COMPARE(seenDays(), u"0 to 11 without the chosen one"_s);
+        QCOMPARE(chosenDay(), 27);
+        // The keyboard is there, too.
+        m_window->press("Return");
+        QCOMPARE(chosenDay(), 0);
         QVERIFY(m_window->waitForSearch());
     }
 
@@ -219,6 +275,54 @@ private Q_SLOTS:
     }
 
 private:
+    /// So many days, of which the one at `chosen` is that of departure.
+    static ScriptedAnswer calendarAnswer(int days, int chosen)
+    {
+        QStringList dates;
+        for (int day = 0; day < days; ++day)
+            dates.append(QDate::currentDate().addDays(14 + day - chosen).toString(Qt::ISODate));
+        return ::calendarAnswer(dates);
+    }
+    QQuickItem *strip() const { return m_window->item(u"DayStrip"_s); }
+    int chosenDay() const { return strip()->property("selectedIndex").toInt(); }
+    /// "0 to 9"; says so when the chosen day is not among them or is covered by a faded edge.
+    QString seenDays() const
+    {
+        m_window->layOut();
+        const qreal fade = strip()->property("edgeWidth").toReal();
+        const qreal width = strip()->width();
+        QList<int> seen;
+        bool isChosenClear = false;
+        for (QQuickItem *tile : m_window->itemsOfType("CalendarTileView")) {
+            const QRectF place = tile->mapRectToItem(strip(), tile->boundingRect());
+            if (place.left() < 0 || place.right() > width)
+                continue;
+            const int index = tile->parentItem()->property("index").toInt();
+            seen.append(index);
+            const bool isFree = (place.left() >= fade || strip()->property("atXBeginning").toBool())
+                && (place.right() <= width - fade || strip()->property("atXEnd").toBool());
+            isChosenClear = isChosenClear || (index == chosenDay() && isFree);
+        }
+        std::ranges::sort(seen);
+        return u"%1 to %2%3"_s.arg(seen.value(0, -1))
+            .arg(seen.isEmpty() ? -1 : seen.constLast())
+            .arg(isChosenClear ? QString() : u" without the chosen one"_s);
+    }
+    void expectBarsAboveTheirTiles() const
+    {
+        const auto middle = [](QQuickItem *item) {
+            return item->mapToScene(QPointF(item->width() / 2, 0)).x();
+        };
+        QHash<QString, qreal> tiles;
+        const auto date = [](QQuickItem *day) {
+            return day->property("price").value<DailyPrice>().date;
+        };
+        for (QQuickItem *tile : m_window->itemsOfType("CalendarTileView"))
+            tiles.insert(date(tile), middle(tile));
+        for (QQuickItem *bar : m_window->itemsOfType("CalendarBarColumn"))
+            QCOMPARE(u"%1 at %2"_s.arg(date(bar)).arg(middle(bar)),
+                     u"%1 at %2"_s.arg(date(bar)).arg(tiles.value(date(bar), -1)));
+    }
     void failToFind(const QString &reason)
     {
         m_answers.insert(flightsTool, ScriptedAnswer::failure(reason));
@@ -300,7 +404,7 @@ private:
     QQuickItem *day(const char *type, int index) const
     {
         QList<QQuickItem *> days = m_window->itemsOfType(type);
-        std::ranges::sort(days, {}, &QQuickItem::x);
+        std::ranges::sort(days, {}, [](QQuickItem *item) { return item->mapToScene({}).x(); });
         return days.at(index);
     }
     static QQuickItem *part(QQuickItem *day, const QString &name)
