@@ -23,7 +23,8 @@ Flickable {
     }
 
     function scrollTo(position: real) {
-        contentY = Math.max(0, Math.min(position, contentHeight - height));
+        // Whole pixels, so that everything is drawn as it was before.
+        contentY = Math.max(0, Math.floor(Math.min(position, contentHeight - height)));
     }
 
     function scrollBy(distance: real) {
@@ -57,6 +58,9 @@ Flickable {
         }
     }
 
+    // Not only for the look: of an item that moves wholly behind something opaque, such as the menu
+    // bar, the software renderer leaves the old picture on the screen.
+    clip: true
     contentWidth: Math.max(width, leastWidth)
     interactive: false
     boundsBehavior: Flickable.StopAtBounds

@@ -42,7 +42,6 @@ FocusScope {
             objectName: "sheetPage"
             Layout.fillWidth: true
             Layout.fillHeight: true
-            clip: true
             contentHeight: column.height + 2 * VTRTheme.padding
 
             ColumnLayout {
