@@ -48,6 +48,14 @@ const QByteArray surface = R"(
     property real rounding: 20
     RoundedSurface { x: 20; y: 20; width: 200; height: 90; radius: page.rounding; color: "red" })";
 
+// On places and of sizes that are no whole number of pixels.
+const QByteArray surfaces = R"(
+    color: "#000000"
+    CardBackground { objectName: "card"; x: 20.3; y: 17.6; width: 420.4; height: 101.7 }
+    RoundedSurface { objectName: "chip"; x: 21; y: 150.3; width: 71.2; height: 26; radius: 13; color: "#e51a33" }
+    RoundedSurface { objectName: "column"; x: 600; y: 20; width: 24; height: 87.3; radius: 12; color: "#0fb882" }
+    PopUpSurface { objectName: "month"; x: 120.7; y: 160.1; width: 264; height: 301.3 })";
+
 const QByteArray field = R"(
     property date day: new Date(2026, 11, 30, 14, 35)
     property int edits: 0
@@ -150,16 +158,55 @@ private Q_SLOTS:
         QTRY_COMPARE(tip(), u"Sığmayan bir metin"_s);
     }
 
+    void surfacesAreWholeAtEveryScale()
+    {
+        const TestWindow page(surfaces);
+        const QList<QScreen *> screens = QGuiApplication::screens();
+        for (QScreen *screen : screens) {
+            page.window()->setPosition(screen->geometry().topLeft());
+            QTRY_COMPARE(page.window()->screen(), screen);
+            const qreal scale = screen->devicePixelRatio();
+            const QImage picture = page.window()->grabWindow();
+            QCOMPARE(picture.size(), (QSizeF(900, 700) * scale).toSize());
+            for (const QString &name : { u"card"_s, u"chip"_s, u"column"_s, u"month"_s }) {
+                const QQuickItem *item = page.named(name);
+                const QColor fill = item->property("color").value<QColor>();
+                const auto colorAt = [&](qreal x, qreal y) {
+                    return picture.pixelColor((item->mapToScene({ x, y }) * scale).toPoint());
+                };
+                const auto isFilled = [&](qreal x, qreal y) {
+                    const QColor seen = colorAt(x, y);
+                    return qAbs(seen.red() - fill.red()) < 3
+                        && qAbs(seen.green() - fill.green()) < 3
+                        && qAbs(seen.blue() - fill.blue()) < 3;
+                };
+                const qreal right = item->width() - 3;
+                const qreal bottom = item->height() - 3;
+                // Each pixel of the two lines through the middle, and none of the corners.
+                const QByteArray where = (name + u" at "_s + QString::number(scale)).toUtf8();
+                for (qreal x = 3; x < right; x += 1 / scale)
+                    QVERIFY2(isFilled(x, item->height() / 2),
+                             where + ", x " + QByteArray::number(x));
+                for (qreal y = 3; y < bottom; y += 1 / scale)
+                    QVERIFY2(isFilled(item->width() / 2, y),
+                             where + ", y " + QByteArray::number(y));
+                for (const QPointF corner :
+                     { QPointF(1, 1), QPointF(right + 2, 1), QPointF(1, bottom + 2),
+                       QPointF(right + 2, bottom + 2) })
+                    QVERIFY2(!isFilled(corner.x(), corner.y()), where);
+            }
+        }
+    }
+
     void surfacesAreDrawnAnewForAnotherScale()
     {
-        QCOMPARE(QGuiApplication::screens().size(), 2);
         const TestWindow page(surface);
         const auto picture = [&page] { return page.window()->grabWindow(); };
         QCOMPARE(picture().size(), QSize(900, 700));
-        page.window()->setPosition(QGuiApplication::screens().at(1)->geometry().topLeft());
-        QTRY_COMPARE(page.window()->devicePixelRatio(), 2.0);
+        page.window()->setPosition(QGuiApplication::screens().constLast()->geometry().topLeft());
+        QTRY_COMPARE(page.window()->devicePixelRatio(), 3.0);
         const QImage moved = picture();
-        QCOMPARE(moved.size(), QSize(1800, 1400));
+        QCOMPARE(moved.size(), QSize(2700, 2100));
         page.window()->setProperty("rounding", 30);
         QVERIFY(picture() != moved);
         page.window()->setProperty("rounding", 20);

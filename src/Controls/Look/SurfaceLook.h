@@ -3,14 +3,12 @@
 #include <QColor>
 #include <QHashFunctions>
 #include <QImage>
-#include <QSizeF>
+#include <QSize>
 
-/// What a RoundedSurface looks like: all that its picture depends on. Sizes are in
-/// device-independent pixels.
+/// What a RoundedSurface looks like: all that its picture depends on, in device pixels.
 struct SurfaceLook
 {
-    QSizeF size;
-    qreal devicePixelRatio = 1;
+    QSize size; ///< not empty
     qreal radius = 0;
     QColor color;
     QColor gradientEnd; ///< invalid for one colour
@@ -22,21 +20,18 @@ struct SurfaceLook
     qreal shadowOffset = 0; ///< downwards
 
     /// How far the shadow reaches beyond the surface; 0 when there is none.
-    qreal shadowMargin() const;
-    /// The surface with its shadow around it.
+    int margin() const;
+    /// How much of each side differs from the middle: the corners. The rest may be stretched,
+    /// unless there is a gradient.
+    int cornerExtent() const;
+    /// The surface with the margin around it.
     QImage paint() const;
 
     friend bool operator==(const SurfaceLook &, const SurfaceLook &) = default;
     friend size_t qHash(const SurfaceLook &look, size_t seed = 0)
     {
-        return qHashMulti(seed, look.size.width(), look.size.height(), look.devicePixelRatio,
-                          look.radius, look.color.rgba(), look.gradientEnd.rgba(),
+        return qHashMulti(seed, look.size, look.radius, look.color.rgba(), look.gradientEnd.rgba(),
                           look.gradientIsUpright, look.borderColor.rgba(), look.borderWidth,
                           look.shadowColor.rgba(), look.shadowRadius, look.shadowOffset);
     }
-
-private:
-    /// An empty image with room for the surface and its shadow.
-    QImage canvas(QImage::Format format) const;
-    QImage paintShadow() const;
 };
