@@ -4,11 +4,9 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2)
 # qcoro-qt6-dev
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
+# libcurl4-openssl-dev
+find_package(CURL 7.87 REQUIRED)
 # libicu-dev
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 # libvalijson-dev: headers alone; the name of its CMake target differs between versions.
 find_path(VANTORA_VALIJSON_INCLUDE valijson/validator.hpp REQUIRED)
-# qt6-translations-l10n: Qt's own Turkish texts.
-find_file(VANTORA_QT_CATALOGUE qtbase_tr.qm REQUIRED
-  PATHS ${QT6_INSTALL_PREFIX}/${QT6_INSTALL_TRANSLATIONS} ${QT6_INSTALL_PREFIX}/translations
-  NO_DEFAULT_PATH)

@@ -2,7 +2,6 @@
 
 #include "App/DarkFrame.h"
 #include "App/GraphicsHardware.h"
-#include "Services/PlatformErrorText.h"
 #include "Services/ServiceAddresses.h"
 #include "Views/ExternalLinks.h"
 
@@ -47,7 +46,6 @@ void prepareApplication()
     // The desktop file's name; it names "vantora" as the window class on X11.
     QGuiApplication::setDesktopFileName(u"example.vantora_air.vantora"_s);
     QNetworkProxyFactory::setUseSystemConfiguration(true);
-    PlatformErrorText::installTurkishCatalogue();
 
     QQuickStyle::setStyle(u"Basic"_s);
     // Frames that the toolkit draws itself take their colours from here.

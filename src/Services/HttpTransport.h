@@ -1,18 +1,59 @@
 #pragma once
 
-#include "Services/HttpAnswer.h"
-
+#include <QByteArray>
 #include <QFuture>
-#include <QThread>
+#include <QList>
 #include <QUrl>
 
-/// Posts to one address, on a thread of its own: whatever a server sends, the thread that asks is
-/// not held up. Cookies, by which the front of a server may know which of its machines a session
-/// lives on, are kept as long as the object.
+#include <chrono>
+#include <memory>
+#include <utility>
+
+/// Names as received.
+using HttpHeaders = QList<std::pair<QByteArray, QByteArray>>;
+
+/// Any HTTP answer, whatever its status.
+struct HttpAnswer
+{
+    int status = 0;
+    HttpHeaders headers;
+    QByteArray body; ///< unpacked
+};
+
+/// When a request is given up. The sizes bound what one answer may cost in memory: an answer with
+/// 25,000 flights has about 10 MB, and a head rarely 4 KiB.
+struct HttpLimits
+{
+    std::chrono::milliseconds idle = std::chrono::seconds(30); ///< without a byte
+    std::chrono::milliseconds total = std::chrono::seconds(60);
+    /// Until a connection stands. The first of several addresses has half of it.
+    std::chrono::milliseconds connecting = std::chrono::seconds(15);
+    std::chrono::milliseconds findingProxy = std::chrono::seconds(5);
+    qint64 bodyBytes = 12 * 1024 * 1024; ///< unpacked
+    qint64 headBytes = 256 * 1024; ///< of status lines, headers and trailers, early hints included
+    int headLines = 1000;
+};
+
+/// How requests are made. Tests give names and certificates of their own.
+struct HttpSettings
+{
+    HttpLimits limits = {};
+    /// "host:port:address,address", for hosts that are not looked up, as CURLOPT_RESOLVE has it.
+    QByteArrayList addresses = {};
+    /// "host:port:other host:other port", for connections elsewhere, as CURLOPT_CONNECT_TO has it.
+    QByteArrayList otherHosts = {};
+    /// Certificates in PEM; those of the system when empty.
+    QByteArray authorities = {};
+};
+
+/// Posts to one address by libcurl, on a thread of its own: whatever a server sends, the thread
+/// that asks is not held up. Over HTTP/2 the requests share one connection, which is kept; over
+/// HTTP/1.1 each has a connection of its own. Cookies, by which the front of a server may know
+/// which of its machines a session lives on, are kept as long as the object.
 class HttpTransport
 {
 public:
-    HttpTransport(const QUrl &url, const HttpLimits &limits);
+    HttpTransport(const QUrl &url, const HttpSettings &settings);
     ~HttpTransport();
     Q_DISABLE_COPY_MOVE(HttpTransport)
 
@@ -22,11 +63,10 @@ public:
     void stop();
 
 private:
-    class Exchanges;
+    class Exchange;
+    class Line;
 
     QUrl m_url;
-    HttpLimits m_limits;
-    QThread m_thread;
-    Exchanges *m_exchanges; ///< lives in the thread
-    bool m_isStopped = false;
+    HttpSettings m_settings;
+    std::unique_ptr<Line> m_line;
 };

@@ -12,3 +12,11 @@ McpError McpError::current()
         return { Domain::Internal, -1, PlatformErrorText::unexpected() };
     }
 }
+
+McpError McpError::asFinal() const
+{
+    if (m_domain == Domain::Client
+        || m_localizedDescription == PlatformErrorText::applicationQuits())
+        return *this;
+    return { m_domain, m_code, PlatformErrorText::final(m_localizedDescription) };
+}

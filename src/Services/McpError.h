@@ -10,7 +10,7 @@ class McpError : public QException
 public:
     enum class Domain {
         Client, ///< the protocol: "VTRMCPClient"
-        Network, ///< no usable HTTP answer arrived; the code is a QAbstractSocket::SocketError
+        Network, ///< no usable HTTP answer arrived; the code is a CURLcode, or -1
         Json, ///< the answer is no JSON document; the code is a QJsonParseError::ParseError
         Internal, ///< the program itself failed, from want of memory for instance
     };
@@ -25,6 +25,8 @@ public:
     /// The exception that is being handled, to be called in a handler: itself when it is an
     /// McpError, or else one of the domain Internal.
     static McpError current();
+    /// What is thrown when nothing more is tried after it: another advice for the same failure.
+    McpError asFinal() const;
 
     Domain domain() const { return m_domain; }
     /// For a protocol error the HTTP status of a failed "initialize", else -1.

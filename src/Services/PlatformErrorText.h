@@ -1,28 +1,24 @@
 #pragma once
 
-#include <QAbstractSocket>
-#include <QJsonParseError>
 #include <QString>
 
 /// Turkish texts for what goes wrong below the protocol, whatever the system's language.
 namespace PlatformErrorText {
 
-/// Installs Qt's own Turkish catalogue, from which the details of TLS and JSON errors come. Call it
-/// once, after the application object is made.
-void installTurkishCatalogue();
-
-/// `certificateError` is Qt's text for what is wrong with the server's certificate; it may be
-/// empty. Qt's text for the network error itself is never shown: much of it comes untranslated from
-/// the system and from OpenSSL.
-QString network(QAbstractSocket::SocketError error, const QString &certificateError);
-QString idleTimeout();
+/// What a CURLcode comes to. `reason` tells more of a refused certificate, by OpenSSL's number, or
+/// of a refused connection, by the system's; 0 is a certificate for another host, or
+/// unknown.
+QString network(int code, long reason = 0);
 QString totalTimeout();
 QString tooLarge();
-/// The answer is no HTTP answer.
-QString badServerResponse();
+/// The system does not tell in time which proxy it wants.
+QString proxyUnknown();
 QString applicationQuits();
 /// The program itself failed, from want of memory for instance.
 QString unexpected();
-QString json(const QJsonParseError &error);
+/// The answer is no JSON document.
+QString notJson();
+/// The same, with the advice for a failure after which nothing more is tried.
+QString final(const QString &text);
 
 } // namespace PlatformErrorText

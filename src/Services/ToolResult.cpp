@@ -25,14 +25,12 @@ bool isTooMuch(const QByteArray &json)
 JsonObject readToolResult(const QByteArray &body)
 {
     if (isTooMuch(body)) {
-        throw McpError(McpError::Domain::Network, QAbstractSocket::OperationError,
-                       PlatformErrorText::tooLarge());
+        throw McpError(McpError::Domain::Network, -1, PlatformErrorText::tooLarge());
     }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(body, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        throw McpError(McpError::Domain::Json, parseError.error,
-                       PlatformErrorText::json(parseError));
+        throw McpError(McpError::Domain::Json, parseError.error, PlatformErrorText::notJson());
     }
     if (!document.isObject())
         throw McpError(McpError::Domain::Client, -1, u"Invalid JSON response"_s);

@@ -77,8 +77,8 @@ HttpHeaders commonHeaders()
 
 } // namespace
 
-VTRMCPClient::VTRMCPClient(const QUrl &endpoint, const HttpLimits &limits)
-    : m_transport(endpoint, limits)
+VTRMCPClient::VTRMCPClient(const QUrl &endpoint, const HttpSettings &settings)
+    : m_transport(endpoint, settings)
 {
     if (!ServiceAddresses::isAcceptableEndpoint(endpoint))
         qFatal("The MCP endpoint is no address to use: %s", qPrintable(endpoint.toString()));
@@ -100,7 +100,7 @@ VTRMCPClient &VTRMCPClient::shared()
 {
     auto &client = instance();
     if (!client) {
-        client.reset(new VTRMCPClient(ServiceAddresses::mcpEndpoint(), HttpLimits()));
+        client.reset(new VTRMCPClient(ServiceAddresses::mcpEndpoint(), HttpSettings()));
         // Network objects must not outlive the application object.
         qAddPostRoutine([] { instance().reset(); });
     }
@@ -145,7 +145,7 @@ QCoro::Task<QString> VTRMCPClient::getSessionId()
         promise.addResult(sessionId);
     } catch (...) {
         // The failed task stays: later calls get its error without asking the server again.
-        promise.setException(McpError::current());
+        promise.setException(McpError::current().asFinal());
     }
     const QFuture<QString> settled = promise.future();
     promise.finish();

@@ -80,7 +80,7 @@ public:
 private:
     friend struct VTRMCPClientTestAccess;
 
-    VTRMCPClient(const QUrl &endpoint, const HttpLimits &limits);
+    VTRMCPClient(const QUrl &endpoint, const HttpSettings &settings);
     static std::unique_ptr<VTRMCPClient> &instance();
 
     /// Ends every exchange and starts no other. Tasks under way end before this returns: with an

@@ -1,4 +1,3 @@
-#include "Services/PlatformErrorText.h"
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
 #include "support/ConsoleCapture.h"
@@ -6,7 +5,7 @@
 #include "support/ToolAnswers.h"
 
 #include <QFile>
-#include <QSslConfiguration>
+#include <QSslSocket>
 
 using namespace Qt::StringLiterals;
 using namespace ServerFaults;
@@ -31,13 +30,11 @@ class FaultTableTest : public ClientTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { PlatformErrorText::installTurkishCatalogue(); }
-
     void calls_data() { addRows(inCalls()); }
     void calls()
     {
         QFETCH(const Fault *, fault);
-        VTRMCPClientTestAccess::replaceShared(m_server->endpoint(), fault->limits);
+        VTRMCPClientTestAccess::replaceShared(m_server->endpoint(), { .limits = fault->limits });
         FlightSearchViewModel viewModel;
         m_server->onToolCall = [](const ReceivedRequest &request) { return good(request, 3); };
         search(viewModel);
@@ -93,12 +90,23 @@ private Q_SLOTS:
         const auto row = [](const char *what, const QString &text, const QString &certificate) {
             QTest::newRow(what) << text << certificate;
         };
+        const QString insecure = u"Sunucuyla güvenli bağlantı kurulamadı"_s;
+        const QString date = u" Bilgisayarınızın tarihini denetleyin."_s;
         row("has a certificate of a trusted authority", result, u"trusted"_s);
-        row("has a self-signed certificate", insecure, u"self-signed"_s);
-        row("has a certificate that has expired", insecure, u"expired"_s);
-        row("has a certificate for another host", insecure, u"other-host"_s);
-        row("has a certificate for others whose common name fits", insecure, u"other-names"_s);
-        row("speaks only TLS 1.1", insecure, u"trusted"_s);
+        const auto refusal = [&row, insecure](const char *what, const QString &text,
+                                              const QString &certificate) {
+            row(what, insecure + text + restart, certificate);
+        };
+        refusal("has a self-signed certificate",
+                u": sunucunun sertifikasını tanınan bir kurum vermemiş."_s, u"self-signed"_s);
+        refusal("has a certificate that has expired",
+                u": sunucunun sertifikasının süresi dolmuş."_s + date, u"expired"_s);
+        refusal("has a certificate that is not valid yet",
+                u": sunucunun sertifikası henüz geçerli değil."_s + date, u"not-yet-valid"_s);
+        const QString others = u": sunucunun sertifikası başka bir adres için verilmiş."_s;
+        refusal("has a certificate for another host", others, u"other-host"_s);
+        refusal("has a certificate for others whose common name fits", others, u"other-names"_s);
+        refusal("speaks only TLS 1.1", u"."_s, u"trusted"_s);
     }
     void secureConnection()
     {
@@ -106,16 +114,13 @@ private Q_SLOTS:
         QFETCH(QString, certificate);
         if (!QSslSocket::supportsSsl())
             QSKIP("No TLS here.");
-        QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
-        trusting.addCaCertificate(ScriptedServer::certificate(u"authority"_s));
-        QSslConfiguration::setDefaultConfiguration(trusting);
         const QByteArray what = QTest::currentDataTag();
         QT_WARNING_PUSH
         QT_WARNING_DISABLE_DEPRECATED
         ScriptedServer server(certificate,
                               what.contains("1.1") ? QSsl::TlsV1_1 : QSsl::SecureProtocols);
         QT_WARNING_POP
-        VTRMCPClientTestAccess::replaceShared(server.endpoint());
+        VTRMCPClientTestAccess::replaceShared(server.endpoint(), trustingSettings());
 
         const auto outcome = settle(call());
         QVERIFY2(isText(outcome.errorText(), text), qPrintable(outcome.errorText()));
@@ -127,17 +132,15 @@ private Q_SLOTS:
     void noServer()
     {
         m_server->close();
-        QCOMPARE(
-            settle(call()).errorText(),
-            u"Sunucuya bağlanılamadı: bağlantı reddedildi. Lütfen daha sonra yeniden deneyin."_s);
+        QCOMPARE(settle(call()).errorText(),
+                 u"Sunucuya bağlanılamadı: bağlantı reddedildi."_s + restart);
     }
 
     void noSecureServer()
     {
-        // The details that OpenSSL has for this are in English.
         QUrl endpoint = m_server->endpoint();
         endpoint.setScheme(u"https"_s);
-        VTRMCPClientTestAccess::replaceShared(endpoint, { .idle = 1s });
+        VTRMCPClientTestAccess::replaceShared(endpoint, { .limits = { .idle = 1s } });
         QVERIFY(settle(call()).error);
         QVERIFY(m_server->requests().isEmpty());
     }

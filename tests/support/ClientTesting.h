@@ -17,10 +17,10 @@
 struct VTRMCPClientTestAccess
 {
     /// Makes a fresh client the shared one; the former is destroyed first.
-    static VTRMCPClient &replaceShared(const QUrl &endpoint, const HttpLimits &limits = {})
+    static VTRMCPClient &replaceShared(const QUrl &endpoint, const HttpSettings &settings = {})
     {
         destroyShared();
-        VTRMCPClient::instance().reset(new VTRMCPClient(endpoint, limits));
+        VTRMCPClient::instance().reset(new VTRMCPClient(endpoint, settings));
         return VTRMCPClient::shared();
     }
     /// Calls whose session is lost are repeated with pauses no longer than this.
@@ -38,6 +38,12 @@ struct VTRMCPClientTestAccess
             ToolCall<Record> { QStringLiteral("any"), {}, std::move(reader) });
     }
 };
+
+/// With the authority of the tests' certificates instead of the system's.
+inline HttpSettings trustingSettings()
+{
+    return { .authorities = ScriptedServer::certificate(QStringLiteral("authority")).toPem() };
+}
 
 /// How a task ended.
 template<typename T>
@@ -105,7 +111,7 @@ protected Q_SLOTS:
     void init()
     {
         m_server = std::make_unique<ScriptedServer>();
-        VTRMCPClientTestAccess::replaceShared(m_server->endpoint(), m_limits);
+        VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
     }
     void cleanup()
     {
@@ -120,6 +126,5 @@ protected:
         return VTRMCPClient::shared().callTool(tool, arguments);
     }
 
-    HttpLimits m_limits;
     std::unique_ptr<ScriptedServer> m_server;
 };

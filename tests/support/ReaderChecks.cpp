@@ -4,7 +4,6 @@
 #include "Services/CityGuideTool.h"
 #include "Services/FlightSearchTool.h"
 #include "Services/FlightStatusTool.h"
-#include "Services/HttpAnswerReader.h"
 #include "Services/McpError.h"
 #include "Services/PriceCalendarTool.h"
 #include "Services/PromotionsTool.h"
@@ -27,28 +26,6 @@ void require(bool holds, const char *what)
 {
     if (!holds)
         qFatal("This does not hold: %s", what);
-}
-
-/// The answer comes to the same however it is cut.
-void checkHttp(const QByteArray &bytes)
-{
-    if (bytes.isEmpty())
-        return;
-    const HttpLimits limits { .bodyBytes = 4096, .headBytes = 2048, .headLines = 20 };
-    const QByteArrayView answer = QByteArrayView(bytes).sliced(1);
-    const qsizetype piece = 1 + static_cast<unsigned char>(bytes.front()) % 16;
-    HttpAnswerReader whole(limits);
-    whole.take(answer);
-    HttpAnswerReader cut(limits);
-    for (qsizetype at = 0; at < answer.size(); at += piece)
-        cut.take(answer.sliced(at, std::min(piece, answer.size() - at)));
-    require(whole.takeEnd() == cut.takeEnd(), "same state however cut");
-    if (whole.takeEnd() != HttpAnswerReader::State::whole)
-        return;
-    require(whole.answer().body == cut.answer().body, "same body however cut");
-    require(whole.answer().headers == cut.answer().headers, "same headers however cut");
-    require(whole.answer().status >= 200 && whole.answer().status <= 999, "a final status");
-    require(whole.answer().body.size() <= limits.bodyBytes, "a body within the limit");
 }
 
 /// A reply is read, or refused as the server's fault.
@@ -130,7 +107,7 @@ const std::pair<QString, ObjectCheck> objectChecks[] {
 
 QStringList ReaderChecks::readers()
 {
-    QStringList names { u"http"_s, u"reply"_s };
+    QStringList names { u"reply"_s };
     for (const auto &[name, check] : objectChecks)
         names.append(name);
     return names;
@@ -138,8 +115,6 @@ QStringList ReaderChecks::readers()
 
 void ReaderChecks::check(const QString &reader, const QByteArray &bytes)
 {
-    if (reader == u"http")
-        return checkHttp(bytes);
     if (reader == u"reply")
         return checkReply(bytes);
     const JsonObject json = received(bytes);

@@ -7,9 +7,9 @@
 /// and names itself; so does a fault that a sanitizer sees.
 namespace ReaderChecks {
 
-/// http, reply, calendar, flights, status, promotions, guide, records.
+/// reply, calendar, flights, status, promotions, guide, records.
 QStringList readers();
-/// Lets one of them read. For all but the first two `bytes` is a JSON object, or a data file that
+/// Lets one of them read. For all but the first `bytes` is a JSON object, or a data file that
 /// has it as "reply"; what is neither is ignored.
 void check(const QString &reader, const QByteArray &bytes);
 

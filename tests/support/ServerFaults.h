@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Services/HttpAnswer.h"
+#include "Services/HttpTransport.h"
 #include "support/ScriptedServer.h"
 
 /// What a server may do wrong, and what the user is told then.
@@ -14,9 +14,13 @@ inline const QString late = QStringLiteral(
     "Yanıt zamanında tamamlanmadı, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
 inline const QString invalid = QStringLiteral("Sunucudan geçersiz bir yanıt alındı.");
 inline const QString tooLarge = QStringLiteral("Sunucunun yanıtı kabul edilemeyecek kadar büyük.");
-// What Qt has to say about the details follows these two.
-inline const QString noJson = QStringLiteral("Sunucunun yanıtı okunamadı: …");
-inline const QString insecure = QStringLiteral("Sunucuyla güvenli bağlantı kurulamadı…");
+/// libcurl's versions differ in which of the two it is.
+inline const QString closedOrInvalid = QStringLiteral("Sunucu…");
+inline const QString noJson = QStringLiteral("Sunucunun yanıtı okunamadı. Lütfen yeniden deneyin.");
+/// Advice for what is not tried again.
+inline const QString restart = QStringLiteral(" Lütfen uygulamayı yeniden başlatın.");
+inline const QString closedAtStart =
+    QStringLiteral("Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı.") + restart;
 
 struct Fault
 {

@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // Short, so that a minute sees them pass.
-const HttpLimits limits { .idle = 1s, .total = 4s };
+const HttpSettings settings { .limits = { .idle = 1s, .total = 4s } };
 // No call takes longer, breaths before its repetition included.
 constexpr auto longestSilence = 10s;
 
@@ -82,7 +82,7 @@ RandomUser::RandomUser(quint32 seed)
     ServiceAddresses::setMcpEndpoint(m_server.endpoint());
     for (const QString &scheme : { u"http"_s, u"https"_s })
         QDesktopServices::setUrlHandler(scheme, this, "noteLink");
-    VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), limits);
+    VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), settings);
     openWindow();
 }
 
@@ -258,7 +258,7 @@ void RandomUser::reopenWindow()
     if (m_server.refusedSession() || below(2) == 0) {
         VTRMCPClientTestAccess::destroyShared();
         closeWindow();
-        VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), limits);
+        VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), settings);
     } else {
         closeWindow();
     }
