@@ -10,3 +10,6 @@ find_package(CURL 7.87 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS i18n uc)
 # libvalijson-dev: headers alone; the name of its CMake target differs between versions.
 find_path(VANTORA_VALIJSON_INCLUDE valijson/validator.hpp REQUIRED)
+# libmicrohttpd-dev
+find_path(VANTORA_MICROHTTPD_INCLUDE microhttpd.h REQUIRED)
+find_library(VANTORA_MICROHTTPD_LIBRARY microhttpd REQUIRED)

@@ -1,8 +1,6 @@
-#include "sample_server/ToolArguments.h"
-#include "sample_server/ToolRegistry.h"
+#include "sample_server/Tool.h"
 
 #include <QHash>
-#include <QJsonArray>
 
 namespace Sample {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sample_server/Itinerary.h"
+#include "sample_server/ItineraryPlanner.h"
 
 namespace Sample {
 
@@ -9,8 +9,5 @@ enum class Cabin { Economy, Business };
 /// The fare of one adult in Turkish lira, whole or half. It follows the distance, the weekday, the
 /// season and how early one books, and is the same whenever it is asked for on the same day.
 double fare(const Itinerary &itinerary, Cabin cabin, QDate today);
-
-/// The itinerary with the lowest economy fare, the earliest of several; null for an empty list.
-const Itinerary *cheapest(const QList<Itinerary> &itineraries, QDate today);
 
 } // namespace Sample

@@ -2,12 +2,8 @@
 
 #include "sample_server/StableRandom.h"
 
-#include <QTimeZone>
-
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <iterator>
 
 namespace Sample {
 
@@ -16,82 +12,106 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double shortestSectorKm = 120; ///< two airports of one city need no flight
+constexpr double longestSectorKm = 12500;
 constexpr double secondHubReachKm = 3500;
 constexpr int firstDepartureMinute = 5 * 60 + 30;
 constexpr int lastDepartureMinute = 23 * 60 + 55;
 /// Often enough that nearly every arriving flight has a connection.
 constexpr int transferDeparturesADay = 4;
-constexpr int unassignedNumber = 404; ///< promised to be no flight
 
-/// Flight numbers that people know by heart, and what demonstrations rely on: the first number of
-/// the route's block.
-struct FixedNumbers
-{
-    const char *base;
-    const char *outstation;
-    int firstNumber;
-};
-constexpr FixedNumbers fixedNumbers[] = {
-    { "IST", "JFK", 1 }, // VQ1 and VQ2
-    { "IST", "CDG", 1897 }, // holds VQ1907
-    { "IST", "LHR", 1971 }, // holds VQ1983
-};
-
-/// An airport beyond the hubs where travellers of a region change aircraft.
+/// Airports beyond the hubs where travellers change aircraft, and to where these fly from there.
 struct TransferAirport
 {
-    const char *code;
-    QStringList regions; ///< regions of the airports it is linked with; "" is domestic
-    double reachKm;
-    QStringList always; ///< links that always exist
+    QString code;
+    QString outstations;
 };
 
 const QList<TransferAirport> &regionalTransferAirports()
 {
     static const QList<TransferAirport> airports {
-        { "ESB", { QString(), u"Europe"_s }, 3000, { u"ECN"_s, u"LHR"_s } },
-        { "AYT", { u"Europe"_s }, 3200, { u"ECN"_s } },
-        { "VIE", { u"Europe"_s }, 1900, { u"LHR"_s, u"FRA"_s } },
-        { "FRA", { u"Europe"_s, u"America"_s }, 9600, { u"JFK"_s, u"LHR"_s } },
-        { "DXB", { u"Asia"_s, u"Africa"_s, u"Indian"_s }, 6500, { u"SIN"_s, u"BKK"_s } },
-        { "SIN", { u"Asia"_s, u"Australia"_s }, 6500, { u"SYD"_s, u"MEL"_s } },
+        { u"ESB"_s, u"ADB AYT BJV DIY ERZ GZT TZX VAN ECN AMS BER BRU CDG DUS FRA LHR MUC VIE"_s },
+        { u"AYT"_s, u"ECN AMS ARN BER CPH DUS FRA HAM LHR MUC PRG VIE WAW ZRH"_s },
+        { u"VIE"_s, u"AMS ARN ATH BCN BEG BER BRU BUD CDG CPH DUB FCO FRA LHR MXP OTP SOF ZAG"_s },
+        { u"FRA"_s, u"ATL BOS CUN DFW DUB EWR IAD IAH JFK LAX LHR LIS MAD MEX MIA ORD YUL YYZ"_s },
+        { u"DXB"_s, u"BKK BOM CAN CGK CMB DEL DPS HKG HKT JNB KUL MLE NBO PEK PVG SIN ZNZ"_s },
+        { u"SIN"_s, u"BKK CGK DPS HKG HKT KUL MEL SYD"_s },
     };
     return airports;
 }
 
+// clang-format off
+constexpr AircraftType regionalJet { "E95"_L1, "Embraer 195"_L1, 0, 1600 };
+constexpr AircraftType jets[] {
+    { "738"_L1, "Boeing 737-800"_L1,            0,  4500 },
+    { "73H"_L1, "Boeing 737-800"_L1,            0,  4500 },
+    { "739"_L1, "Boeing 737-900ER"_L1,          0,  4800 },
+    { "73J"_L1, "Boeing 737-900ER"_L1,          0,  4800 },
+    { "7M8"_L1, "Boeing 737 MAX 8"_L1,        500,  5500 },
+    { "7M9"_L1, "Boeing 737 MAX 9"_L1,        500,  5500 },
+    { "MAX"_L1, "Boeing 737 MAX"_L1,          500,  5500 },
+    { "320"_L1, "Airbus A320neo"_L1,            0,  4500 },
+    { "321"_L1, "Airbus A321neo"_L1,            0,  5000 },
+    { "32Q"_L1, "Airbus A321neo"_L1,          300,  6500 },
+    { "332"_L1, "Airbus A330-200"_L1,        2400, 11000 },
+    { "333"_L1, "Airbus A330-300"_L1,        2000,  9500 },
+    { "787"_L1, "Boeing 787-9 Dreamliner"_L1, 5500, longestSectorKm },
+    { "789"_L1, "Boeing 787-9 Dreamliner"_L1, 2400, longestSectorKm },
+    { "350"_L1, "Airbus A350-900"_L1,        5500, longestSectorKm },
+    { "359"_L1, "Airbus A350-900"_L1,        5500, longestSectorKm },
+    { "773"_L1, "Boeing 777-300ER"_L1,       6500, longestSectorKm },
+    { "777"_L1, "Boeing 777-300ER"_L1,       6500, longestSectorKm },
+    { "77W"_L1, "Boeing 777-300ER"_L1,       6500, longestSectorKm },
+};
+// clang-format on
+
+/// `choice` spreads the possible types over the network; thin short sectors get the smallest jets.
+const AircraftType &aircraftFor(double sectorKm, int demand, quint64 choice)
+{
+    if (demand <= 2 && sectorKm <= regionalJet.longestKm && choice % 2 == 0)
+        return regionalJet;
+    QList<const AircraftType *> able;
+    for (const AircraftType &type : jets) {
+        if (sectorKm >= type.shortestKm && sectorKm <= type.longestKm)
+            able.append(&type);
+    }
+    return *able.at(qsizetype(choice % quint64(able.size())));
+}
+
+bool isMainHub(const AirportSite &site) { return site.code == u"IST"; }
+
 int roundedToFive(double minutes) { return int(std::lround(minutes / 5)) * 5; }
 
-int blockMinutes(double km) { return roundedToFive(30 + km / 840 * 60); }
-
-int slotsFor(const AirportSite &base, const AirportSite &outstation, double km, bool forTransfers)
+int slotsFor(const AirportSite &base, const AirportSite &outstation)
 {
-    if (forTransfers)
-        return transferDeparturesADay;
-    constexpr std::array shortHaul { 1, 2, 4, 6, 10 };
-    constexpr std::array mediumHaul { 1, 1, 2, 3, 5 };
-    constexpr std::array longHaul { 1, 1, 1, 2, 3 };
-    const auto &table = km < 5000 ? shortHaul : km < 9000 ? mediumHaul : longHaul;
-    StableRandom random = stableRandom(u"slots", base.code, outstation.code);
-    int slots = table.at(size_t(outstation.demand - 1));
-    if (slots >= 6)
-        slots += random.below(slots >= 10 ? 5 : 3) - (slots >= 10 ? 2 : 1);
-    return base.code == "IST"_L1 ? slots : std::max(1, slots / 2);
+    constexpr int slotsOfDemand[] { 1, 2, 4, 6, 10 };
+    const double km = distanceKm(base, outstation);
+    const int usual = slotsOfDemand[outstation.demand - 1] / (km < 5000 ? 1 : km < 9000 ? 2 : 3);
+    StableRandom random(u"slots", base.code, outstation.code);
+    const int slots = usual + random.below(std::max(1, usual / 2)) - usual / 4;
+    return std::max(1, isMainHub(base) ? slots : slots / 2);
 }
 
-qint64 toUtcMinute(const QDateTime &local, const QTimeZone &zone)
+/// Numbers that people know by heart are the first of a route; the others follow one another in
+/// families.
+int firstNumberOf(const AirportSite &base, const AirportSite &outstation, bool onlyForTransfers,
+                  QHash<int, int> &used, int count)
 {
-    return QDateTime(local.date(), local.time(), zone).toSecsSinceEpoch() / 60;
-}
-
-QDateTime toLocal(qint64 utcMinute, const QTimeZone &zone)
-{
-    const QDateTime moment = QDateTime::fromSecsSinceEpoch(utcMinute * 60, zone);
-    return QDateTime(moment.date(), moment.time(), QTimeZone::utc());
+    static const QHash<QString, int> famous {
+        { u"JFK"_s, 1 }, // VQ1 and VQ2
+        { u"CDG"_s, 1897 }, // holds VQ1907
+        { u"LHR"_s, 1971 }, // holds VQ1983
+    };
+    if (isMainHub(base) && famous.contains(outstation.code))
+        return famous.value(outstation.code);
+    const int family = onlyForTransfers       ? 5001
+        : !isMainHub(base)                    ? 7001
+        : outstation.isDomestic()             ? 2101
+        : distanceKm(base, outstation) > 5500 ? 21
+                                              : 1001;
+    return family + std::exchange(used[family], used[family] + count);
 }
 
 } // namespace
-
-QString ScheduledFlight::flightNumber() const { return u"VQ"_s + QString::number(number); }
 
 const FlightNetwork &FlightNetwork::shared()
 {
@@ -101,115 +121,44 @@ const FlightNetwork &FlightNetwork::shared()
 
 FlightNetwork::FlightNetwork()
 {
-    for (const AirportSite &site : airportSites()) {
-        if (site.hub)
-            m_transferAirports.append(&site);
-    }
-    for (const TransferAirport &transfer : regionalTransferAirports()) {
-        if (const AirportSite *site = airportSite(QString::fromLatin1(transfer.code)))
-            m_transferAirports.append(site);
-    }
-    addHubServices();
-    addTransferServices();
-}
-
-void FlightNetwork::addHubServices()
-{
-    for (const AirportSite *base : std::as_const(m_transferAirports)) {
-        if (!base->hub)
+    for (const AirportSite &hub : airportSites()) {
+        if (!hub.hub)
             continue;
-        const bool mainHub = base->code == "IST"_L1;
+        m_transferAirports.append(&hub);
         for (const AirportSite &site : airportSites()) {
-            const double km = distanceKm(*base, site);
-            const bool transfers = m_transferAirports.contains(&site);
-            const bool served = mainHub ? km <= longestSectorKm
-                                        : km <= secondHubReachKm
-                    && (transfers || site.domestic || site.demand >= 4
-                        || stableRandom(u"second hub", site.code).oneIn(2));
+            const double km = distanceKm(hub, site);
+            const bool served = isMainHub(hub)
+                ? km <= longestSectorKm
+                : km <= secondHubReachKm && (site.isDomestic() || site.demand >= 3);
             if (!site.hub && km >= shortestSectorKm && served)
-                add(*base, site, false);
+                add(hub, site, false);
         }
     }
-}
-
-void FlightNetwork::addTransferServices()
-{
     for (const TransferAirport &transfer : regionalTransferAirports()) {
-        const AirportSite *base = airportSite(QString::fromLatin1(transfer.code));
-        if (!base)
-            continue;
-        for (const AirportSite &site : airportSites()) {
-            const QString region = site.domestic ? QString() : site.region;
-            const double km = distanceKm(*base, site);
-            const bool chosen = transfer.always.contains(site.code)
-                || (transfer.regions.contains(region) && site.demand >= 2
-                    && stableRandom(u"link", base->code, site.code).below(5) < 3);
-            if (!site.hub && chosen && km >= shortestSectorKm && km <= transfer.reachKm
-                && !serviceBetween(*base, site))
-                add(*base, site, true);
-        }
+        const AirportSite *base = airportSite(transfer.code);
+        m_transferAirports.append(base);
+        for (const QString &code : transfer.outstations.split(u' '))
+            add(*base, *airportSite(code), true);
     }
 }
 
 void FlightNetwork::add(const AirportSite &base, const AirportSite &outstation,
                         bool onlyForTransfers)
 {
-    Service service { .base = &base,
-                      .outstation = &outstation,
-                      .km = distanceKm(base, outstation),
-                      .demand = outstation.demand,
-                      .onlyForTransfers = onlyForTransfers };
-    service.slots = slotsFor(base, outstation, service.km, onlyForTransfers);
-    service.firstNumber = allocateNumbers(service);
-
+    const int slots = onlyForTransfers ? transferDeparturesADay : slotsFor(base, outstation);
+    const int first = firstNumberOf(base, outstation, onlyForTransfers, m_usedNumbers, 2 * slots);
     const int index = int(m_services.size());
-    for (int number = service.firstNumber; number < service.firstNumber + 2 * service.slots;
-         ++number)
+    for (int number = first; number < first + 2 * slots; ++number)
         m_serviceOfNumber.insert(number, index);
-    m_serviceOfPair.insert({ &base, &outstation }, index);
-    m_serviceOfPair.insert({ &outstation, &base }, index);
-    m_services.append(service);
-}
-
-/// The first free block of the route's family of numbers.
-int FlightNetwork::allocateNumbers(const Service &service)
-{
-    const int count = 2 * service.slots;
-    constexpr int blockOfFixedNumbers = 30; // no fixed route has more departures
-    int start = service.km > 5500 ? 21 : 1001;
-    for (const FixedNumbers &fixed : fixedNumbers) {
-        if (service.base->code == QLatin1StringView(fixed.base)
-            && service.outstation->code == QLatin1StringView(fixed.outstation))
-            return fixed.firstNumber;
-    }
-    if (service.onlyForTransfers)
-        start = 5001;
-    else if (service.base->code != "IST"_L1)
-        start = 7001;
-    else if (service.outstation->domestic)
-        start = 2101;
-
-    const auto isTaken = [this](int number) {
-        const bool fixed = std::any_of(std::begin(fixedNumbers), std::end(fixedNumbers),
-                                       [number](const FixedNumbers &block) {
-                                           return number >= block.firstNumber
-                                               && number < block.firstNumber + blockOfFixedNumbers;
-                                       });
-        return fixed || number == unassignedNumber || m_serviceOfNumber.contains(number);
-    };
-    for (int free = 0; free < count; ++free) {
-        if (isTaken(start + free)) {
-            start += free + 1 + (free + 1) % 2;
-            free = -1;
-        }
-    }
-    return start;
+    m_serviceOfPair.insert({ base.code, outstation.code }, index);
+    m_serviceOfPair.insert({ outstation.code, base.code }, index);
+    m_services.append({ &base, &outstation, onlyForTransfers, slots, first });
 }
 
 const FlightNetwork::Service *FlightNetwork::serviceBetween(const AirportSite &from,
                                                             const AirportSite &to) const
 {
-    const int index = m_serviceOfPair.value({ &from, &to }, -1);
+    const int index = m_serviceOfPair.value({ from.code, to.code }, -1);
     return index < 0 ? nullptr : &m_services.at(index);
 }
 
@@ -232,20 +181,20 @@ ScheduledFlight FlightNetwork::makeFlight(const Service &service, bool outbound,
     flight.origin = outbound ? service.base : service.outstation;
     flight.destination = outbound ? service.outstation : service.base;
 
-    StableRandom ofFlight = stableRandom(u"flight", quint64(flight.number));
+    StableRandom ofFlight(u"flight", flight.number);
     const double slotLength = double(lastDepartureMinute - firstDepartureMinute) / service.slots;
-    const int minute = std::clamp(
-        roundedToFive(firstDepartureMinute + slotLength * (slot + ofFlight.between(0.1, 0.9))),
-        firstDepartureMinute, lastDepartureMinute);
-    flight.departure = QDateTime(date, QTime(minute / 60, minute % 60), QTimeZone::utc());
-    flight.departureMinute = toUtcMinute(flight.departure, flight.origin->timeZone);
-    flight.arrivalMinute = flight.departureMinute + blockMinutes(service.km);
-    flight.arrival = toLocal(flight.arrivalMinute, flight.destination->timeZone);
+    const int minute =
+        roundedToFive(firstDepartureMinute + slotLength * (slot + ofFlight.between(0.1, 0.9)));
+    const double km = distanceKm(*service.base, *service.outstation);
+    flight.departure = QDateTime(date, QTime(minute / 60, minute % 60), flight.origin->timeZone);
+    flight.arrival = flight.departure.addSecs(60LL * roundedToFive(30 + km / 840 * 60))
+                         .toTimeZone(flight.destination->timeZone);
 
-    const quint64 usualAircraft = ofFlight.next();
-    StableRandom ofDay = stableRandom(u"aircraft", quint64(flight.number), date);
+    // Now and then another type flies.
+    const quint64 usual = ofFlight.next();
+    StableRandom ofDay(u"aircraft", flight.number, date);
     flight.aircraft =
-        &aircraftFor(service.km, service.demand, ofDay.oneIn(8) ? ofDay.next() : usualAircraft);
+        &aircraftFor(km, service.outstation->demand, ofDay.oneIn(8) ? ofDay.next() : usual);
     return flight;
 }
 
@@ -254,19 +203,17 @@ QList<ScheduledFlight> FlightNetwork::flights(const AirportSite &from, const Air
 {
     QList<ScheduledFlight> flights;
     const Service *service = serviceBetween(from, to);
-    if (!service)
-        return flights;
-    for (int slot = 0; slot < service->slots; ++slot)
+    for (int slot = 0; service && slot < service->slots; ++slot)
         flights.append(makeFlight(*service, service->base == &from, slot, date));
     return flights;
 }
 
 std::optional<ScheduledFlight> FlightNetwork::flight(int number, QDate date) const
 {
-    const int index = m_serviceOfNumber.value(number, -1);
-    if (index < 0)
+    const auto index = m_serviceOfNumber.constFind(number);
+    if (index == m_serviceOfNumber.cend())
         return std::nullopt;
-    const Service &service = m_services.at(index);
+    const Service &service = m_services.at(*index);
     const int place = number - service.firstNumber;
     return makeFlight(service, place % 2 == 0, place / 2, date);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "sample_server/AirportGeography.h"
-#include "sample_server/Fleet.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -11,23 +10,27 @@
 /// The airline's timetable: which airports it connects non-stop, and with which flights a day.
 namespace Sample {
 
-/// One departure of one flight number. Local times carry no zone of their own: they are what the
-/// airport's clock shows.
+struct AircraftType
+{
+    QLatin1StringView code; ///< as timetables write it; two codes may mean one type
+    QLatin1StringView name; ///< as a traveller reads it
+    double shortestKm = 0; ///< sectors below this are flown by smaller types
+    double longestKm = 0;
+};
+
+/// One departure of one flight number.
 struct ScheduledFlight
 {
     int number = 0; ///< without the airline's prefix; odd away from the hub, even towards it
     const AirportSite *origin = nullptr;
     const AirportSite *destination = nullptr;
-    QDateTime departure; ///< local time of the origin
-    QDateTime arrival; ///< local time of the destination
-    qint64 departureMinute = 0; ///< minutes since 1970 in UTC
-    qint64 arrivalMinute = 0; ///< minutes since 1970 in UTC
+    QDateTime departure; ///< in the time zone of the origin
+    QDateTime arrival; ///< in the time zone of the destination
     const AircraftType *aircraft = nullptr;
 
     QDate date() const { return departure.date(); }
     /// "VQ1983"
-    QString flightNumber() const;
-    int durationMinutes() const { return int(arrivalMinute - departureMinute); }
+    QString flightNumber() const { return QStringLiteral("VQ%1").arg(number); }
 };
 
 /// Immutable after construction and safe to use from several threads at once.
@@ -52,29 +55,25 @@ public:
     std::optional<ScheduledFlight> flight(int number, QDate date) const;
 
 private:
+    /// One direction's flights have the odd numbers from the first on, those back the even ones.
     struct Service
     {
         const AirportSite *base = nullptr; ///< the hub or transfer airport
         const AirportSite *outstation = nullptr;
-        double km = 0;
-        int demand = 1;
-        int slots = 1; ///< departures a day in each direction
-        int firstNumber = 0; ///< odd
         bool onlyForTransfers = false;
+        int slots = 1; ///< departures a day in each direction
+        int firstNumber = 0;
     };
-    using AirportPair = QPair<const AirportSite *, const AirportSite *>;
 
     FlightNetwork();
-    void addHubServices();
-    void addTransferServices();
     void add(const AirportSite &base, const AirportSite &outstation, bool onlyForTransfers);
-    int allocateNumbers(const Service &service);
     const Service *serviceBetween(const AirportSite &from, const AirportSite &to) const;
     ScheduledFlight makeFlight(const Service &service, bool outbound, int slot, QDate date) const;
 
     QList<Service> m_services;
-    QHash<AirportPair, int> m_serviceOfPair; ///< index into m_services, under both orders
-    QHash<int, int> m_serviceOfNumber; ///< index into m_services
+    QHash<QPair<QString, QString>, int> m_serviceOfPair; ///< index, by codes in both orders
+    QHash<int, int> m_serviceOfNumber; ///< index
+    QHash<int, int> m_usedNumbers; ///< how many, by the first number of the family
     QList<const AirportSite *> m_transferAirports;
 };
 

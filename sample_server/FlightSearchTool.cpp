@@ -1,12 +1,6 @@
 #include "sample_server/FareModel.h"
-#include "sample_server/ItineraryPlanner.h"
 #include "sample_server/StableRandom.h"
 #include "sample_server/Tool.h"
-#include "sample_server/ToolArguments.h"
-
-#include <QJsonArray>
-#include <QUrl>
-#include <QUrlQuery>
 
 namespace Sample {
 
@@ -18,7 +12,7 @@ QString localTime(const QDateTime &moment) { return moment.toString(u"yyyy-MM-dd
 
 int seatsLeft(const ScheduledFlight &flight)
 {
-    return stableRandom(u"seats", quint64(flight.number), flight.date()).below(10);
+    return StableRandom(u"seats", flight.number, flight.date()).below(10);
 }
 
 QJsonObject segmentObject(const ScheduledFlight &flight)
@@ -29,7 +23,7 @@ QJsonObject segmentObject(const ScheduledFlight &flight)
              { u"arrivalDateTime"_s, localTime(flight.arrival) },
              { u"departureAirportCode"_s, flight.origin->code },
              { u"arrivalAirportCode"_s, flight.destination->code },
-             { u"equipment"_s, flight.aircraft->code },
+             { u"equipment"_s, QString(flight.aircraft->code) },
              { u"availableSeatCount"_s, seatsLeft(flight) } };
 }
 
@@ -38,26 +32,20 @@ QString bookingLink(const Itinerary &itinerary, int passengers, const QString &w
     QStringList numbers;
     for (const ScheduledFlight &segment : itinerary.segments)
         numbers.append(segment.flightNumber());
-    QUrlQuery query;
-    query.addQueryItem(u"from"_s, itinerary.origin().code);
-    query.addQueryItem(u"to"_s, itinerary.destination().code);
-    query.addQueryItem(u"date"_s, itinerary.date().toString(Qt::ISODate));
-    query.addQueryItem(u"flights"_s, numbers.join(u'-'));
-    query.addQueryItem(u"adults"_s, QString::number(passengers));
-    QUrl link(webSite + u"/booking"_s);
-    link.setQuery(query);
-    return link.toString(QUrl::FullyEncoded);
+    return u"%1/booking?from=%2&to=%3&date=%4&flights=%5&adults=%6"_s
+        .arg(webSite, itinerary.origin().code, itinerary.destination().code,
+             itinerary.date().toString(Qt::ISODate), numbers.join(u'-'))
+        .arg(passengers);
 }
 
 QJsonObject optionObject(const Itinerary &itinerary, int passengers, const ToolContext &context)
 {
-    constexpr qint64 millisecondsOfMinute = 60'000;
     QJsonArray segments;
     for (const ScheduledFlight &segment : itinerary.segments)
         segments.append(segmentObject(segment));
     return {
         { u"flightSegments"_s, segments },
-        { u"journeyDuration"_s, itinerary.durationMinutes() * millisecondsOfMinute },
+        { u"journeyDuration"_s, itinerary.seconds() * 1000 },
         { u"cheapestPriceAmount"_s, fare(itinerary, Cabin::Economy, context.today()) * passengers },
         { u"cheapestPriceCurrency"_s, u"TRY"_s },
         { u"cheapestBookingPriceType"_s, u"ECONOMY"_s },

@@ -1,8 +1,6 @@
-#include "sample_server/FlightNetwork.h"
 #include "sample_server/ItineraryPlanner.h"
 #include "sample_server/StableRandom.h"
 #include "sample_server/Tool.h"
-#include "sample_server/ToolArguments.h"
 
 #include <QRegularExpression>
 
@@ -14,17 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Phase { BeforeDeparture, InAir, Landed };
+enum Phase { BeforeDeparture, InAir, Landed };
 
 constexpr int alwaysPunctual = 1983;
 constexpr int alwaysDelayed = 1907;
 constexpr int inAirToday = 1;
 constexpr int inAirAndDelayedToday = 2;
-constexpr int minutesDelayIsKnownAhead = 6 * 60;
+constexpr int secondsDelayIsKnownAhead = 6 * 60 * 60;
+/// How far from today a flight has a status. An itinerary of the last day on sale may end later.
+constexpr int daysWithStatus = ItineraryPlanner::daysOnSale + 2;
 
 struct FlightState
 {
-    Phase phase = Phase::BeforeDeparture;
+    Phase phase = BeforeDeparture;
     int delayMinutes = 0; ///< as far as it is known yet
 };
 
@@ -41,9 +41,6 @@ int parsedNumber(const QString &typed)
     return match.captured(1).toInt();
 }
 
-/// How far from today a flight has a status. An itinerary of the last day on sale may end later.
-constexpr int daysWithStatus = ItineraryPlanner::daysOnSale + 2;
-
 ScheduledFlight flightOf(int number, QDate date, QDate today)
 {
     if (std::abs(today.daysTo(date)) > daysWithStatus)
@@ -57,65 +54,44 @@ ScheduledFlight flightOf(int number, QDate date, QDate today)
 
 int delayOf(const ScheduledFlight &flight)
 {
-    StableRandom random = stableRandom(u"delay", quint64(flight.number), flight.date());
+    StableRandom random(u"delay", flight.number, flight.date());
     const int minutes = 15 + 5 * random.below(18);
-    switch (flight.number) {
-    case alwaysPunctual:
-    case inAirToday:
-        return 0;
-    case alwaysDelayed:
-    case inAirAndDelayedToday:
+    if (flight.number == alwaysDelayed || flight.number == inAirAndDelayedToday)
         return minutes;
-    default:
-        return random.oneIn(4) ? minutes : 0;
-    }
+    const bool punctual = flight.number == alwaysPunctual || flight.number == inAirToday;
+    return !punctual && random.oneIn(4) ? minutes : 0;
 }
 
 FlightState stateOf(const ScheduledFlight &flight, const QDateTime &now)
 {
-    const qint64 minute = now.toSecsSinceEpoch() / 60;
-    FlightState state { Phase::BeforeDeparture, delayOf(flight) };
-    if (minute >= flight.arrivalMinute + state.delayMinutes)
-        state.phase = Phase::Landed;
-    else if (minute >= flight.departureMinute + state.delayMinutes)
-        state.phase = Phase::InAir;
-    else if (minute < flight.departureMinute - minutesDelayIsKnownAhead
-             && flight.number != alwaysDelayed)
-        state.delayMinutes = 0;
-
-    if (flight.date() == now.date()) {
-        if (flight.number == alwaysPunctual || flight.number == alwaysDelayed)
-            state.phase = Phase::BeforeDeparture;
-        if (flight.number == inAirToday || flight.number == inAirAndDelayedToday)
-            state = { Phase::InAir, delayOf(flight) };
-    }
-    return state;
+    const int delay = delayOf(flight);
+    const bool alwaysWaits = flight.number == alwaysPunctual || flight.number == alwaysDelayed;
+    const bool alwaysFlies = flight.number == inAirToday || flight.number == inAirAndDelayedToday;
+    if (flight.date() == now.date() && (alwaysWaits || alwaysFlies))
+        return { alwaysFlies ? InAir : BeforeDeparture, delay };
+    if (now >= flight.arrival.addSecs(60LL * delay))
+        return { Landed, delay };
+    if (now >= flight.departure.addSecs(60LL * delay))
+        return { InAir, delay };
+    const bool isKnown =
+        flight.number == alwaysDelayed || now.secsTo(flight.departure) <= secondsDelayIsKnownAhead;
+    return { BeforeDeparture, isKnown ? delay : 0 };
 }
 
 /// The state in words. Clients look for the stems "delay" and "gecik", "land" and "indi", "air",
 /// "flight" and "hava" in them, so no text may hold one that it does not mean.
 QString statusText(const ScheduledFlight &flight, FlightState state)
 {
-    const bool turkish = stableRandom(u"language", quint64(flight.number), flight.date()).oneIn(2);
-    const QString delay = QString::number(state.delayMinutes);
-    const bool delayed = state.delayMinutes > 0;
-    switch (state.phase) {
-    case Phase::InAir:
-        if (delayed)
-            return turkish ? u"Havada, Gecikmeli (%1 dk)"_s.arg(delay)
-                           : u"In Flight, Delayed (%1 min)"_s.arg(delay);
-        return turkish ? u"Havada"_s : u"In Flight"_s;
-    case Phase::Landed:
-        if (flight.number == alwaysDelayed)
-            return turkish ? u"İndi, Gecikmeli (%1 dk)"_s.arg(delay)
-                           : u"Landed, Delayed (%1 min)"_s.arg(delay);
-        return turkish ? u"İndi"_s : u"Landed"_s;
-    case Phase::BeforeDeparture:
-        break;
-    }
-    if (delayed)
-        return turkish ? u"Gecikmeli (%1 dk)"_s.arg(delay) : u"Delayed (%1 min)"_s.arg(delay);
-    return turkish ? u"Zamanında"_s : u"On Time"_s;
+    const bool turkish = StableRandom(u"language", flight.number, flight.date()).oneIn(2);
+    const QString phases[] { turkish ? u"Zamanında"_s : u"On Time"_s,
+                             turkish ? u"Havada"_s : u"In Flight"_s,
+                             turkish ? u"İndi"_s : u"Landed"_s };
+    const QString delay =
+        (turkish ? u"Gecikmeli (%1 dk)"_s : u"Delayed (%1 min)"_s).arg(state.delayMinutes);
+    const QString phase = phases[state.phase];
+    if (state.delayMinutes == 0 || (state.phase == Landed && flight.number != alwaysDelayed))
+        return phase;
+    return state.phase == BeforeDeparture ? delay : phase + u", "_s + delay;
 }
 
 QString clockText(const QDateTime &moment) { return moment.toString(u"HH:mm"); }
@@ -125,21 +101,19 @@ void insertTimes(QJsonObject &data, const ScheduledFlight &flight, FlightState s
 {
     data.insert(u"scheduledDeparture"_s, clockText(flight.departure));
     data.insert(u"scheduledArrival"_s, clockText(flight.arrival));
-    const qint64 delaySeconds = qint64(state.delayMinutes) * 60;
-    const QString departure = clockText(flight.departure.addSecs(delaySeconds));
-    const QString arrival = clockText(flight.arrival.addSecs(delaySeconds));
-    const bool departed = state.phase != Phase::BeforeDeparture;
-    const bool landed = state.phase == Phase::Landed;
-    if (departed || state.delayMinutes > 0) {
-        data.insert(departed ? u"actualDeparture"_s : u"estimatedDeparture"_s, departure);
-        data.insert(landed ? u"actualArrival"_s : u"estimatedArrival"_s, arrival);
-    }
+    if (state.phase == BeforeDeparture && state.delayMinutes == 0)
+        return;
+    const qint64 delaySeconds = 60LL * state.delayMinutes;
+    data.insert(state.phase == BeforeDeparture ? u"estimatedDeparture"_s : u"actualDeparture"_s,
+                clockText(flight.departure.addSecs(delaySeconds)));
+    data.insert(state.phase == Landed ? u"actualArrival"_s : u"estimatedArrival"_s,
+                clockText(flight.arrival.addSecs(delaySeconds)));
 }
 
 /// Gate, terminal and belt, of which now and then one is not known.
 void insertPlaces(QJsonObject &data, const ScheduledFlight &flight, FlightState state)
 {
-    StableRandom random = stableRandom(u"places", quint64(flight.number), flight.date());
+    StableRandom random(u"places", flight.number, flight.date());
     const QString terminal = QString::number(1 + random.below(3));
     const QString gate = QChar(u'A' + random.below(7)) + QString::number(1 + random.below(24));
     const QString belt = QString::number(1 + random.below(18));
@@ -149,7 +123,7 @@ void insertPlaces(QJsonObject &data, const ScheduledFlight &flight, FlightState 
     if (fixed || !random.oneIn(5))
         data.insert(u"gate"_s, gate);
     // A belt is assigned to flights on their way.
-    if (fixed || (state.phase != Phase::BeforeDeparture && !random.oneIn(5)))
+    if (fixed || (state.phase != BeforeDeparture && !random.oneIn(5)))
         data.insert(u"baggage"_s, belt);
 }
 
@@ -168,7 +142,7 @@ QJsonObject flightStatus(const QJsonObject &arguments, const ToolContext &contex
                        { u"status"_s, statusText(flight, state) },
                        { u"origin"_s, flight.origin->code },
                        { u"destination"_s, flight.destination->code },
-                       { u"aircraft"_s, flight.aircraft->name } };
+                       { u"aircraft"_s, QString(flight.aircraft->name) } };
     insertTimes(data, flight, state);
     insertPlaces(data, flight, state);
     return { { u"flightData"_s, data } };

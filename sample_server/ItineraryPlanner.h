@@ -1,10 +1,23 @@
 #pragma once
 
-#include "sample_server/Itinerary.h"
+#include "sample_server/FlightNetwork.h"
 
-#include <memory>
+#include <map>
+#include <tuple>
 
 namespace Sample {
+
+/// One way to travel on a day: one flight, or several with changes of aircraft.
+struct Itinerary
+{
+    QList<ScheduledFlight> segments; ///< never empty, in order of travel
+
+    const AirportSite &origin() const { return *segments.first().origin; }
+    const AirportSite &destination() const { return *segments.last().destination; }
+    QDate date() const { return segments.first().date(); }
+    int stops() const { return int(segments.size()) - 1; }
+    qint64 seconds() const { return segments.first().departure.secsTo(segments.last().arrival); }
+};
 
 /// Finds the itineraries between two airports. It remembers the flights of the days it has looked
 /// at, so one planner serves all days of a calendar; it is used by one thread.
@@ -13,8 +26,6 @@ class ItineraryPlanner
 public:
     /// Days further ahead than this are not on sale yet.
     static constexpr int daysOnSale = 355;
-    static constexpr int shortestConnectionMinutes = 55;
-    static constexpr int longestConnectionMinutes = 10 * 60;
 
     ItineraryPlanner(const AirportSite &origin, const AirportSite &destination, QDate today);
 
@@ -25,8 +36,7 @@ public:
 private:
     using Path = QList<const AirportSite *>; ///< all airports, ends included
 
-    void findPaths();
-    bool isSensible(const Path &path) const;
+    void addPath(const Path &path);
     const QList<ScheduledFlight> &flights(const AirportSite &from, const AirportSite &to,
                                           QDate date);
     const ScheduledFlight *connectingFlight(const ScheduledFlight &arriving, const AirportSite &to);
@@ -37,9 +47,7 @@ private:
     const AirportSite &m_destination;
     QDate m_today;
     QList<Path> m_paths;
-    QHash<QPair<QPair<const AirportSite *, const AirportSite *>, QDate>,
-          std::shared_ptr<const QList<ScheduledFlight>>>
-        m_flights;
+    std::map<std::tuple<QString, QString, QDate>, QList<ScheduledFlight>> m_flights;
 };
 
 } // namespace Sample

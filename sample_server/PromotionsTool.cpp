@@ -1,8 +1,5 @@
 #include "sample_server/StableRandom.h"
-#include "sample_server/ToolArguments.h"
-#include "sample_server/ToolRegistry.h"
-
-#include <QJsonArray>
+#include "sample_server/Tool.h"
 
 #include <algorithm>
 
@@ -26,12 +23,11 @@ bool isOffered(const QJsonObject &promotion, const AirportSite &departure,
                const QString &countryCode)
 {
     const QJsonArray countries = promotion.value("countries"_L1).toArray();
-    const QString destination = promotion.value("destination"_L1).toString();
-    const AirportSite *site = airportSite(destination);
+    const AirportSite *site = airportSite(promotion.value("destination"_L1).toString());
     const QString from = promotion.value("departsFrom"_L1).toString();
     return (countries.isEmpty() || countries.contains(countryCode))
         && (!site || site->city != departure.city)
-        && (from.isEmpty() || departure.domestic == (from == "domestic"_L1));
+        && (from.isEmpty() || departure.isDomestic() == (from == "domestic"_L1));
 }
 
 QJsonObject promotionObject(const QJsonObject &source, const AirportSite &departure, QDate today)
@@ -61,7 +57,7 @@ QJsonObject airlinePromotions(const QJsonObject &arguments, const ToolContext &c
         if (isOffered(promotion.toObject(), departure, countryCode))
             offered.append(promotion.toObject());
     }
-    StableRandom random = stableRandom(u"promotions", departure.code, countryCode);
+    StableRandom random(u"promotions", departure.code, countryCode);
     const qsizetype count = fewest + random.below(most - fewest + 1);
     while (offered.size() > count)
         offered.removeAt(random.below(int(offered.size())));

@@ -1,120 +1,187 @@
 #include "sample_server/SampleServer.h"
 
-#include "sample_server/McpEndpoint.h"
+#include "sample_server/HttpServer.h"
 #include "sample_server/StableRandom.h"
+#include "sample_server/Tool.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QQueue>
-#include <QTcpServer>
-#include <QTcpSocket>
+#include <QHostAddress>
+#include <QJsonDocument>
+#include <QUrl>
+#include <QUuid>
 
-#include <algorithm>
-
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace Sample;
 
 namespace {
 
-constexpr int mostConnections = 100;
+constexpr auto sessionHeader = "mcp-session-id";
+/// One more, and the session that was not named for the longest time ends.
+constexpr int mostSessions = 1000;
 
-/// One has to stay free: without any, QTcpServer tries to accept the next client without end.
-bool isDescriptorLeft() { return QFile(QProcess::nullDevice()).open(QIODevice::ReadOnly); }
+HttpAnswer jsonAnswer(const QJsonValue &id, const QString &member, const QJsonObject &content,
+                      int status = 200)
+{
+    const QJsonObject message { { u"jsonrpc"_s, u"2.0"_s }, { u"id"_s, id }, { member, content } };
+    return { status, QJsonDocument(message).toJson(QJsonDocument::Compact), {}, {} };
+}
+
+HttpAnswer errorAnswer(int status, const QString &message,
+                       RpcError::Code code = RpcError::InvalidRequest,
+                       const QJsonValue &id = QJsonValue::Null)
+{
+    return jsonAnswer(id, u"error"_s, { { u"code"_s, int(code) }, { u"message"_s, message } },
+                      status);
+}
+
+/// Whether an address, such as "http://127.0.0.1:8080", is one of this machine. A web page of
+/// elsewhere must not talk to the server: browsers tell its address as the origin, and a name that
+/// was turned to this machine as the host.
+bool isLoopback(const QByteArray &address)
+{
+    const QString host = QUrl(QString::fromLatin1(address), QUrl::StrictMode).host();
+    return host == "localhost"_L1 || QHostAddress(host).isLoopback();
+}
+
+/// What HTTP demands of a request before its message is looked at.
+std::optional<HttpAnswer> httpRefusal(const HttpRequest &request)
+{
+    if (!isLoopback("http://" + request.headers.value("host"))
+        || !isLoopback(request.headers.value("origin", "http://localhost")))
+        return errorAnswer(403, u"Yalnızca bu bilgisayardan gelen istekler kabul edilir."_s);
+    if (request.path != "/mcp")
+        return errorAnswer(404, u"Burada bir şey yok; sunucu /mcp adresinde."_s);
+    if (request.method != "POST" && request.method != "DELETE")
+        return HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } }, {} };
+    const QByteArray type = request.headers.value("content-type").split(';').first().trimmed();
+    if (request.method == "POST" && type.toLower() != "application/json")
+        return errorAnswer(415, u"İsteğin Content-Type başlığı application/json olmalı."_s);
+    return std::nullopt;
+}
+
+QJsonObject initializeResult(const QJsonObject &params)
+{
+    static const QStringList versions { u"2024-11-05"_s, u"2025-03-26"_s, u"2025-06-18"_s,
+                                        u"2025-11-25"_s };
+    const QString wanted = params["protocolVersion"_L1].toString();
+    return {
+        { u"protocolVersion"_s, versions.contains(wanted) ? wanted : versions.last() },
+        { u"capabilities"_s, QJsonObject { { u"tools"_s, QJsonObject() } } },
+        { u"serverInfo"_s,
+          QJsonObject { { u"name"_s, u"vantora-sample-server"_s }, { u"version"_s, u"1.0.0"_s } } },
+        { u"instructions"_s,
+          u"All fares, schedules and states are invented. Airports are named by IATA codes, days "
+          "are written yyyy-MM-dd."_s },
+    };
+}
 
 } // namespace
 
 struct SampleServer::Private
 {
-    explicit Private(SampleServer *server);
-    void accept();
-    void makeRoom();
-    void enqueue(HttpConnection *connection);
-    void answerNext();
-    void forget(HttpConnection *connection);
-    std::chrono::milliseconds nextDelay();
+    explicit Private(SampleServer *server)
+        : q(server)
+    { }
+
+    HttpAnswer answer(const HttpRequest &request);
+    HttpAnswer answerMessage(const HttpRequest &request);
+    QJsonObject resultOf(const QString &method, const QJsonObject &params) const;
+    std::optional<HttpAnswer> sessionRefusal(const HttpRequest &request);
 
     SampleServer *q;
-    QTcpServer *tcp;
-    QTimer *turn;
-    QList<HttpConnection *> connections; ///< the one that asked last stands last
-    QQueue<HttpConnection *> waiting; ///< for their answers to be computed
-    McpEndpoint endpoint;
+    QList<QByteArray> sessions; ///< the one that was named last stands last
     Clock clock = [] { return QDateTime::currentDateTime(); };
     std::chrono::milliseconds delay = 0ms;
     std::chrono::milliseconds jitter = 0ms;
-    quint64 answerCount = 0;
+    int answerCount = 0;
+    HttpServer http { [this](const HttpRequest &request) {
+        HttpAnswer answer = this->answer(request);
+        const int wait = StableRandom(u"jitter", ++answerCount).below(int(jitter.count()) + 1);
+        answer.delay = delay + std::chrono::milliseconds(wait);
+        return answer;
+    } };
 };
 
-SampleServer::Private::Private(SampleServer *server)
-    : q(server)
-    , tcp(new QTcpServer(server))
-    , turn(new QTimer(server))
-    , endpoint([server](const QString &name, const QJsonObject &arguments) {
-        Q_EMIT server->toolCalled(name, arguments);
-    })
+HttpAnswer SampleServer::Private::answer(const HttpRequest &request)
 {
-    QObject::connect(tcp, &QTcpServer::newConnection, server, [this] { accept(); });
-    // One answer in each turn of the event loop: between two it notices who has left.
-    QObject::connect(turn, &QTimer::timeout, server, [this] { answerNext(); });
+    if (auto refusal = httpRefusal(request))
+        return *refusal;
+    if (request.method == "POST")
+        return answerMessage(request);
+    if (auto refusal = sessionRefusal(request))
+        return *refusal;
+    sessions.removeLast();
+    return {};
 }
 
-void SampleServer::Private::accept()
+HttpAnswer SampleServer::Private::answerMessage(const HttpRequest &request)
 {
-    while (QTcpSocket *socket = tcp->nextPendingConnection()) {
-        while (!connections.isEmpty()
-               && (connections.size() >= mostConnections || !isDescriptorLeft()))
-            makeRoom();
-        auto *connection = new HttpConnection(socket, q);
-        connections.append(connection);
-        QObject::connect(connection, &HttpConnection::requestReceived, q,
-                         [this, connection] { enqueue(connection); });
-        QObject::connect(connection, &HttpConnection::closed, q, [this, connection] {
-            forget(connection);
-            connection->deleteLater();
-        });
+    const QJsonDocument document = QJsonDocument::fromJson(request.body);
+    if (document.isNull())
+        return errorAnswer(400, u"İstek geçerli bir JSON belgesi değil."_s, RpcError::ParseError);
+    const QString method = document["method"_L1].toString();
+    const QJsonValue id = document["id"_L1];
+    if (document["jsonrpc"_L1] != "2.0"_L1 || method.isEmpty()
+        || !(id.isUndefined() || id.isString() || id.isDouble()))
+        return errorAnswer(400, u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s);
+
+    const bool opensSession = method == "initialize"_L1;
+    if (!opensSession) {
+        if (auto refusal = sessionRefusal(request))
+            return *refusal;
+    }
+    if (id.isUndefined())
+        return { 202, {}, {}, {} };
+    try {
+        HttpAnswer answer =
+            jsonAnswer(id, u"result"_s, resultOf(method, document["params"_L1].toObject()));
+        if (opensSession) {
+            if (sessions.size() == mostSessions)
+                sessions.removeFirst();
+            // Made of random bits.
+            sessions.append(QUuid::createUuid().toByteArray(QUuid::Id128));
+            answer.headers.append({ sessionHeader, sessions.last() });
+        }
+        return answer;
+    } catch (const RpcError &error) {
+        return errorAnswer(200, error.message, error.code, id);
     }
 }
 
-/// Drops the connection that has been idle longest, or the oldest when all wait for an answer.
-void SampleServer::Private::makeRoom()
+QJsonObject SampleServer::Private::resultOf(const QString &method, const QJsonObject &params) const
 {
-    const auto idle = std::find_if(connections.cbegin(), connections.cend(),
-                                   [](const auto *connection) { return !connection->isBusy(); });
-    HttpConnection *dropped = idle == connections.cend() ? connections.first() : *idle;
-    forget(dropped);
-    delete dropped;
+    if (method == "initialize"_L1)
+        return initializeResult(params);
+    if (method == "ping"_L1)
+        return {};
+    if (method == "tools/list"_L1)
+        return { { u"tools"_s, toolDescriptions() } };
+    if (method != "tools/call"_L1)
+        throw RpcError { u"\"%1\" adında bir yöntem yok."_s.arg(method.left(80)),
+                         RpcError::MethodNotFound };
+
+    const QString name = params["name"_L1].toString();
+    const QJsonObject arguments = params["arguments"_L1].toObject();
+    Q_EMIT q->toolCalled(name, arguments);
+    const QJsonObject structured =
+        callTool(name, arguments, { clock(), QStringLiteral(VANTORA_WEB_SITE) });
+    const QByteArray text = QJsonDocument(structured).toJson(QJsonDocument::Compact);
+    const QJsonObject content { { u"type"_s, u"text"_s }, { u"text"_s, QString::fromUtf8(text) } };
+    return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };
 }
 
-void SampleServer::Private::forget(HttpConnection *connection)
+/// Notes a sign of life of the session that the request names, or says what is wrong with it.
+std::optional<HttpAnswer> SampleServer::Private::sessionRefusal(const HttpRequest &request)
 {
-    connections.removeOne(connection);
-    waiting.removeOne(connection);
-}
-
-void SampleServer::Private::enqueue(HttpConnection *connection)
-{
-    connections.removeOne(connection);
-    connections.append(connection);
-    waiting.enqueue(connection);
-    turn->start();
-}
-
-void SampleServer::Private::answerNext()
-{
-    if (waiting.isEmpty())
-        return turn->stop();
-    HttpConnection *connection = waiting.dequeue();
-    const HttpAnswer answer =
-        endpoint.answer(connection->request(), { clock(), QStringLiteral(VANTORA_WEB_SITE) });
-    QTimer::singleShot(nextDelay(), connection,
-                       [connection, answer] { connection->answer(answer); });
-}
-
-std::chrono::milliseconds SampleServer::Private::nextDelay()
-{
-    return delay
-        + std::chrono::milliseconds(
-               stableRandom(u"jitter", ++answerCount).below(int(jitter.count()) + 1));
+    const QByteArray id = request.headers.value(sessionHeader);
+    if (id.isEmpty())
+        return errorAnswer(400,
+                           u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
+                           RpcError::SessionUnknown);
+    if (!sessions.removeOne(id))
+        return errorAnswer(404, u"Oturum bulunamadı ya da sona erdi."_s, RpcError::SessionUnknown);
+    sessions.append(id);
+    return std::nullopt;
 }
 
 SampleServer::SampleServer()
@@ -123,14 +190,7 @@ SampleServer::SampleServer()
 
 SampleServer::~SampleServer() = default;
 
-std::optional<quint16> SampleServer::listen(quint16 port)
-{
-    if (!d->tcp->listen(QHostAddress::LocalHost, port))
-        return std::nullopt;
-    return d->tcp->serverPort();
-}
-
-QString SampleServer::errorString() const { return d->tcp->errorString(); }
+std::optional<quint16> SampleServer::listen(quint16 port) { return d->http.listen(port); }
 
 void SampleServer::setClock(const Clock &clock) { d->clock = clock; }
 
@@ -139,5 +199,3 @@ void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::
     d->delay = delay;
     d->jitter = jitter;
 }
-
-int SampleServer::sessionCount() const { return d->endpoint.sessionCount(); }

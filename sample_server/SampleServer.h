@@ -13,10 +13,8 @@
 /// An MCP server over streamable HTTP with JSON answers that stands in for the airline's. It serves
 /// the path "/mcp" on the loopback interface only, and all its data is invented.
 ///
-/// It lives in one thread, which needs a running event loop. Requests are answered one after the
-/// other, each in a few milliseconds; those of a client that has left are not. Clients may be
-/// hostile: what one costs has limits, and beyond a hundred of them the one that has been idle
-/// longest is dropped.
+/// Connections are served in a thread of their own; requests are answered one after the other, each
+/// in a few milliseconds, in the thread of this object, which needs a running event loop.
 class SampleServer : public QObject
 {
     Q_OBJECT
@@ -28,9 +26,8 @@ public:
     ~SampleServer() override;
 
     /// Starts to listen on 127.0.0.1 and returns the port; 0 lets the system choose a free one.
-    /// Absent when that failed, with the reason in errorString().
+    /// Absent when that failed, with the reason in errno.
     std::optional<quint16> listen(quint16 port = 0);
-    QString errorString() const;
 
     /// The time by which days are past and flights are in the air; the system's when not set.
     void setClock(const Clock &clock);
@@ -38,7 +35,6 @@ public:
     /// blocking other requests. With jitter, answers to different connections overtake one another.
     void setAnswerDelay(std::chrono::milliseconds delay,
                         std::chrono::milliseconds jitter = std::chrono::milliseconds(0));
-    int sessionCount() const;
 
 Q_SIGNALS:
     /// A tool call was received, before its arguments are checked.

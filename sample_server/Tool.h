@@ -1,9 +1,12 @@
 #pragma once
 
-#include <QDateTime>
-#include <QJsonObject>
-#include <QString>
+#include "sample_server/AirportGeography.h"
 
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonObject>
+
+/// The tools, and what they share.
 namespace Sample {
 
 /// A failure that becomes the "error" member of an answer.
@@ -30,6 +33,13 @@ struct ToolContext
     QDate today() const { return now.date(); }
 };
 
+/// What "tools/list" shows: name, description and schemas of each tool, out of data/tools.json.
+const QJsonArray &toolDescriptions();
+
+/// The tool's structured result. Throws RpcError for an unknown tool, for arguments that do not
+/// satisfy its input schema, and for those that the tool itself refuses.
+QJsonObject callTool(const QString &name, const QJsonObject &arguments, const ToolContext &context);
+
 /// The tools. Each gets arguments that satisfy its input schema, returns what its output schema
 /// describes, and throws RpcError when it refuses them all the same.
 ///@{
@@ -48,18 +58,22 @@ QJsonObject cityGuide(const QJsonObject &arguments, const ToolContext &context);
 
 ///@}
 
-struct ToolEntry
-{
-    QStringView name; ///< as in data/tools.json
-    decltype(&searchFlights) call;
-};
+/// Arguments whose form the schema has checked; those whose meaning is wrong are refused with what
+/// a traveller may read.
+///@{
 
-inline constexpr ToolEntry tools[] {
-    { u"find_flight_price_calendar", &findPriceCalendar },
-    { u"search_flights", &searchFlights },
-    { u"flight-status", &flightStatus },
-    { u"get_airline_promotions", &airlinePromotions },
-    { u"get_city_guide", &cityGuide },
-};
+const AirportSite &airportArgument(const QJsonObject &arguments, QLatin1StringView key);
+/// Refuses a journey that ends where it starts.
+void requireDifferent(const AirportSite &origin, const AirportSite &destination);
+/// Invalid when the argument is absent.
+QDate dateArgument(const QJsonObject &arguments, QLatin1StringView key);
+
+///@}
+
+/// "15 Mart 2027"
+QString turkishDate(QDate date);
+
+/// The array under this key in a JSON file of the folder data.
+QJsonArray readResource(const QString &fileName, QLatin1StringView key);
 
 } // namespace Sample

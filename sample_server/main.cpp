@@ -74,8 +74,8 @@ int main(int argc, char *argv[])
     const int wanted = number(parser, u"port"_s, 65535);
     const std::optional<quint16> port = server.listen(quint16(wanted));
     if (!port) {
-        print(stderr,
-              u"vantora-sample-server: 127.0.0.1:%1: %2."_s.arg(wanted).arg(server.errorString()));
+        const QString reason = qt_error_string();
+        print(stderr, u"vantora-sample-server: 127.0.0.1:%1: %2."_s.arg(wanted).arg(reason));
         return 1;
     }
     print(stdout, u"listening %1"_s.arg(*port));

@@ -8,7 +8,7 @@
 /// built once, on first use, and is safe to read from any thread.
 namespace AirportDatabase {
 
-/// The 121 airports in their fixed order, which is the order of every list made from them.
+/// The airports in their fixed order, which is the order of every list made from them.
 const QList<Airport> &allAirports();
 
 /// The airports whose code, city, country or name contains `query`, in table order, without regard

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sample_server/ToolRegistry.h"
+#include "sample_server/Tool.h"
 
 #include <QTimeZone>
 
