@@ -14,13 +14,13 @@ class ViewTextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void barHeight()
+    void measuresOfTheChart()
     {
         const PriceCalendarFormat format;
-        QCOMPARE(format.barHeight(2500, 5000), 50);
-        QCOMPARE(format.barHeight(-10, 5000), 18);
-        QCOMPARE(format.barHeight(0, 0), 20);
-        QCOMPARE(format.barHeight(-5, -1), 20);
+        // Where no day costs anything.
+        QCOMPARE(format.barHeight(0, 0), format.barHeight(-5, -1));
+        QVERIFY(format.barHeight(0, 0) > 0);
+        QCOMPARE(format.barHeight(-10, 5000), format.barHeight(1, 5000));
         // 14 days share 1000 pixels, but keep to their bounds.
         for (const auto &[days, width] : { std::pair(14, 71), { 28, 40 }, { 2, 90 }, { 0, 90 } })
             QCOMPARE(format.dayWidth(1000, days, 40, 90), width);

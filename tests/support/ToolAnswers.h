@@ -3,13 +3,24 @@
 #include "support/ScriptedServer.h"
 
 #include <QDate>
+#include <QFile>
 #include <QJsonArray>
+#include <QJsonDocument>
 
 inline const QString calendarTool = QStringLiteral("find_flight_price_calendar");
 inline const QString flightsTool = QStringLiteral("search_flights");
 inline const QString statusTool = QStringLiteral("flight-status");
 inline const QString guideTool = QStringLiteral("get_city_guide");
 inline const QString promotionsTool = QStringLiteral("get_airline_promotions");
+
+/// What data/known-answers.json holds: an answer of every tool, no two fields of which are alike.
+inline QJsonObject knownAnswers()
+{
+    QFile file(QStringLiteral(":/tests/known-answers.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("There are no known answers.");
+    return QJsonDocument::fromJson(file.readAll()).object();
+}
 
 /// A calendar of these days, each 100 dearer than the one before; the first is the best.
 inline ScriptedAnswer calendarAnswer(const QStringList &days,

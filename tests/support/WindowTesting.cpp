@@ -116,12 +116,6 @@ void TestWindow::press(const char *keys, const QString &item) const
     }
 }
 
-void TestWindow::click(QQuickItem *item) const
-{
-    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
-}
-
 bool TestWindow::open(const QString &button, const QString &sheetName) const
 {
     click(named(button));

@@ -46,7 +46,6 @@ public:
     /// Presses one key after the other, as in "Home Right Shift+Backtab"; first focuses the item if
     /// one is given.
     void press(const char *keys, const QString &item = {}) const;
-    void click(QQuickItem *item) const;
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
 

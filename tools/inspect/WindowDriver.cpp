@@ -1,5 +1,7 @@
 #include "inspect/WindowDriver.h"
 
+#include "Controls/Speech/TopLayer.h"
+
 #include <QTest>
 
 bool pressAccessibly(QQuickItem *item) { return pressAccessibly(accessible(item)); }
@@ -44,6 +46,20 @@ QQuickItem *WindowDriver::named(const QString &objectName) const
     return itemsIn(m_window->contentItem(),
                    [&objectName](QQuickItem *item) { return item->objectName() == objectName; })
         .value(0);
+}
+
+QQuickItem *WindowDriver::saying(const QString &text) const
+{
+    const auto says = [&text](QQuickItem *item) {
+        return item->inherits("QQuickText") && item->property("text") == text;
+    };
+    return itemsIn(TopLayer::of(m_window), says).value(0);
+}
+
+void WindowDriver::click(QQuickItem *item) const
+{
+    const QPointF centre = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, centre.toPoint());
 }
 
 void WindowDriver::key(Qt::Key key, Qt::KeyboardModifiers modifiers) const

@@ -36,7 +36,11 @@ public:
     static QList<QQuickItem *> itemsIn(QQuickItem *root, const Condition &isWanted);
     /// The visible item of this object name; null when there is none.
     QQuickItem *named(const QString &objectName) const;
+    /// The first visible item that shows this text and nothing else, of the sheet or menu on top if
+    /// there is one; null when there is none.
+    QQuickItem *saying(const QString &text) const;
 
+    void click(QQuickItem *item) const;
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
     void type(const QString &text) const;
 

@@ -1,4 +1,5 @@
 #include "Models/AirportDatabase.h"
+#include "inspect/SeenTexts.h"
 #include "support/ParsedJson.h"
 #include "support/WindowTesting.h"
 
@@ -127,10 +128,137 @@ private Q_SLOTS:
         QCOMPARE(questions().size(), 4);
     }
 
+    void everyChoiceAsSeenAndAsSent()
+    {
+        const auto adults = [](int number) {
+            return QJsonArray { QJsonObject { { u"passengerType"_s, u"ADT"_s },
+                                              { u"quantity"_s, number } } };
+        };
+        const QString tripTypes = u"Tek Yön · Gidiş - Dönüş"_s;
+        waitForTheCalendar();
+        QStringList shown { u"Economy Class"_s, u"2 Haftalık Fiyatlar"_s, u"1 Yetişkin"_s };
+        // Where the choice is shown, in which order the choices come, and what each is on the wire.
+        using Choices = QList<std::pair<QString, QJsonValue>>;
+        const auto tryAll = [&](qsizetype place, const QString &tool, const QString &argument,
+                                const Choices &choices) {
+            QStringList titles;
+            for (const auto &choice : choices)
+                titles.append(choice.first);
+            for (const auto &[title, sent] : choices) {
+                m_window->click(m_window->saying(shown.at(place)));
+                QTRY_COMPARE(seenLines(m_window->window()).join(u'|'), titles.join(u'|'));
+                m_window->click(m_window->saying(title));
+                shown[place] = title;
+                expectSeen(tripTypes + u" | "_s + shown.join(u" | "_s));
+                QCOMPARE(search(tool).value(argument), sent);
+            }
+        };
+        tryAll(0, calendarTool, u"cabinClass"_s,
+               { { u"Economy Class"_s, u"ECONOMY"_s }, { u"Business Class"_s, u"BUSINESS"_s } });
+        tryAll(1, calendarTool, u"timeRange"_s,
+               { { u"1 Haftalık Fiyatlar"_s, u"1_WEEK"_s },
+                 { u"2 Haftalık Fiyatlar"_s, u"2_WEEKS"_s },
+                 { u"3 Haftalık Fiyatlar"_s, u"3_WEEKS"_s },
+                 { u"1 Aylık (En Geniş)"_s, u"4_WEEKS"_s } });
+        tryAll(2, flightsTool, u"passengers"_s,
+               { { u"1 Yetişkin"_s, adults(1) },
+                 { u"2 Yetişkin"_s, adults(2) },
+                 { u"3 Yetişkin"_s, adults(3) },
+                 { u"4 Yetişkin"_s, adults(4) } });
+    }
+
+    void routesAsSeenAndAsSent()
+    {
+        const auto expect = [this](const QString &route, const QString &sent) {
+            expectSeen(route);
+            QTRY_VERIFY(!m_window->viewModel()->isLoading());
+            const QJsonObject arguments = lastQuestion(flightsTool);
+            QCOMPARE(arguments["from"_L1].toString() + u"–"_s + arguments["to"_L1].toString(),
+                     sent);
+        };
+        const QString ist = u"Kalkış Yeri / IST / • Istanbul Airport | Varış Yeri / "_s;
+        const QString saw =
+            u"Kalkış Yeri / SAW / • Sabiha Gokcen Airport | Varış Yeri / AYT / • Antalya Airport"_s;
+        for (const auto &[route, seen] :
+             { std::pair(u"IST → JFK"_s, ist + u"JFK / • John F. Kennedy Airport"_s),
+               { u"IST → CDG"_s, ist + u"CDG / • Charles de Gaulle Airport"_s },
+               { u"IST → DXB"_s, ist + u"DXB / • Dubai International Airport"_s },
+               { u"IST → FRA"_s, ist + u"FRA / • Frankfurt Airport"_s },
+               { u"IST → LHR"_s, ist + u"LHR / • Heathrow Airport"_s },
+               { u"SAW → AYT"_s, saw } }) {
+            m_window->click(m_window->called(route + u" uçuşlarını ara"_s));
+            expect(seen, QString(route).replace(u" → "_s, u"–"_s));
+        }
+        m_window->click(m_window->called(u"Kalkış ve varışı değiştir"_s));
+        m_window->viewModel()->startSearchAll();
+        expect(
+            u"Kalkış Yeri / AYT / • Antalya Airport | Varış Yeri / SAW / • Sabiha Gokcen Airport"_s,
+            u"AYT–SAW"_s);
+    }
+
+    void daysAsSeenAndAsSent()
+    {
+        waitForTheCalendar();
+        m_window->click(m_window->saying(u"Gidiş - Dönüş"_s));
+        m_window->viewModel()->setDepartureDate(QDate(2031, 3, 10).startOfDay());
+        m_window->viewModel()->setReturnDate(QDate(2031, 3, 20).startOfDay());
+        expectSeen(
+            u"Gidiş Tarihi / 10 Mart 2031 Pazartesi | Dönüş Tarihi / 20 Mart 2031 Perşembe"_s);
+
+        // Only the days before the departure are dimmed, as those of another month are.
+        const auto colour = [this](const QString &day) {
+            return m_window->saying(day)->property("color").value<QColor>();
+        };
+        for (const auto &[field, firstDay] :
+             { std::pair(u"20 Mart 2031 Perşembe"_s, 10), { u"10 Mart 2031 Pazartesi"_s, 1 } }) {
+            m_window->click(m_window->saying(field));
+            QTRY_VERIFY(m_window->saying(u"Mart 2031"_s));
+            const QColor dimmed = colour(u"24"_s); // of February
+            for (const int day : { 1, 9, 10, 11 })
+                QCOMPARE(std::pair(day, colour(QString::number(day)) == dimmed),
+                         std::pair(day, day < firstDay));
+            // They can be chosen all the same.
+            m_window->click(m_window->saying(u"9"_s));
+            QTRY_VERIFY(m_window->saying(u"VANTORA"_s));
+        }
+        expectSeen(u"Gidiş Tarihi / 9 Mart 2031 Pazar | Dönüş Tarihi / 9 Mart 2031 Pazar"_s);
+
+        // So can days that have passed.
+        m_window->viewModel()->setDepartureDate(QDateTime::currentDateTime());
+        m_window->press("Left", u"departureDate"_s);
+        const QJsonObject sent = search(flightsTool);
+        QCOMPARE(sent["departureDate"_L1].toString(), inDays(-1));
+        QCOMPARE(sent["returnDate"_L1].toString(), u"2031-03-09"_s);
+        m_window->click(m_window->saying(u"Tek Yön"_s));
+        QVERIFY(!search(flightsTool).contains(u"returnDate"_s));
+        expectSeen(QLocale(QLocale::Turkish)
+                       .toString(QDate::currentDate().addDays(-1), u"d MMMM yyyy dddd"_s));
+    }
+
 private:
     static QString inDays(int days)
     {
         return QDate::currentDate().addDays(days).toString(Qt::ISODate);
+    }
+    /// The line is seen, soon.
+    void expectSeen(const QString &line) const
+    {
+        if (!QTest::qWaitFor([&] { return seenLines(m_window->window()).contains(line); }))
+            QFAIL(qPrintable(line + u" is not among:\n"_s
+                             + seenLines(m_window->window()).join(u'\n')));
+    }
+    /// What the button asks of the tool.
+    QJsonObject search(const QString &tool) const
+    {
+        m_window->click(m_window->named(u"searchButton"_s));
+        [&] { QVERIFY(m_window->waitForSearch()); }();
+        return lastQuestion(tool);
+    }
+    QJsonObject lastQuestion(const QString &tool) const
+    {
+        QList<ReceivedRequest> calls = m_server->toolCalls();
+        calls.removeIf([&](const ReceivedRequest &call) { return call.tool() != tool; });
+        return calls.constLast().arguments();
     }
     bool isPickerOpen() const { return m_window->named(u"airportPicker"_s); }
     /// Opens the picker with the keyboard on the button.
