@@ -16,29 +16,28 @@ namespace {
 const QByteArray segments = R"(
     property int choice: 0
     Row {
-        IconButton { objectName: "before"; symbol: "map"; text: "Önce" }
+        ToolButton { objectName: "before"; icon.name: "map"; text: "Önce" }
         SegmentedControl {
-            objectName: "segments"; label: "Tür"; titles: ["Bir", "İki", "Üç"]
-            currentIndex: page.choice; onChosen: index => page.choice = index
+            objectName: "segments"; Accessible.name: "Tür"; model: ["Bir", "İki", "Üç"]
+            currentIndex: page.choice; onActivated: index => page.choice = index
         }
-        IconButton { symbol: "map"; text: "Sonra" }
+        ToolButton { icon.name: "map"; text: "Sonra" }
     })";
 
 const QByteArray menu = R"(
     property int choice: 1
     property int choices: 0
-    PopUpMenu {
-        objectName: "menu"; label: "Kabin"; titles: ["Bir", "İki", "Üç"]; currentIndex: page.choice
+    ComboBox {
+        objectName: "menu"; Accessible.name: "Kabin"; model: ["Bir", "İki", "Üç"]; currentIndex: page.choice
         onActivated: index => { page.choice = index; ++page.choices }
     })";
 
 const QByteArray cutTexts = R"(
-    TextTip { window: page }
     PlainText { objectName: "cut"; width: 60; elide: Text.ElideRight; text: "Uzun bir <b>ad</b>" }
     Column {
         y: 200
-        IconButton { objectName: "icon"; symbol: "map"; text: "Harita" }
-        BaseButton {
+        ToolButton { objectName: "icon"; icon.name: "map"; text: "Harita" }
+        Button {
             width: 60; text: "düğme"
             contentItem: PlainText { elide: Text.ElideRight; text: "Sığmayan bir metin" }
         }
@@ -115,6 +114,8 @@ private Q_SLOTS:
         // Closed, the arrows choose at once.
         for (const auto &[keys, isOpenThen, then] : { std::tuple("Return", true, u"İki 0"_s),
                                                       { "Up Esc", false, u"İki 0"_s },
+                                                      { "Alt+Down", true, u"İki 0"_s },
+                                                      { "Esc", false, u"İki 0"_s },
                                                       { "Space", true, u"İki 0"_s },
                                                       { "Down Return", false, u"Üç 1"_s },
                                                       { "Up", false, u"İki 2"_s } }) {
@@ -142,7 +143,7 @@ private Q_SLOTS:
     {
         const TestWindow page(cutTexts);
         const auto tip = [&page] {
-            QQuickItem *shown = page.item(u"TextTip"_s);
+            QQuickItem *shown = page.item(u"ToolTip"_s);
             return shown ? page.textIn(shown) : QString();
         };
         const auto pointAt = [&page](const QString &name) {
@@ -327,6 +328,7 @@ private Q_SLOTS:
             // Tab goes round within the panel: two buttons and the days.
             page.press("Right Tab Tab Tab");
             QVERIFY(page.told(u"31 Aralık 2026 Perşembe"_s)->state().focused);
+            QVERIFY(page.told(u"30 Aralık 2026 Çarşamba"_s)->state().selected);
             if (isEscaped)
                 page.press("Esc");
             else

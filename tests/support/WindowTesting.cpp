@@ -33,10 +33,9 @@ TestWindow::TestWindow(const QByteArray &controls)
         loadMainWindow(m_engine, u"Test"_s);
     } else {
         m_engine.addImportPath(u"qrc:/qt/qml"_s);
-        m_engine.loadData("import QtQuick\nimport QtQuick.Controls.Basic\nimport Vantora\n"
+        m_engine.loadData("import QtQuick\nimport Vantora\n"
                           "import Vantora.Controls\n"
                           "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
-                          "HeldKeys { window: page }\n"
                           + controls + "}");
     }
     m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));

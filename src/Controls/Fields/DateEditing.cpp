@@ -81,6 +81,16 @@ int DateEditing::year(const QDateTime &moment) const { return moment.date().year
 int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
 int DateEditing::day(const QDateTime &moment) const { return moment.date().day(); }
 
+bool DateEditing::isSameDay(const QDateTime &moment, const QDateTime &other) const
+{
+    return moment.date() == other.date();
+}
+
+bool DateEditing::isSameMonth(const QDateTime &moment, const QDateTime &other) const
+{
+    return year(moment) == year(other) && month(moment) == month(other);
+}
+
 bool DateEditing::isEarlier(const QDateTime &moment, const QDateTime &other) const
 {
     return other.isValid() && moment.date() < other.date();

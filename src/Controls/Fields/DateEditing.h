@@ -35,6 +35,8 @@ public:
     /// Counts from 0.
     Q_INVOKABLE int month(const QDateTime &moment) const;
     Q_INVOKABLE int day(const QDateTime &moment) const;
+    Q_INVOKABLE bool isSameDay(const QDateTime &moment, const QDateTime &other) const;
+    Q_INVOKABLE bool isSameMonth(const QDateTime &moment, const QDateTime &other) const;
     /// Whether it lies on an earlier day; no day is earlier than an invalid one.
     Q_INVOKABLE bool isEarlier(const QDateTime &moment, const QDateTime &other) const;
 

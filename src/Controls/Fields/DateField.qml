@@ -7,7 +7,7 @@ import Vantora.Controls
 /// A field for a day. It shows `value` in Turkish, as long as there is room for, and changes its
 /// day alone: the time of day stays. Right and Up step a day forward, Left and Down back; Space,
 /// Return and a click open the month. The owner binds `value` and stores what `edited` brings.
-BaseButton {
+Button {
     id: field
 
     /// What the date means, for assistive technology.
@@ -17,7 +17,7 @@ BaseButton {
     property date dimmedBefore
     property color fill: VTRTheme.cardBgLight
     /// While it is open.
-    property MonthPanel month: null
+    property MonthPopup month: null
     readonly property string fullText: DateEditing.fullText(value)
     readonly property bool isExpanded: month !== null
 
@@ -34,7 +34,7 @@ BaseButton {
     Keys.onRightPressed: step(1)
     Keys.onUpPressed: step(1)
     onClicked: {
-        month = monthPanel.createObject(field) as MonthPanel;
+        month = monthPopup.createObject(field) as MonthPopup;
         month.open();
     }
 
@@ -48,7 +48,7 @@ BaseButton {
 
         PressTint {
             control: field
-            radius: field.cornerRadius
+            radius: field.radius
         }
     }
     contentItem: RowLayout {
@@ -60,7 +60,7 @@ BaseButton {
             color: VTRTheme.textSecondary
         }
         PlainText {
-            readonly property string tip: text === field.fullText ? "" : field.fullText
+            readonly property string toolTip: text === field.fullText ? "" : field.fullText
 
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)
@@ -74,9 +74,9 @@ BaseButton {
     }
 
     Component {
-        id: monthPanel
+        id: monthPopup
 
-        MonthPanel {
+        MonthPopup {
             parent: field
             value: field.value
             dimmedBefore: field.dimmedBefore

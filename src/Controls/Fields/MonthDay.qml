@@ -1,38 +1,40 @@
 import QtQuick
 import Vantora.Controls
 
-/// One day in the month panel. The panel has the keyboard; the day answers the pointer.
-BaseButton {
+/// One day of a month. The month has the keyboard; the day answers the pointer.
+Button {
     id: cell
 
     required property int day
     required property int month
     required property int year
     required property bool today
-    /// The day chosen in the panel, with the time of day to keep.
+    /// Where the keyboard is, with the time of day to keep.
     required property date cursor
+    required property date chosen
     required property date dimmedBefore
 
+    readonly property date date: DateEditing.onDay(cursor, year, month, day)
     readonly property bool isShownMonth: month === DateEditing.month(cursor)
-    readonly property bool isChosen: isShownMonth && day === DateEditing.day(cursor)
-    readonly property date value: DateEditing.onDay(cursor, year, month, day)
-
-    readonly property bool isDimmed: !isShownMonth || DateEditing.isEarlier(value, dimmedBefore)
+    readonly property bool isAtCursor: isShownMonth && day === DateEditing.day(cursor)
+    readonly property bool isChosen: isShownMonth && DateEditing.isSameDay(date, chosen)
+    readonly property bool isDimmed: !isShownMonth || DateEditing.isEarlier(date, dimmedBefore)
 
     implicitWidth: 36
     implicitHeight: 32
+    padding: 0
     focusPolicy: Qt.NoFocus
-    text: DateEditing.fullText(value) + (today ? ", bugün" : "")
+    text: DateEditing.fullText(date) + (today ? ", bugün" : "")
 
     background: RoundedSurface {
-        radius: cell.cornerRadius
+        radius: cell.radius
         color: cell.isChosen ? VTRTheme.vtrRed : "transparent"
         borderColor: cell.isChosen ? VTRTheme.textPrimary : VTRTheme.vtrRed
         borderWidth: cell.today ? 1.5 : 0
 
         PressTint {
             control: cell
-            radius: cell.cornerRadius
+            radius: cell.radius
         }
     }
     contentItem: PlainText {

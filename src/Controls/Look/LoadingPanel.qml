@@ -20,7 +20,7 @@ Item {
         width: parent.width - 2 * panel.padding
         spacing: 12
 
-        ProgressSpinner {
+        BusyIndicator {
             anchors.horizontalCenter: parent.horizontalCenter
         }
 

@@ -13,15 +13,15 @@ Row {
     spacing: 2
     onTextChanged: isUnfolded = false
 
-    IconButton {
+    ToolButton {
         visible: tools.isCut || tools.isUnfolded
-        symbol: tools.isUnfolded ? "chevron.up" : "chevron.down"
+        icon.name: tools.isUnfolded ? "chevron.up" : "chevron.down"
         text: tools.isUnfolded ? "İletiyi kısalt" : "İletinin tümünü göster"
         onClicked: tools.isUnfolded = !tools.isUnfolded
     }
-    IconButton {
-        symbol: justCopied.running ? "checkmark" : "doc.on.doc"
-        symbolSize: 13
+    ToolButton {
+        icon.name: justCopied.running ? "checkmark" : "doc.on.doc"
+        icon.width: 13
         text: justCopied.running ? "Kopyalandı" : "İletiyi kopyala"
         onClicked: {
             Clipboard.copy(tools.text);

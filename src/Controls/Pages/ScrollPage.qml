@@ -142,6 +142,6 @@ Flickable {
         onActiveChanged: if (active) page.cancelFlick()
     }
 
-    T.ScrollBar.vertical: PageScrollBar {}
-    T.ScrollBar.horizontal: PageScrollBar {}
+    T.ScrollBar.vertical: ScrollBar {}
+    T.ScrollBar.horizontal: ScrollBar {}
 }

@@ -54,10 +54,10 @@ Item {
                 // It is the name of the sheet.
                 Accessible.ignored: true
             }
-            IconButton {
-                symbol: "xmark.circle.fill"
-                symbolSize: VTRTheme.titleSize
-                color: VTRTheme.textMuted
+            ToolButton {
+                icon.name: "xmark.circle.fill"
+                icon.width: VTRTheme.titleSize
+                icon.color: VTRTheme.textMuted
                 text: "Kapat"
                 onClicked: header.sheet.close()
             }

@@ -2,16 +2,16 @@ import QtQuick
 import Vantora.Controls
 
 /// The green badge that names the cheapest day. Pressed, it asks for that day.
-BaseButton {
+Button {
     id: badge
 
     onTextChanged: arrival.restart()
-    cornerRadius: 20
+    radius: 20
     horizontalPadding: 12
     verticalPadding: 6
 
     background: RoundedSurface {
-        radius: badge.cornerRadius
+        radius: badge.radius
         color: VTRTheme.bestGreen
         shadowColor: VTRTheme.withOpacity(VTRTheme.bestGreen, 0.4)
         shadowRadius: 6
@@ -19,7 +19,7 @@ BaseButton {
 
         PressTint {
             control: badge
-            radius: badge.cornerRadius
+            radius: badge.radius
         }
     }
 

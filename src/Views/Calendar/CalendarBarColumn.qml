@@ -19,7 +19,7 @@ CalendarDay {
         PressTint {
             control: column
             isHovered: false
-            radius: column.cornerRadius
+            radius: column.radius
         }
     }
 

@@ -3,7 +3,7 @@ import Vantora
 import Vantora.Controls
 
 /// What a bar and a tile of the fare chart have in common.
-BaseButton {
+Button {
     id: day
 
     required property dailyPrice price

@@ -21,7 +21,7 @@ CalendarDay {
         PressTint {
             control: tile
             isHovered: tile.isSelected && tile.isHovered
-            radius: tile.cornerRadius
+            radius: tile.radius
         }
     }
 

@@ -86,8 +86,6 @@ ListView {
     onDayWidthChanged: settling.restart()
     onMovementStarted: isScrolled = true
     onCurrentIndexChanged: if (showsFocus) show(currentIndex)
-    Keys.onReturnPressed: chosen(currentIndex)
-    Keys.onEnterPressed: chosen(currentIndex)
     Keys.onSpacePressed: chosen(currentIndex)
     Keys.onPressed: event => {
         const jumps = event.key === Qt.Key_Home || event.key === Qt.Key_End;

@@ -27,10 +27,10 @@ ScrollSheetContent {
 
         objectName: "guideTabs"
         Layout.fillWidth: true
-        label: "Rehber sekmeleri"
-        titles: [content.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
+        Accessible.name: "Rehber sekmeleri"
+        model: [content.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
         currentIndex: content.activeTab
-        onChosen: index => content.activeTab = index
+        onActivated: index => content.activeTab = index
     }
 
     LoadingPanel {

@@ -13,19 +13,18 @@ RowLayout {
 
     // The number that stands there is an example: typing replaces it.
     Component.onCompleted: {
-        number.textInput.focus = true;
-        number.textInput.selectAll();
+        number.focus = true;
+        number.selectAll();
     }
 
-    InputField {
+    TextField {
         id: number
 
         Layout.fillWidth: true
         Layout.fillHeight: true
-        label: "Uçuş numarası"
+        Accessible.name: "Uçuş numarası"
         symbol: "ticket"
-        prompt: "Uçuş No (örn: VQ1983)"
-        color: VTRTheme.cardBg
+        placeholderText: "Uçuş No (örn: VQ1983)"
         font.pixelSize: 14
         font.weight: Font.Bold
         text: row.viewModel.flightNumber
@@ -43,16 +42,16 @@ RowLayout {
         onEdited: value => row.viewModel.flightDate = value
     }
 
-    PrimaryButton {
+    BusyButton {
         objectName: "statusQueryButton"
         Layout.fillHeight: true
         horizontalPadding: 16
         verticalPadding: 9
-        cornerRadius: 6
-        raised: false
-        symbol: "magnifyingglass"
+        radius: 6
+        isRaised: false
+        icon.name: "magnifyingglass"
         text: "Sorgula"
-        textSize: 13
+        font.pixelSize: 13
         busy: row.viewModel.isLoading
         onClicked: row.viewModel.startSearchStatus()
     }

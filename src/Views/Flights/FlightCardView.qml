@@ -106,27 +106,29 @@ Item {
                 font.weight: Font.ExtraBold
             }
 
-            RedButton {
+            Button {
                 id: bookButton
 
                 anchors.right: parent.right
                 focusPolicy: Qt.NoFocus
+                highlighted: true
                 text: "VTR'de Satın Al"
                 horizontalPadding: 14
                 verticalPadding: 8
+                font.weight: Font.Bold
                 onClicked: card.book()
                 // Otherwise the second click would book again.
                 onDoubleClicked: {}
 
                 contentItem: SymbolLabel {
-                    spacing: 6
+                    spacing: bookButton.spacing
                     symbol: "arrow.up.right"
                     symbolSize: 10
                     isSymbolLast: true
                     text: bookButton.text
                     color: VTRTheme.textPrimary
-                    size: 12
-                    weight: Font.Bold
+                    size: bookButton.font.pixelSize
+                    weight: bookButton.font.weight
                 }
             }
         }

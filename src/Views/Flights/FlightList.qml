@@ -84,8 +84,6 @@ FocusScope {
                 focus: isCurrent
                 showsFocus: area.showsFocus && isCurrent
                 Component.onCompleted: hasAppeared = true
-                Keys.onReturnPressed: book()
-                Keys.onEnterPressed: book()
                 Keys.onSpacePressed: book()
 
                 Behavior on y {

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import Vantora
 import Vantora.Controls
 
 /// The top of the window: logo, the buttons of the two sheets, and where the data comes from.
@@ -43,16 +42,16 @@ RowLayout {
         }
     }
 
-    HeaderButton {
+    Button {
         objectName: "flightStatusButton"
-        symbol: "clock.arrow.circlepath"
+        icon.name: "clock.arrow.circlepath"
         text: "Uçuş Durumu"
         onClicked: header.flightStatusRequested()
     }
 
-    HeaderButton {
+    Button {
         objectName: "cityGuideButton"
-        symbol: "map"
+        icon.name: "map"
         text: "Şehir Rehberi"
         onClicked: header.cityGuideRequested()
     }

@@ -4,7 +4,7 @@ import Vantora.Controls
 
 /// The error at the edge of the view, while the page is scrolled away from its banner. Pressed, it
 /// asks for the banner. Assistive technology reads the message there.
-BaseButton {
+Button {
     id: strip
 
     required property string message
@@ -22,7 +22,7 @@ BaseButton {
     opacity: presence
     text: "Hataya git"
     onHasErrorChanged: isDismissed = false
-    cornerRadius: 10
+    radius: 10
     leftPadding: VTRTheme.padding
     rightPadding: 8
     topPadding: 8
@@ -33,7 +33,7 @@ BaseButton {
     }
 
     background: RoundedSurface {
-        radius: strip.cornerRadius
+        radius: strip.radius
         color: VTRTheme.cardBgLight
         borderWidth: 1
         borderColor: VTRTheme.withOpacity(VTRTheme.gold, 0.5)
@@ -43,7 +43,7 @@ BaseButton {
 
         PressTint {
             control: strip
-            radius: strip.cornerRadius
+            radius: strip.radius
         }
     }
 
@@ -68,9 +68,9 @@ BaseButton {
             size: 16
             color: VTRTheme.textSecondary
         }
-        IconButton {
-            symbol: "xmark.circle.fill"
-            color: VTRTheme.textMuted
+        ToolButton {
+            icon.name: "xmark.circle.fill"
+            icon.color: VTRTheme.textMuted
             text: "Hatayı gizle"
             onClicked: strip.isDismissed = true
         }

@@ -14,13 +14,6 @@ FocusScope {
 
     // Keys that the controls leave alone scroll the page.
     Keys.forwardTo: [scrollPage]
-    Keys.onPressed: event => {
-        const asksAgain = event.key === Qt.Key_F5
-            || (event.key === Qt.Key_R && event.modifiers === Qt.ControlModifier);
-        event.accepted = asksAgain;
-        if (asksAgain && !viewModel.isLoading)
-            viewModel.startSearchAll();
-    }
 
     ScrollPage {
         id: scrollPage

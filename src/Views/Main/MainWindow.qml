@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 import Vantora
 import Vantora.Controls
 
-/// The application's one window.
-T.ApplicationWindow {
+/// The application's one window, and its keys: those that work whatever has the keyboard.
+ApplicationWindow {
     id: window
 
     readonly property FlightSearchViewModel viewModel: mainView.viewModel
@@ -18,26 +17,9 @@ T.ApplicationWindow {
     minimumWidth: Math.min(1080, room.width)
     minimumHeight: Math.min(720, room.height)
     visible: true
-    color: VTRTheme.background
 
-    menuBar: AppMenuBar {}
-
-    TabOrder {
-        window: window
-    }
-
-    TextTip {
-        window: window
-    }
-
-    HeldKeys {
-        window: window
-    }
-
-    Shortcut {
-        sequences: ["Ctrl+Q", "Ctrl+W"]
-        context: Qt.ApplicationShortcut
-        onActivated: window.close()
+    menuBar: AppMenuBar {
+        id: bar
     }
 
     MainView {
@@ -45,5 +27,24 @@ T.ApplicationWindow {
 
         anchors.fill: parent
         focus: true
+
+        // A sheet or an open menu has these keys to itself.
+        Shortcut {
+            sequences: ["F5", "Ctrl+R"]
+            onActivated: {
+                if (!window.viewModel.isLoading)
+                    window.viewModel.startSearchAll();
+            }
+        }
+        Shortcut {
+            sequence: "F10"
+            onActivated: bar.help.open()
+        }
+    }
+
+    Shortcut {
+        sequences: ["Ctrl+Q", "Ctrl+W"]
+        context: Qt.ApplicationShortcut
+        onActivated: window.close()
     }
 }

@@ -3,7 +3,7 @@ import Vantora
 import Vantora.Controls
 
 /// An airport of the route: a caption, the code and the name. Pressing it lets one choose another.
-BaseButton {
+Button {
     id: button
 
     required property string caption
@@ -19,10 +19,12 @@ BaseButton {
     readonly property real shift: distance * (away > 0 ? away : 0.15 * away)
 
     text: caption + ": " + airport.code + ", " + airport.name
-    cornerRadius: 10
+    radius: 10
     horizontalPadding: 14
     verticalPadding: 10
 
+    // AirportGround draws it.
+    background: null
     contentItem: Column {
         spacing: 4
 

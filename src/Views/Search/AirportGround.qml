@@ -12,7 +12,7 @@ RoundedSurface {
     y: button.y
     width: button.width
     height: button.height
-    radius: button.cornerRadius
+    radius: button.radius
     color: VTRTheme.cardBgLight
     borderWidth: 1
     borderColor: button.hovered ? Qt.rgba(1, 1, 1, 0.18) : VTRTheme.cardBorder

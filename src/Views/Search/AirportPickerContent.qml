@@ -26,6 +26,30 @@ FocusScope {
         rows.sayCurrentRow();
     }
 
+    /// Moves in the list; false for a key that does not. Home and End are the text's until the arrows
+    /// have gone into the list.
+    function moveByKey(key: int): bool {
+        const rowHeight = (list.contentHeight + list.spacing) / Math.max(list.count, 1);
+        const page = Math.max(1, Math.floor(list.height / rowHeight));
+        let row = list.currentIndex;
+        if (key === Qt.Key_Up || key === Qt.Key_Down)
+            row += key === Qt.Key_Up ? -1 : 1;
+        else if (key === Qt.Key_PageUp || key === Qt.Key_PageDown)
+            row += key === Qt.Key_PageUp ? -page : page;
+        else if (isInRows && (key === Qt.Key_Home || key === Qt.Key_End))
+            row = key === Qt.Key_Home ? 0 : list.count - 1;
+        else
+            return false;
+        showRow(Math.min(Math.max(row, 0), list.count - 1));
+        return true;
+    }
+
+    function showRow(row: int) {
+        list.currentIndex = row;
+        list.positionViewAtIndex(row, ListView.Contain);
+        tellRow();
+    }
+
     function takeMarked() {
         if (list.currentIndex >= 0)
             chosen(airports.codeAt(list.currentIndex));
@@ -73,7 +97,7 @@ FocusScope {
             width: parent.width
             height: field.height + 2 * VTRTheme.spacing
 
-            InputField {
+            TextField {
                 id: field
 
                 x: VTRTheme.padding
@@ -81,38 +105,19 @@ FocusScope {
                 width: parent.width - 2 * VTRTheme.padding
 
                 focus: true
-                color: VTRTheme.cardBg
                 symbol: "magnifyingglass"
-                label: "Havalimanı ara"
-                prompt: "Şehir, ülke veya havalimanı kodu (örn: IST, Londra, JFK)..."
+                Accessible.name: "Havalimanı ara"
+                placeholderText: "Şehir, ülke veya havalimanı kodu (örn: IST, Londra, JFK)..."
                 clearable: true
                 onTextChanged: {
                     picker.filter(text);
                     if (picker.isInRows)
-                        Speech.focus(field.textInput);
+                        Speech.focus(field);
                     picker.isInRows = false;
                     news.restart();
                 }
                 onAccepted: picker.takeMarked()
-                Keys.onDownPressed: {
-                    list.incrementCurrentIndex();
-                    picker.tellRow();
-                }
-                Keys.onUpPressed: {
-                    list.decrementCurrentIndex();
-                    picker.tellRow();
-                }
-                Keys.onPressed: event => {
-                    const rowHeight = (list.contentHeight + list.spacing) / Math.max(list.count, 1);
-                    const page = Math.max(1, Math.floor(list.height / rowHeight));
-                    const step = event.key === Qt.Key_PageDown ? page : event.key === Qt.Key_PageUp ? -page : 0;
-                    event.accepted = step !== 0;
-                    if (step === 0)
-                        return;
-                    list.currentIndex = Math.max(0, Math.min(list.currentIndex + step, list.count - 1));
-                    list.positionViewAtIndex(list.currentIndex, ListView.Contain);
-                    picker.tellRow();
-                }
+                Keys.onPressed: event => event.accepted = picker.moveByKey(event.key)
             }
         }
     }
@@ -132,11 +137,7 @@ FocusScope {
         selectedRow: airports.count > 0 ? airports.rowOf(picker.selectedCode) : -1
         isActive: picker.isInRows
         onRowPressed: row => picker.chosen(airports.codeAt(row))
-        onRowFocused: row => {
-            list.currentIndex = row;
-            list.positionViewAtIndex(row, ListView.Contain);
-            picker.tellRow();
-        }
+        onRowFocused: row => picker.showRow(row)
 
         function textOf(row: int): string {
             return airports.spokenAt(row);
@@ -168,7 +169,7 @@ FocusScope {
                 onClicked: picker.chosen(airport.code)
             }
 
-            T.ScrollBar.vertical: PageScrollBar {}
+            T.ScrollBar.vertical: ScrollBar {}
         }
     }
 

@@ -4,7 +4,7 @@ import Vantora
 import Vantora.Controls
 
 /// One airport of the picker.
-BaseButton {
+ItemDelegate {
     id: row
 
     required property airport airport
@@ -12,22 +12,21 @@ BaseButton {
     required property bool isSelected
     /// The keyboard's choice: Return takes it.
     required property bool isMarked
-    readonly property bool isHovered: hovered
 
-    focusPolicy: Qt.NoFocus
     verticalPadding: 10
-    horizontalPadding: 12
+    leftPadding: 12
+    rightPadding: 12
 
     background: RoundedSurface {
         radius: VTRTheme.controlRadius
-        color: row.isHovered || row.isMarked ? VTRTheme.cardBgLight : "transparent"
+        color: row.hovered || row.isMarked ? VTRTheme.cardBgLight : "transparent"
         borderWidth: row.isMarked ? 1 : 0
         borderColor: Qt.rgba(1, 1, 1, 0.16)
 
         PressTint {
             control: row
             isHovered: false
-            radius: row.cornerRadius
+            radius: VTRTheme.controlRadius
         }
     }
 

@@ -34,9 +34,9 @@ VTRCard {
             viewModel: searchCard.viewModel
         }
 
-        PrimaryButton {
+        BusyButton {
             objectName: "searchButton"
-            symbol: "magnifyingglass"
+            icon.name: "magnifyingglass"
             text: "En Uygun Fiyatları Bul"
             busyText: "Aranıyor..."
             busy: searchCard.viewModel.isLoading

@@ -2,7 +2,7 @@ import QtQuick
 import Vantora.Controls
 
 /// One popular route.
-BaseButton {
+Button {
     id: button
 
     required property string origin
@@ -10,19 +10,19 @@ BaseButton {
     readonly property color ink: hovered || down ? VTRTheme.textPrimary : VTRTheme.textSecondary
 
     text: origin + " → " + destination + " uçuşlarını ara"
-    cornerRadius: 6
+    radius: 6
     horizontalPadding: 8
     verticalPadding: 4
     // Otherwise the second click would ask again.
     onDoubleClicked: {}
 
     background: RoundedSurface {
-        radius: button.cornerRadius
+        radius: button.radius
         color: VTRTheme.cardBgLight
 
         PressTint {
             control: button
-            radius: button.cornerRadius
+            radius: button.radius
         }
     }
 

@@ -55,11 +55,12 @@ Item {
             onClicked: row.originPressed()
         }
 
-        IconButton {
+        ToolButton {
             objectName: "swapButton"
-            symbol: "arrow.left.arrow.right"
-            symbolSize: 18
-            frame: 36
+            implicitWidth: 36
+            implicitHeight: 36
+            icon.name: "arrow.left.arrow.right"
+            icon.width: 18
             text: "Kalkış ve varışı değiştir"
             onClicked: {
                 row.viewModel.swapAirports();

@@ -14,35 +14,35 @@ RowLayout {
     SegmentedControl {
         objectName: "tripType"
         Layout.preferredWidth: Math.max(220, implicitWidth)
-        label: "Yolculuk türü"
-        titles: SearchChoices.tripTypes
+        Accessible.name: "Yolculuk türü"
+        model: SearchChoices.tripTypes
         currentIndex: row.viewModel.tripType
-        onChosen: index => row.viewModel.tripType = index
+        onActivated: index => row.viewModel.tripType = index
     }
 
-    PopUpMenu {
+    ComboBox {
         objectName: "cabinClass"
         Layout.preferredWidth: Math.max(140, implicitWidth)
-        label: "Kabin"
-        titles: SearchChoices.cabinClasses
+        Accessible.name: "Kabin"
+        model: SearchChoices.cabinClasses
         currentIndex: row.viewModel.cabinClass
         onActivated: index => row.viewModel.cabinClass = index
     }
 
-    PopUpMenu {
+    ComboBox {
         objectName: "timeRange"
         Layout.preferredWidth: Math.max(150, implicitWidth)
-        label: "Takvim aralığı"
-        titles: SearchChoices.timeRanges
+        Accessible.name: "Takvim aralığı"
+        model: SearchChoices.timeRanges
         currentIndex: row.viewModel.timeRange
         onActivated: index => row.viewModel.timeRange = index
     }
 
-    PopUpMenu {
+    ComboBox {
         objectName: "passengers"
         Layout.preferredWidth: Math.max(110, implicitWidth)
-        label: "Yolcu sayısı"
-        titles: ["1 Yetişkin", "2 Yetişkin", "3 Yetişkin", "4 Yetişkin"]
+        Accessible.name: "Yolcu sayısı"
+        model: ["1 Yetişkin", "2 Yetişkin", "3 Yetişkin", "4 Yetişkin"]
         currentIndex: row.viewModel.passengers - 1
         onActivated: index => row.viewModel.passengers = index + 1
     }

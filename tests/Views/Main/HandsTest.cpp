@@ -64,6 +64,16 @@ private Q_SLOTS:
         QTRY_VERIFY(!m_window->called(u"Vantora Resmi Web Sitesi"_s));
         QCOMPARE(questions().size(), 4);
 
+        // What opens it closes it, too.
+        m_window->press("F10");
+        QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));
+        m_window->press("F10");
+        QTRY_VERIFY(!m_window->called(u"Vantora MCP Sunucusu"_s));
+        for (const bool isOpen : { true, false }) {
+            m_window->click(m_window->called(u"Yardım"_s));
+            QTRY_COMPARE(m_window->called(u"Vantora MCP Sunucusu"_s) != nullptr, isOpen);
+        }
+
         for (const char *steps : { "Return", "Down Return" }) {
             m_window->press("Alt+Y");
             QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));

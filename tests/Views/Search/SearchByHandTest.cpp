@@ -16,7 +16,7 @@ private Q_SLOTS:
         choose(u"originButton"_s, u"izm"_s, "Return");
         QTRY_COMPARE(m_window->focused(), m_window->named(u"originButton"_s));
         m_window->press("Space", u"swapButton"_s);
-        m_window->press("Right", u"ChoiceButton"_s);
+        m_window->press("Right", u"RadioButton"_s);
         QTRY_VERIFY(m_window->named(u"returnDate"_s));
         m_window->press("Space", u"returnDate"_s);
         QTRY_VERIFY(m_window->named(u"monthView"_s));
@@ -45,7 +45,7 @@ private Q_SLOTS:
         QVERIFY(m_window->focused()->property("visualFocus").toBool());
 
         // One way forgets the return.
-        m_window->itemsOfType("ChoiceButton").at(1)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->itemsOfType("RadioButton").at(1)->forceActiveFocus(Qt::TabFocusReason);
         m_window->press("Left");
         QTRY_VERIFY(!m_window->named(u"returnDate"_s));
         m_window->click(m_window->named(u"searchButton"_s));
@@ -78,6 +78,10 @@ private Q_SLOTS:
         QAccessibleInterface *rows = m_window->told(u"Havalimanları"_s);
         m_window->press("Down");
         QVERIFY(rows->child(1)->state().focused);
+        m_window->press("End");
+        QVERIFY(rows->child(rows->childCount() - 1)->state().focused);
+        m_window->press("Home");
+        QVERIFY(rows->child(0)->state().focused);
         m_window->press("Backspace");
         QVERIFY(field->state().focused && !rows->child(0)->state().focused);
         m_window->press("Esc");

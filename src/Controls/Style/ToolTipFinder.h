@@ -1,15 +1,15 @@
 #pragma once
 
-#include "Controls/Pages/WindowWatcher.h"
+#include "Controls/Keys/WindowWatcher.h"
 
 #include <QQuickItem>
 #include <QRectF>
 #include <QTimer>
 
 /// Finds what a tip should tell: the whole of a text that is cut short, or what an item says of
-/// itself in its property `tip`. It looks where the pointer rests, and in the control that the
+/// itself in its property `toolTip`. It looks where the pointer rests, and in the control that the
 /// keyboard has come to.
-class TipFinder : public WindowWatcher
+class ToolTipFinder : public WindowWatcher
 {
     Q_OBJECT
     QML_ELEMENT
@@ -21,7 +21,7 @@ class TipFinder : public WindowWatcher
     Q_PROPERTY(QQuickItem *root READ root NOTIFY windowChanged)
 
 public:
-    explicit TipFinder(QObject *parent = nullptr);
+    explicit ToolTipFinder(QObject *parent = nullptr);
 
     QString text() const { return m_text; }
     QRectF place() const { return m_place; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Controls/Pages/WindowWatcher.h"
+#include "Controls/Keys/WindowWatcher.h"
 
 /// Knows whether Alt is held down, which is when menus show their access keys.
 class HeldAlt : public WindowWatcher

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Controls/Pages/WindowWatcher.h"
+#include "Controls/Keys/WindowWatcher.h"
 
 /// Lets Tab go on from a control that was disabled while it had the keyboard, as a button that
 /// starts something does. Qt gives the keyboard to the scope around it, and Tab would begin anew.

@@ -4,23 +4,20 @@ import QtQuick
 import QtQuick.Layouts
 import Vantora.Controls
 
-/// A choice of one among a few, side by side. It is one tab stop, within which the arrows choose.
-/// The owner binds `currentIndex` and stores what `chosen` brings.
+/// A choice of one among a few texts, side by side. It is one tab stop, within which the arrows
+/// choose. `Accessible.name` says what is chosen here.
 FieldSurface {
     id: control
 
-    /// What is chosen here, for assistive technology.
-    required property string label
-    required property list<string> titles
+    required property list<string> model
     required property int currentIndex
-
     readonly property Item currentSegment: segments.count > 0 ? segments.itemAt(currentIndex) : null
 
-    signal chosen(int index)
+    /// The user has chosen. The owner stores the index and binds `currentIndex`.
+    signal activated(int index)
 
     implicitWidth: row.implicitWidth + 6
     Accessible.role: Accessible.Grouping
-    Accessible.name: label
     onActiveFocusChanged: if (activeFocus) currentSegment.forceActiveFocus(Qt.OtherFocusReason)
 
     RoundedSurface {
@@ -47,36 +44,37 @@ FieldSurface {
         Repeater {
             id: segments
 
-            model: control.titles
+            model: control.model
 
-            ChoiceButton {
+            RadioButton {
                 id: segment
 
+                required property int index
                 required property string modelData
 
-                choices: segments
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 Layout.minimumWidth: implicitWidth
                 Layout.preferredWidth: 1
                 horizontalPadding: 10
-                cornerRadius: VTRTheme.controlRadius - 2
+                verticalPadding: 0
+                radius: VTRTheme.controlRadius - 2
                 text: modelData
-                isCurrent: index === control.currentIndex
-                onClicked: control.chosen(index)
+                checked: index === control.currentIndex
+                onClicked: control.activated(index)
 
                 background: Item {
                     PressTint {
                         control: segment
-                        radius: segment.cornerRadius
+                        radius: segment.radius
                     }
                 }
                 contentItem: PlainText {
                     text: segment.text
                     horizontalAlignment: Text.AlignHCenter
                     verticalAlignment: Text.AlignVCenter
-                    font.weight: segment.isCurrent ? Font.DemiBold : Font.Medium
-                    color: segment.isCurrent ? VTRTheme.textPrimary : VTRTheme.textSecondary
+                    font.weight: segment.checked ? Font.DemiBold : Font.Medium
+                    color: segment.checked ? VTRTheme.textPrimary : VTRTheme.textSecondary
                 }
             }
         }

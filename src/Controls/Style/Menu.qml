@@ -2,26 +2,25 @@ import QtQuick
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// A menu of things to do; its entries are MenuEntry. A click beside it closes it and does nothing
-/// else.
+/// A menu of things to do. A click beside it closes it and does nothing else.
 T.Menu {
     id: menu
 
-    property real entryWidth: 220
-
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
+    contentWidth: 220
     padding: 5
     margins: 4
     overlap: 1
     modal: true
+    // A menu bar would leave a click on the menu's title to the title, which is shielded.
+    onAboutToShow: closePolicy = T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     T.Overlay.modal: Item {}
 
-    background: PopUpSurface {}
+    background: PopupSurface {}
 
     contentItem: ListView {
-        implicitWidth: menu.entryWidth
         implicitHeight: contentHeight
         interactive: false
         model: menu.contentModel

@@ -1,4 +1,4 @@
-#include "Controls/Pages/HeldAlt.h"
+#include "Controls/Keys/HeldAlt.h"
 
 #include <QKeyEvent>
 

@@ -1,4 +1,4 @@
-#include "Controls/Pages/TabOrder.h"
+#include "Controls/Keys/TabOrder.h"
 
 #include <QKeyEvent>
 #include <QQuickItem>

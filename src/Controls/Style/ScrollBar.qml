@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// A slim scroll bar that is seen while there is something to scroll.
+/// A slim one that is seen while there is something to scroll.
 T.ScrollBar {
     id: bar
 

@@ -1,4 +1,4 @@
-#include "Controls/Look/TipFinder.h"
+#include "Controls/Style/ToolTipFinder.h"
 
 #include <QMouseEvent>
 
@@ -13,7 +13,7 @@ QString untold(const QQuickItem *item)
 {
     if (item->inherits("QQuickText") && item->property("truncated").toBool())
         return item->property("text").toString();
-    return item->property("tip").toString();
+    return item->property("toolTip").toString();
 }
 
 /// In the order in which they are drawn.
@@ -56,18 +56,18 @@ bool addUntold(const QQuickItem *item, QStringList &texts)
 
 } // namespace
 
-TipFinder::TipFinder(QObject *parent)
+ToolTipFinder::ToolTipFinder(QObject *parent)
     : WindowWatcher(parent)
 {
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
-    connect(&m_delay, &QTimer::timeout, this, &TipFinder::find);
-    connect(this, &TipFinder::windowChanged, this, [this] {
-        connect(window(), &QQuickWindow::activeFocusItemChanged, this, &TipFinder::waitAtFocus);
+    connect(&m_delay, &QTimer::timeout, this, &ToolTipFinder::find);
+    connect(this, &ToolTipFinder::windowChanged, this, [this] {
+        connect(window(), &QQuickWindow::activeFocusItemChanged, this, &ToolTipFinder::waitAtFocus);
     });
 }
 
-bool TipFinder::eventFilter(QObject *watched, QEvent *event)
+bool ToolTipFinder::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::MouseMove:
@@ -90,7 +90,7 @@ bool TipFinder::eventFilter(QObject *watched, QEvent *event)
     return WindowWatcher::eventFilter(watched, event);
 }
 
-void TipFinder::waitAt(const QPointF &pointer)
+void ToolTipFinder::waitAt(const QPointF &pointer)
 {
     if (!m_text.isEmpty() && m_place.contains(pointer))
         return;
@@ -100,7 +100,7 @@ void TipFinder::waitAt(const QPointF &pointer)
     m_delay.start();
 }
 
-void TipFinder::waitAtFocus()
+void ToolTipFinder::waitAtFocus()
 {
     if (!m_keyboardActedLast)
         return;
@@ -109,13 +109,13 @@ void TipFinder::waitAtFocus()
     m_delay.start();
 }
 
-void TipFinder::hide()
+void ToolTipFinder::hide()
 {
     m_delay.stop();
     tell({}, nullptr);
 }
 
-void TipFinder::find()
+void ToolTipFinder::find()
 {
     if (!window() || !window()->isActive())
         return;
@@ -129,7 +129,7 @@ void TipFinder::find()
     tell(isControl ? texts.join(u'\n') : QString(), m_focused);
 }
 
-void TipFinder::tell(const QString &text, const QQuickItem *item)
+void ToolTipFinder::tell(const QString &text, const QQuickItem *item)
 {
     if (text == m_text)
         return;

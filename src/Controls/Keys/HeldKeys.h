@@ -1,15 +1,16 @@
 #pragma once
 
-#include "Controls/Pages/WindowWatcher.h"
+#include "Controls/Keys/WindowWatcher.h"
 
 class QKeyEvent;
 
-/// Lets a held key act once. Keys that act, such as Return, reach the window's items when they go
-/// down; their repeats and releases do not, wherever the keyboard has gone meanwhile. Keys that
-/// move go on repeating, and so does what is typed into a text field.
+/// Lets a held key act once, in every control and as a shortcut. Keys that move go on repeating,
+/// and so does what is typed into a text field.
 ///
 /// On X11 a repeat is a release and a press of the same moment, and Qt cannot always tell them from
-/// others. So items act on the press: a release may not be the last.
+/// others: a release may not be the last. So a key acts when it goes down: what Qt's controls do
+/// when Space is pressed and released happens then, for Return and Enter as well, and the release
+/// goes nowhere.
 class HeldKeys : public WindowWatcher
 {
     Q_OBJECT
@@ -22,7 +23,9 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool handlePress(const QKeyEvent &press);
     bool isRepeat(const QKeyEvent &press) const;
+    bool isTyping() const;
     /// Whether the key acts on what has the keyboard now; otherwise it moves or types.
     bool acts(const QKeyEvent &key) const;
 
@@ -31,4 +34,5 @@ private:
     /// The last release: which key, and when, in milliseconds.
     quint32 m_releasedKey = 0;
     quint64 m_releasedAt = 0;
+    bool m_isPressing = false;
 };

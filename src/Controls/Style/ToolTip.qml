@@ -28,7 +28,7 @@ RoundedSurface {
     shadowRadius: 12
     shadowOffset: 4
 
-    TipFinder {
+    ToolTipFinder {
         id: finder
 
         window: tip.window

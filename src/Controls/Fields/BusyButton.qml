@@ -1,0 +1,92 @@
+import QtQuick
+import Vantora.Controls
+
+/// The button that starts the one thing a form is for. While `busy` it shows that, says `busyText`
+/// and cannot be pressed; it keeps its width, so that nothing around it moves.
+Button {
+    id: busyButton
+
+    property bool busy: false
+    /// Empty for the indicator alone.
+    property string busyText
+    property bool isRaised: true
+    property bool hadRing: false
+
+    highlighted: true
+    horizontalPadding: 18
+    verticalPadding: 14
+    spacing: VTRTheme.spacing
+    radius: 10
+    font.pixelSize: 14
+    font.weight: Font.Bold
+    enabled: !busy
+    opacity: enabled || busy ? 1 : 0.55
+    // A disabled button loses the keyboard and gets it back without its ring.
+    onClicked: hadRing = visualFocus
+    onEnabledChanged: if (enabled && activeFocus && hadRing) focusReason = Qt.TabFocusReason
+    Accessible.name: !busy ? text : busyText.length > 0 ? busyText : text + ", yükleniyor"
+
+    background: RedSurface {
+        opacity: busyButton.busy ? 0.6 : 1
+        radius: busyButton.radius
+        raised: busyButton.isRaised
+        shadowRadius: 8
+        shadowOffset: 3
+
+        PressTint {
+            control: busyButton
+            radius: busyButton.radius
+        }
+    }
+    contentItem: Label {
+        button: busyButton
+        isBusy: busyButton.busy
+        busyText: busyButton.busyText
+    }
+
+    /// The room of the wider of its two looks.
+    component Label: Item {
+        id: label
+
+        required property Button button
+        required property bool isBusy
+        required property string busyText
+
+        implicitWidth: Math.max(idle.implicitWidth, working.implicitWidth)
+        implicitHeight: Math.max(idle.implicitHeight, working.implicitHeight)
+
+        SymbolLabel {
+            id: idle
+
+            anchors.centerIn: parent
+            visible: !label.isBusy
+            spacing: label.button.spacing
+            symbol: label.button.icon.name
+            text: label.button.text
+            color: VTRTheme.textPrimary
+            size: label.button.font.pixelSize
+            weight: label.button.font.weight
+        }
+
+        Row {
+            id: working
+
+            anchors.centerIn: parent
+            visible: label.isBusy
+            spacing: label.button.spacing
+
+            BusyIndicator {
+                anchors.verticalCenter: parent.verticalCenter
+                implicitWidth: label.button.font.pixelSize + 2
+                color: VTRTheme.textPrimary
+            }
+            PlainText {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: text.length > 0
+                text: label.busyText
+                font.pixelSize: label.button.font.pixelSize
+                font.weight: label.button.font.weight
+            }
+        }
+    }
+}

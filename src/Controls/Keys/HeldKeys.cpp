@@ -1,0 +1,108 @@
+#include "Controls/Keys/HeldKeys.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QQuickItem>
+
+#include <chrono>
+
+namespace {
+
+/// In milliseconds. With a screen reader at work Qt sends copies of the events, which have no time.
+quint64 momentOf(const QKeyEvent &key)
+{
+    using namespace std::chrono;
+    const auto now = steady_clock::now().time_since_epoch();
+    return key.timestamp() != 0 ? key.timestamp()
+                                : quint64(duration_cast<milliseconds>(now).count());
+}
+
+} // namespace
+
+bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
+{
+    if (m_isPressing)
+        return false;
+    const auto &key = *static_cast<QKeyEvent *>(event);
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        // What is refused as a shortcut comes back as a press.
+        if (isRepeat(key) && (key.key() == m_actingKey || acts(key))) {
+            event->accept();
+            return true;
+        }
+        return false;
+    case QEvent::KeyPress:
+        return handlePress(key);
+    case QEvent::KeyRelease:
+        m_releasedKey = key.nativeScanCode();
+        m_releasedAt = momentOf(key);
+        return key.key() == m_actingKey || acts(key);
+    default:
+        return WindowWatcher::eventFilter(watched, event);
+    }
+}
+
+bool HeldKeys::handlePress(const QKeyEvent &press)
+{
+    // A press may have opened a sheet with a text field in it, which is not to be typed into.
+    if (isRepeat(press) && (press.key() == m_actingKey || acts(press)))
+        return true;
+    m_actingKey = acts(press) ? press.key() : 0;
+    const bool isButtonKey = press.key() == Qt::Key_Space || press.key() == Qt::Key_Return
+        || press.key() == Qt::Key_Enter;
+    const auto modifiers = press.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    if (!isButtonKey || modifiers != Qt::NoModifier || isTyping())
+        return false;
+    m_isPressing = true;
+    for (const auto type : { QEvent::KeyPress, QEvent::KeyRelease }) {
+        QKeyEvent space(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+        QCoreApplication::sendEvent(window(), &space);
+    }
+    m_isPressing = false;
+    return true;
+}
+
+bool HeldKeys::isRepeat(const QKeyEvent &press) const
+{
+    // A finger cannot lift a key and press it again within five milliseconds.
+    const bool followsItsRelease = press.nativeScanCode() != 0
+        && press.nativeScanCode() == m_releasedKey && momentOf(press) - m_releasedAt <= 5;
+    return press.isAutoRepeat() || followsItsRelease;
+}
+
+bool HeldKeys::isTyping() const
+{
+    const QQuickItem *item = window()->activeFocusItem();
+    return item && item->flags().testFlag(QQuickItem::ItemAcceptsInputMethod);
+}
+
+bool HeldKeys::acts(const QKeyEvent &key) const
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Meta:
+        return false;
+    default:
+        return !isTyping() || key.text().isEmpty();
+    }
+}

@@ -1,0 +1,23 @@
+import QtQuick
+import QtQuick.Templates as T
+import Vantora.Controls
+
+/// A window in which the style's rules hold: a held key acts once, Tab goes on from a control that
+/// was disabled, and a tool tip shows what is cut short.
+T.ApplicationWindow {
+    id: window
+
+    color: VTRTheme.background
+
+    HeldKeys {
+        window: window
+    }
+
+    TabOrder {
+        window: window
+    }
+
+    ToolTip {
+        window: window
+    }
+}

@@ -1,0 +1,142 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Vantora.Controls
+
+/// A choice of one among several texts that drop down when they are asked for. It is never narrower
+/// than its widest one. `Accessible.name` says what is chosen here.
+T.ComboBox {
+    id: box
+
+    /// The menu is open, for assistive technology.
+    readonly property bool isExpanded: down
+    readonly property real widestText: TextWidth.widest(model, font) + 1
+
+    implicitWidth: widestText + leftPadding + rightPadding
+    implicitHeight: implicitBackgroundHeight
+    leftPadding: 12
+    rightPadding: 28
+    font: VTRTheme.bodyFont
+    hoverEnabled: true
+    Accessible.description: displayText
+    Accessible.onPressAction: popup.open()
+    onActivated: telling.restart()
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_Down && event.modifiers & Qt.AltModifier;
+        if (event.accepted)
+            popup.open();
+    }
+    // Qt's own closes it when the key comes up, which it does elsewhere by then.
+    Keys.onEscapePressed: event => {
+        event.accepted = popup.visible;
+        popup.close();
+    }
+
+    /// The menu was open before the choice that is to be told.
+    property bool wasOpen: false
+
+    /// An open menu told its entries, and the box has the keyboard again; a closed one tells what the
+    /// arrows have chosen.
+    function tellChoice() {
+        if (!wasOpen)
+            Speech.say(displayText + ", " + (currentIndex + 1) + " / " + count);
+        else if (activeFocus)
+            Speech.focus(box);
+        wasOpen = false;
+    }
+
+    // When everything that goes with the choice has been done.
+    Timer {
+        id: telling
+
+        interval: 0
+        onTriggered: box.tellChoice()
+    }
+
+    background: FieldSurface {
+        PressTint {
+            isDown: box.down
+            isHovered: box.hovered
+            radius: VTRTheme.controlRadius
+        }
+    }
+    contentItem: PlainText {
+        text: box.displayText
+        font: box.font
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+    indicator: Symbol {
+        x: box.width - width - 8
+        anchors.verticalCenter: parent.verticalCenter
+        name: "chevron.down"
+        size: 14
+        color: VTRTheme.textMuted
+    }
+
+    FocusRing {
+        control: box
+        visible: box.visualFocus
+    }
+
+    delegate: ItemDelegate {
+        required property int index
+        required property string modelData
+
+        width: ListView.view.width
+        text: modelData
+        icon.name: index === box.currentIndex ? "checkmark" : ""
+        highlighted: index === box.highlightedIndex
+    }
+
+    popup: Popup {
+        y: box.height + 4
+        width: Math.max(box.width, box.widestText + 44 + leftPadding + rightPadding)
+        height: Math.min(implicitHeight, box.Window.height - topMargin - bottomMargin)
+        onOpened: box.wasOpen = true
+        onClosed: telling.restart()
+
+        contentItem: Rows {
+            control: box
+        }
+    }
+
+    component Rows: SpokenList {
+        id: rows
+
+        required property T.ComboBox control
+
+        implicitHeight: list.contentHeight
+        label: control.Accessible.name
+        count: control.count
+        currentRow: control.highlightedIndex
+        selectedRow: control.currentIndex
+        isActive: control.down
+        onRowFocused: row => {
+            for (let step = control.highlightedIndex; step < row; ++step)
+                control.incrementCurrentIndex();
+            for (let step = control.highlightedIndex; step > row; --step)
+                control.decrementCurrentIndex();
+        }
+        onRowPressed: row => (list.itemAtIndex(row) as T.ItemDelegate).clicked()
+
+        function textOf(row: int): string {
+            return control.textAt(row);
+        }
+        function itemOf(row: int): Item {
+            return list.itemAtIndex(row);
+        }
+
+        ListView {
+            id: list
+
+            anchors.fill: parent
+            clip: true
+            boundsBehavior: Flickable.StopAtBounds
+            model: rows.control.delegateModel
+            currentIndex: rows.control.highlightedIndex
+            highlightMoveDuration: 0
+        }
+    }
+}
