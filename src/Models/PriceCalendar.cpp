@@ -36,11 +36,10 @@ double amountText(const JsonObject &json)
     return isNumber && written == written.trimmed() ? amount : 0;
 }
 
-template<typename T>
-void insertIfPresent(QJsonObject &json, QLatin1StringView key, const std::optional<T> &value)
+/// An undefined member is left out of an object.
+QJsonValue orUndefined(const std::optional<QString> &text)
 {
-    if (value)
-        json.insert(key, *value);
+    return text ? QJsonValue(*text) : QJsonValue::Undefined;
 }
 
 } // namespace
@@ -56,11 +55,10 @@ DailyPrice DailyPrice::fromJson(const JsonObject &json)
 
 QJsonObject DailyPrice::toJson() const
 {
-    QJsonObject json { { u"date"_s, date },
-                       { u"amount"_s, amount },
-                       { u"is_best_price"_s, isBestPrice } };
-    insertIfPresent(json, "currency"_L1, currency);
-    return json;
+    return { { u"date"_s, date },
+             { u"amount"_s, amount },
+             { u"currency"_s, orUndefined(currency) },
+             { u"is_best_price"_s, isBestPrice } };
 }
 
 BestPrice BestPrice::fromJson(const JsonObject &json)
@@ -72,18 +70,18 @@ BestPrice BestPrice::fromJson(const JsonObject &json)
 
 QJsonObject BestPrice::toJson() const
 {
-    QJsonObject json { { u"date"_s, date }, { u"amount"_s, amount } };
-    insertIfPresent(json, "currency"_L1, currency);
-    return json;
+    return { { u"date"_s, date },
+             { u"amount"_s, amount },
+             { u"currency"_s, orUndefined(currency) } };
 }
 
 PriceCalendarResult PriceCalendarResult::fromJson(const JsonObject &json)
 {
-    PriceCalendarResult result;
-    result.origin = optionalText(json, "origin");
-    result.destination = optionalText(json, "destination");
-    result.currency = optionalText(json, "currency");
-    result.prices = dailyPrices(json);
+    PriceCalendarResult result { .origin = optionalText(json, "origin"),
+                                 .destination = optionalText(json, "destination"),
+                                 .currency = optionalText(json, "currency"),
+                                 .prices = dailyPrices(json),
+                                 .bestPrice = {} };
     if (json.hasValue("best_price"))
         result.bestPrice = BestPrice::fromJson(json.required(&JsonObject::object, "best_price"));
     return result;
@@ -91,17 +89,13 @@ PriceCalendarResult PriceCalendarResult::fromJson(const JsonObject &json)
 
 QJsonObject PriceCalendarResult::toJson() const
 {
-    QJsonObject json;
-    insertIfPresent(json, "origin"_L1, origin);
-    insertIfPresent(json, "destination"_L1, destination);
-    insertIfPresent(json, "currency"_L1, currency);
-    if (prices) {
-        QJsonArray days;
-        for (const DailyPrice &price : *prices)
-            days.append(price.toJson());
-        json.insert("prices"_L1, days);
-    }
-    if (bestPrice)
-        json.insert("best_price"_L1, bestPrice->toJson());
-    return json;
+    QJsonArray days;
+    for (const DailyPrice &price : prices.value_or(QList<DailyPrice>()))
+        days.append(price.toJson());
+    return { { u"origin"_s, orUndefined(origin) },
+             { u"destination"_s, orUndefined(destination) },
+             { u"currency"_s, orUndefined(currency) },
+             { u"prices"_s, prices ? days : QJsonValue(QJsonValue::Undefined) },
+             { u"best_price"_s,
+               bestPrice ? bestPrice->toJson() : QJsonValue(QJsonValue::Undefined) } };
 }

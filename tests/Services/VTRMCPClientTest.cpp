@@ -154,6 +154,22 @@ private Q_SLOTS:
             QVERIFY(request.header("mcp-session-id") != "session-1");
     }
 
+    void whatOneReplyMayHold()
+    {
+        const auto isTooLarge = [](const QByteArray &element, int count) {
+            const QByteArray list = (element + ',').repeated(count - 1) + element;
+            try {
+                readToolResult("{\"result\":{\"a\":" + ('[' + list + ']') + "}}");
+                return false;
+            } catch (const McpError &error) {
+                return error.domain() == McpError::Domain::Network;
+            }
+        };
+        for (const char *container : { "{}", "[]" })
+            QVERIFY(!isTooLarge(container, 79'997) && isTooLarge(container, 79'998));
+        QVERIFY(!isTooLarge("0", 1'000'001) && isTooLarge("0", 1'000'002));
+    }
+
     void answers()
     {
         const auto answer = [this](int status, const QByteArray &body) {
