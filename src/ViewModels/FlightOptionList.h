@@ -20,7 +20,7 @@ public:
     Q_INVOKABLE FlightOption at(int row) const { return m_flights.value(row); }
     int count() const { return static_cast<int>(m_flights.size()); }
     /// The last change brought other flights, not the same ones in another order or selection.
-    bool areNew() const { return m_areNew; }
+    Q_INVOKABLE bool areNew() const { return m_areNew; }
 
     void set(const QList<FlightOption> &flights, bool areNew)
     {

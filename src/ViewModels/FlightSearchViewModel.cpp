@@ -129,11 +129,6 @@ void FlightSearchViewModel::setSearchingFlightsOnly(bool isSearching)
             &FlightSearchViewModel::isSearchingFlightsOnlyChanged);
 }
 
-void FlightSearchViewModel::setSearchesUnderWay(int count)
-{
-    publish(m_searchesUnderWay, count, &FlightSearchViewModel::searchesUnderWayChanged);
-}
-
 void FlightSearchViewModel::setSelectedDate(const QString &date)
 {
     publish(m_selectedDate, date, &FlightSearchViewModel::selectedDateChanged);
@@ -195,12 +190,9 @@ QCoro::Task<> FlightSearchViewModel::searchAll()
     const QString searchDay = formatDate(m_departureDate);
     setSelectedDate(searchDay);
     setLoading(true);
-    setSearchesUnderWay(m_searchesUnderWay + 1);
     const auto end = qScopeGuard([self] {
-        if (!self)
-            return;
-        self->setLoading(false);
-        self->setSearchesUnderWay(self->m_searchesUnderWay - 1);
+        if (self)
+            self->setLoading(false);
     });
     setErrorMessage(std::nullopt);
     publish(m_hasSearched, true, &FlightSearchViewModel::hasSearchedChanged);
@@ -258,12 +250,9 @@ QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
     if (const auto parsed = parseDate(date))
         setDepartureDate(*parsed);
     setSearchingFlightsOnly(true);
-    setSearchesUnderWay(m_searchesUnderWay + 1);
     const auto end = qScopeGuard([self] {
-        if (!self)
-            return;
-        self->setSearchingFlightsOnly(false);
-        self->setSearchesUnderWay(self->m_searchesUnderWay - 1);
+        if (self)
+            self->setSearchingFlightsOnly(false);
     });
     setErrorMessage(std::nullopt);
 

@@ -46,7 +46,6 @@ class FlightSearchViewModel : public ObservableObject
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
     Q_PROPERTY(bool isSearchingFlightsOnly READ isSearchingFlightsOnly NOTIFY
                    isSearchingFlightsOnlyChanged)
-    Q_PROPERTY(int searchesUnderWay READ searchesUnderWay NOTIFY searchesUnderWayChanged)
     Q_PROPERTY(bool hasErrorMessage READ hasErrorMessage NOTIFY errorMessageChanged)
     Q_PROPERTY(QString errorMessage READ errorMessageText NOTIFY errorMessageChanged)
     Q_PROPERTY(bool hasSearched READ hasSearched NOTIFY hasSearchedChanged)
@@ -93,13 +92,11 @@ public:
     /// `flights` as sorted or reduced by `activeFilter`.
     QList<FlightOption> filteredFlights() const { return m_filteredFlights.flights(); }
     FlightSortOption activeFilter() const { return m_activeFilter; }
-    /// A full search is running.
+    /// A full search is running. Of several at once the first to end lowers this, and its flights
+    /// may not be the last to come; so with the next.
     bool isLoading() const { return m_isLoading; }
     /// The flights of another day are being loaded.
     bool isSearchingFlightsOnly() const { return m_isSearchingFlightsOnly; }
-    /// How many full searches and changes of day are running. When several overlap, the first to
-    /// end lowers its flag above; its flights may not be the last to come.
-    int searchesUnderWay() const { return m_searchesUnderWay; }
     /// What the user is told; absent when there is nothing to tell.
     std::optional<QString> errorMessage() const { return m_errorMessage; }
     /// True from the first search that passed validation on.
@@ -161,7 +158,6 @@ Q_SIGNALS:
     void activeFilterChanged();
     void isLoadingChanged();
     void isSearchingFlightsOnlyChanged();
-    void searchesUnderWayChanged();
     void errorMessageChanged();
     void hasSearchedChanged();
     void selectedDayIndexChanged();
@@ -180,7 +176,6 @@ private:
     void setErrorMessage(const std::optional<QString> &message);
     void setLoading(bool isLoading);
     void setSearchingFlightsOnly(bool isSearching);
-    void setSearchesUnderWay(int count);
     void setSelectedDate(const QString &date);
 
     QString m_originCode = QStringLiteral("IST");
@@ -201,7 +196,6 @@ private:
     FlightSortOption m_activeFilter = FlightSortOption::cheapest;
     bool m_isLoading = false;
     bool m_isSearchingFlightsOnly = false;
-    int m_searchesUnderWay = 0;
     std::optional<QString> m_errorMessage;
     bool m_hasSearched = false;
 };

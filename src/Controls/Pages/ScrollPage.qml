@@ -31,10 +31,25 @@ Flickable {
         scrollTo(contentY + distance);
     }
 
-    /// The content below `top` is about to move down by `distance`: what is in view stays in view.
+    /// The content below `top` is about to move down by `distance`: what is in view stays in view, and
+    /// what has the keyboard, as has what was clicked, stays where it is.
     function follow(top: real, distance: real) {
         if (top < contentY)
             contentY = Math.max(top, contentY + distance);
+        else if (keyboardPlace() > top)
+            contentY = Math.max(0, contentY + distance);
+    }
+
+    /// Where the item with the keyboard begins, if it is in view; -1 otherwise.
+    function keyboardPlace(): real {
+        const item = Window.window?.activeFocusItem ?? null;
+        for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
+            if (ancestor !== contentItem)
+                continue;
+            const place = item.mapToItem(contentItem, 0, 0).y;
+            return place + item.height > contentY && place < contentY + height ? place : -1;
+        }
+        return -1;
     }
 
     function scrollSideways(distance: real) {

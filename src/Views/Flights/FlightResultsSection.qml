@@ -13,8 +13,7 @@ VTRCard {
     /// The margin of the page below this item.
     required property real roomBelow
 
-    // Of several searches at once, answers that others will replace are not shown.
-    readonly property bool isSearching: viewModel.searchesUnderWay > 0
+    readonly property bool isSearching: viewModel.isSearchingFlightsOnly || viewModel.isLoading
     readonly property bool isEmpty: !isSearching && viewModel.filteredFlights.count === 0
     readonly property bool hasEarlierFlights: !isSearching && !isEmpty && viewModel.earlierSearch.length > 0
 
@@ -39,6 +38,21 @@ VTRCard {
     }
 
     onIsSearchingChanged: tell()
+
+    // What came of a search that another one, at the same time, has outlived.
+    Connections {
+        target: section.viewModel
+
+        function onFilteredFlightsChanged() {
+            if (!section.isSearching && section.viewModel.filteredFlights.areNew())
+                section.tell();
+        }
+        function onErrorMessageChanged() {
+            if (!section.isSearching && section.viewModel.hasErrorMessage)
+                section.tell();
+        }
+    }
+
     implicitHeight: Math.max(naturalHeight, isSearching ? heightInView : 0)
 
     // The note comes and goes above the cards that one looks at.

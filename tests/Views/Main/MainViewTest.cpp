@@ -180,7 +180,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_window->item(u"ErrorSlot"_s)->property("openness"), 1.0);
         m_window->layOut();
         QCOMPARE(card->mapToScene({}).y(), before);
-        QVERIFY(m_window->textOf(u"flightResults"_s).contains(u"önceki aramaya ait: IST–LHR"));
+        QVERIFY(resultsText().contains(u"önceki aramaya ait: IST–LHR"));
 
         QQuickItem *strip = m_window->named(u"errorStrip"_s);
         QVERIFY(strip && m_window->textIn(strip).endsWith(reason));
@@ -200,6 +200,30 @@ private Q_SLOTS:
         QTRY_VERIFY(banner->height() > fourLines + 30);
         pressAccessibly(m_window->called(u"İletiyi kopyala"_s));
         QCOMPARE(QGuiApplication::clipboard()->text(), message);
+    }
+
+    /// The pointer is still on the day that it clicked.
+    void anErrorLeavesTheClickedDayUnderThePointer()
+    {
+        find(flightsAnswer(20));
+        waitForTheCalendar();
+        m_answers.insert(flightsTool, ScriptedAnswer::failure(u"olmadı"_s));
+        m_window->layOut();
+        const QPointF before = day("CalendarTileView", 1)->mapToScene({});
+        m_window->click(day("CalendarTileView", 1));
+        QVERIFY(m_window->waitForSearch());
+        QTRY_COMPARE(m_window->item(u"ErrorSlot"_s)->property("openness"), 1.0);
+        m_window->layOut();
+        QCOMPARE(day("CalendarTileView", 1)->mapToScene({}), before);
+        const qreal banner = m_window->item(u"ErrorBanner"_s)->mapToItem(page(), QPointF()).y();
+        QVERIFY2(banner > 0 && banner < before.y(), qPrintable(QString::number(banner)));
+
+        m_answers.insert(flightsTool, flightsAnswer(20));
+        m_window->click(day("CalendarTileView", 1));
+        QVERIFY(m_window->waitForSearch());
+        QTRY_COMPARE(m_window->count("ErrorBanner"), 0);
+        m_window->layOut();
+        QCOMPARE(day("CalendarTileView", 1)->mapToScene({}), before);
     }
 
     void everyCardEndsInItsPlace()
@@ -228,13 +252,18 @@ private Q_SLOTS:
         for (const QString &day : { u"2026-12-02"_s, u"2026-12-03"_s })
             m_window->viewModel()->startSelectCalendarDate(day);
         QTRY_COMPARE(m_server->heldCount(), 2);
-        m_server->release();
-        QTRY_VERIFY(!m_window->viewModel()->isSearchingFlightsOnly());
         QCOMPARE(m_window->count("LoadingPanel"), 1);
         m_window->layOut();
         QCOMPARE(place(), before);
+        // The first end shows the flights, with a note while they are not those of the chosen day.
         m_server->release();
-        QTRY_VERIFY(!shownFlights().isEmpty() && m_window->count("LoadingPanel") == 0);
+        QTRY_COMPARE(m_window->count("LoadingPanel"), 0);
+        QVERIFY(!m_window->viewModel()->isSearchingFlightsOnly());
+        QTRY_VERIFY(!shownFlights().isEmpty());
+        const QString note = u"önceki aramaya ait: IST–LHR, 2026-12-02"_s;
+        QVERIFY2(resultsText().contains(note), qPrintable(resultsText()));
+        m_server->release();
+        QTRY_VERIFY2(!resultsText().contains(note), qPrintable(resultsText()));
         m_window->layOut();
         QCOMPARE(place(), before);
     }
@@ -351,6 +380,7 @@ private:
     {
         return card->property("flight").value<FlightOption>();
     }
+    QString resultsText() const { return m_window->textOf(u"flightResults"_s); }
     QString shownFlights() const
     {
         QMultiMap<qreal, QString> numbers;
