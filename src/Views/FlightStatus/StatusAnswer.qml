@@ -4,7 +4,8 @@ import Vantora
 import Vantora.Controls
 
 /// The answer to the last question: a status card, progress, an error or an invitation, one at a
-/// time. A card stays while the next question is under way, and, dimmed, when that fails.
+/// time. A card stays while the next question is under way, and, dimmed under the error, when that
+/// fails.
 ColumnLayout {
     id: answer
 
@@ -19,9 +20,17 @@ ColumnLayout {
                              : viewModel.hasErrorMessage ? error.heading + ". " + errorMessage : card.spokenStatus);
     }
 
+    spacing: VTRTheme.padding
     onIsLoadingChanged: tell()
     // Refused before it was asked.
     onErrorMessageChanged: if (!isLoading && viewModel.hasErrorMessage) tell()
+
+    ErrorBanner {
+        objectName: "statusErrorBanner"
+        Layout.fillWidth: true
+        visible: answer.viewModel.hasResult && answer.viewModel.hasErrorMessage
+        text: answer.errorMessage
+    }
 
     StatusResultCard {
         id: card

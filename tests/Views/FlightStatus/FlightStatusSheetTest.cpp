@@ -85,16 +85,27 @@ private Q_SLOTS:
         m_server->release();
         QTRY_VERIFY(cardText().contains(u"|İndi|"));
 
-        // Failures leave it, too.
-        auto *state = m_window->stateOf<FlightStatusViewModel>(sheetName);
+        // Failures leave it, too, and are told above it.
+        const QString banner = u"statusErrorBanner"_s;
+        QCOMPARE(m_window->textOf(banner), QString());
         m_window->click(button);
-        QTRY_COMPARE(state->errorMessageText(), u"<b>yok</b>"_s);
-        state->setFlightNumber(u" \u2028"_s);
+        QTRY_COMPARE(m_window->textOf(banner), u"<b>yok</b>"_s);
+        m_window->stateOf<FlightStatusViewModel>(sheetName)->setFlightNumber(u" \u2028"_s);
         m_window->click(button);
-        QCOMPARE(state->errorMessageText(),
+        QCOMPARE(m_window->textOf(banner),
                  u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s);
         QCOMPARE(questions().size(), 4);
-        QVERIFY(cardText().contains(u"|İndi|"));
+        QVERIFY2(cardText().contains(u"|İndi|"), qPrintable(cardText()));
+        m_window->layOut();
+        const auto top = [this](const QString &name) {
+            return m_window->named(name)->mapToScene({}).y();
+        };
+        const qreal bottom = top(banner) + m_window->named(banner)->height();
+        QVERIFY2(top(u"statusDateField"_s) < top(banner) && bottom <= top(cardName),
+                 qPrintable(u"field %1, error %2 to %3, card %4"_s.arg(top(u"statusDateField"_s))
+                                .arg(top(banner))
+                                .arg(bottom)
+                                .arg(top(cardName))));
     }
 
     void cards()
