@@ -2,10 +2,15 @@
 
 #include <QDesktopServices>
 
+#include <chrono>
+
 namespace {
 
 /// Browsers and the system's way to them take longer ones for a mistake.
 constexpr qsizetype longestAddress = 8192;
+
+/// Between two askings that each open the page.
+constexpr std::chrono::milliseconds shortestPause = std::chrono::seconds(1);
 
 struct Addresses
 {
@@ -17,13 +22,6 @@ Addresses &addresses()
 {
     static Addresses addresses;
     return addresses;
-}
-
-/// An address that is not openable is ignored.
-void open(const QUrl &url)
-{
-    if (ExternalLinks::isOpenable(url))
-        QDesktopServices::openUrl(url);
 }
 
 } // namespace
@@ -40,19 +38,28 @@ bool ExternalLinks::isOpenable(const QUrl &url)
     return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 
-void ExternalLinks::openBooking(const FlightOption &flight) const
+void ExternalLinks::open(const QUrl &url)
+{
+    const bool isRepeated =
+        url == m_last && m_sinceLast.isValid() && !m_sinceLast.hasExpired(shortestPause.count());
+    m_last = url;
+    m_sinceLast.start();
+    if (!isRepeated && isOpenable(url))
+        QDesktopServices::openUrl(url);
+}
+
+QUrl ExternalLinks::bookingPage(const FlightOption &flight)
 {
     const QString link = flight.bookingURLText();
     const QUrl booking(link.left(longestAddress), QUrl::StrictMode);
-    if (link.size() <= longestAddress && isOpenable(booking))
-        open(booking);
-    else
-        openWebSite();
+    return link.size() <= longestAddress && isOpenable(booking) ? booking : addresses().webSite;
 }
 
-void ExternalLinks::openWebSite() const { open(addresses().webSite); }
+void ExternalLinks::openBooking(const FlightOption &flight) { open(bookingPage(flight)); }
 
-void ExternalLinks::openMcpServer() const
+void ExternalLinks::openWebSite() { open(addresses().webSite); }
+
+void ExternalLinks::openMcpServer()
 {
     QUrl root = addresses().mcpServer;
     root.setPath(QStringLiteral("/"));
