@@ -59,26 +59,48 @@ private Q_SLOTS:
         QCOMPARE(demo.readAllStandardError() + demo.readAllStandardOutput(), QByteArray());
     }
 
-    void sampleServerEndsAtOnce()
+    void argumentsAreAnsweredOnATerminal()
     {
         QTcpServer occupant;
         QVERIFY(occupant.listen(QHostAddress::LocalHost));
         const QString taken = QString::number(occupant.serverPort());
-        for (const auto &[argument, status, said] :
-             { std::tuple(u"--help"_s, 0, u"--jitter"_s),
-               { u"--prot"_s, 2, u"prot"_s },
-               { u"8080"_s, 2, u"8080"_s },
-               { u"--port=65536"_s, 2, u"--port takes a number from 0 to 65535."_s },
-               { u"--delay=-1"_s, 2, u"--delay takes a number from 0 to 60000."_s },
-               { u"--port="_s + taken, 1, taken } }) {
+        const QString vantora = QStringLiteral(VANTORA_PROGRAM);
+        struct Call
+        {
+            QString program;
+            QString argument;
+            int status;
+            QString said;
+        };
+        for (const auto &[program, argument, status, said] : std::initializer_list<Call> {
+                 { vantora, u"--version"_s, 0, u"vantora " VANTORA_VERSION "\n"_s },
+                 { vantora, u"--help"_s, 0, u"Kullanım: "_s },
+                 { vantora, u"-h"_s, 0, u"--version"_s },
+                 { vantora, u"--verison"_s, 2, u"Bilinmeyen seçenek 'verison'."_s },
+                 { vantora, u"IST"_s, 2, u"Beklenmeyen bağımsız değişken: “IST”."_s },
+                 { m_sampleServer, u"--help"_s, 0, u"--jitter"_s },
+                 { m_sampleServer, u"--prot"_s, 2, u"prot"_s },
+                 { m_sampleServer, u"8080"_s, 2, u"8080"_s },
+                 { m_sampleServer, u"--port=65536"_s, 2,
+                   u"--port takes a number from 0 to 65535."_s },
+                 { m_sampleServer, u"--delay=-1"_s, 2,
+                   u"--delay takes a number from 0 to 60000."_s },
+                 { m_sampleServer, u"--port="_s + taken, 1, taken } }) {
             QProcess process;
-            process.start(m_sampleServer, { argument });
-            QVERIFY(process.waitForFinished(20'000));
-            QCOMPARE(process.exitCode(), status);
-            const QByteArray output = process.readAllStandardOutput();
-            const QByteArray text = status == 0 ? output : process.readAllStandardError();
-            QVERIFY2(QString::fromUtf8(text).contains(said), text.constData());
-            QCOMPARE(output.isEmpty(), status != 0);
+            QProcessEnvironment withoutDisplay = QProcessEnvironment::systemEnvironment();
+            for (const QString &name : { u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s })
+                withoutDisplay.remove(name);
+            process.setProcessEnvironment(withoutDisplay);
+            process.start(program, { argument });
+            QVERIFY2(process.waitForFinished(20'000), qPrintable(argument));
+            const QString output = QString::fromUtf8(process.readAllStandardOutput());
+            const QString errors = QString::fromUtf8(process.readAllStandardError());
+            const QString all = u"%1: %2, output “%3”, errors “%4”"_s.arg(argument)
+                                    .arg(process.exitCode())
+                                    .arg(output, errors);
+            QVERIFY2(process.exitCode() == status && (status == 0 ? output : errors).contains(said)
+                         && output.isEmpty() == (status != 0),
+                     qPrintable(all));
         }
     }
 
