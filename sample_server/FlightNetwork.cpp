@@ -136,9 +136,13 @@ FlightNetwork::FlightNetwork()
     }
     for (const TransferAirport &transfer : regionalTransferAirports()) {
         const AirportSite *base = airportSite(transfer.code);
+        if (!base)
+            continue;
         m_transferAirports.append(base);
-        for (const QString &code : transfer.outstations.split(u' '))
-            add(*base, *airportSite(code), true);
+        for (const QString &code : transfer.outstations.split(u' ')) {
+            if (const AirportSite *outstation = airportSite(code))
+                add(*base, *outstation, true);
+        }
     }
 }
 
