@@ -92,13 +92,11 @@ HttpServer::~HttpServer()
     if (!m_daemon)
         return;
     {
-        // The daemon can stop when no connection is suspended.
+        // The daemon can stop when no connection is suspended. Those that are find it stopping.
         const QMutexLocker lock(&m_mutex);
         m_stops = true;
-        for (Exchange *exchange : std::as_const(m_waiting)) {
-            exchange->answer = HttpAnswer { 503, {}, {}, {} };
+        for (const Exchange *exchange : std::as_const(m_waiting))
             MHD_resume_connection(exchange->connection);
-        }
     }
     MHD_stop_daemon(m_daemon);
 }
