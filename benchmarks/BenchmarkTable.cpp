@@ -7,9 +7,6 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 #include <QTextStream>
 
@@ -33,24 +30,17 @@ QString besideThis(const QString &program)
     return QCoreApplication::applicationDirPath() + u'/' + program;
 }
 
-/// What a program told.
-class Figures
+using Figures = QHash<QString, double>;
+
+double at(const Figures &figures, const QString &name)
 {
-public:
-    void insert(const QString &name, double value) { m_values.insert(name, value); }
-    bool contains(const QString &name) const { return m_values.contains(name); }
-    double at(const QString &name) const
-    {
-        if (!m_values.contains(name))
-            fail(u"there is no figure "_s + name);
-        return m_values.value(name);
-    }
+    if (!figures.contains(name))
+        fail(u"there is no figure "_s + name);
+    return figures.value(name);
+}
 
-private:
-    QHash<QString, double> m_values;
-};
-
-/// Its lines "name value", and as "seconds" the time from its start to the first of them.
+/// The lines "name value" of a program, and as "seconds" the time from its start to the first of
+/// them.
 Figures run(const QString &program, const QStringList &arguments = {})
 {
     QProcess process;
@@ -78,7 +68,7 @@ double median(const QList<Figures> &runs, const QString &name)
 {
     QList<double> values;
     for (const Figures &figures : runs)
-        values.append(figures.at(name));
+        values.append(at(figures, name));
     return ::median(values);
 }
 
@@ -173,60 +163,29 @@ void compareStarts(Table &table, int runs)
     compare(u"peak memory with results / bare window"_s, cards, u"memory"_s, 1024, u" MiB"_s, 1.4);
 }
 
-/// Milliseconds of CPU, medians.
-Figures readerFigures(int repetitions)
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(besideThis(u"reader-figures"_s),
-                  { u"--benchmark_format=json"_s, u"--benchmark_min_time=0.1"_s,
-                    u"--benchmark_repetitions=%1"_s.arg(repetitions),
-                    u"--benchmark_enable_random_interleaving=true"_s });
-    if (!process.waitForFinished(timeLimit) || process.exitCode() != 0)
-        fail(u"reader-figures did not end well"_s);
-    const QJsonDocument report = QJsonDocument::fromJson(process.readAllStandardOutput());
-    const QJsonArray benchmarks = report[u"benchmarks"].toArray();
-    Figures figures;
-    for (const QJsonValue &benchmark : benchmarks) {
-        if (benchmark[u"aggregate_name"].toString() == u"median")
-            figures.insert(benchmark[u"run_name"].toString(),
-                           benchmark[u"cpu_time"].toDouble() / 1e6);
-    }
-    return figures;
-}
-
-void compareReaders(Table &table, int repetitions)
-{
-    const Figures figures = readerFigures(repetitions);
-    for (const QString &count : { u"12"_s, u"2000"_s }) {
-        table.compare(u"reply of %1 flights to records / its JSON alone"_s.arg(count),
-                      figures.at(u"readFlights/"_s + count), figures.at(u"parseJson/"_s + count),
-                      u" ms"_s, 1.5);
-    }
-    table.judge(u"applyFilter over 2,000 flights"_s, figures.at(u"applyFilter"_s), u" ms"_s, 4);
-}
-
 void judgeOpenWindow(Table &table, int searches)
 {
-    const double bareScroll = run(u"bare-window"_s, { u"--scroll"_s }).at(u"scroll"_s);
+    const double bareScroll = at(run(u"bare-window"_s, { u"--scroll"_s }), u"scroll"_s);
     const Figures open = run(u"window-figures"_s);
     const SampleServer server;
     const double growth =
-        run(u"window-start"_s, { server.endpoint(), QString::number(searches) }).at(u"growth"_s);
-    const double frame = open.at(u"frame"_s);
-    table.judge(u"main thread away while 2,000 flights come"_s, open.at(u"stall"_s), u" ms"_s, 16);
-    table.judge(u"main thread away while 2,000 flights are sorted"_s, open.at(u"sort-stall"_s),
+        at(run(u"window-start"_s, { server.endpoint(), QString::number(searches) }), u"growth"_s);
+    const double frame = at(open, u"frame"_s);
+    table.compare(u"reply of 2,000 flights to records / its JSON alone"_s, at(open, u"read"_s),
+                  at(open, u"parse"_s), u" ms"_s, 1.5);
+    table.judge(u"main thread away while 2,000 flights come"_s, at(open, u"stall"_s), u" ms"_s, 16);
+    table.judge(u"main thread away while 2,000 flights are sorted"_s, at(open, u"sort-stall"_s),
                 u" ms"_s, 16);
-    table.judge(u"main thread away while a reply of 12 MiB comes"_s, open.at(u"largest-stall"_s),
+    table.judge(u"main thread away while a reply of 12 MiB comes"_s, at(open, u"largest-stall"_s),
                 u" ms"_s, 200);
-    table.compare(u"CPU a frame, scrolling 2,000 cards / plain rectangles"_s, open.at(u"scroll"_s),
+    table.compare(u"CPU a frame, scrolling 2,000 cards / plain rectangles"_s, at(open, u"scroll"_s),
                   bareScroll, u" ms"_s, 1.6);
-    table.judge(u"frames drawn in 10 idle seconds"_s, open.at(u"idle-frames"_s), {}, 0);
+    table.judge(u"frames drawn in 10 idle seconds"_s, at(open, u"idle-frames"_s), {}, 0);
     table.judge(u"memory growth, search %1 to %2"_s.arg(searches / 10).arg(searches), growth,
                 u" KiB"_s, 1024);
-    table.compare(u"airport picker to its first frame / a frame"_s, open.at(u"picker"_s), frame,
+    table.compare(u"airport picker to its first frame / a frame"_s, at(open, u"picker"_s), frame,
                   u" ms"_s, 3);
-    table.compare(u"press on a day to its loading state / a frame"_s, open.at(u"day"_s), frame,
+    table.compare(u"press on a day to its loading state / a frame"_s, at(open, u"day"_s), frame,
                   u" ms"_s, 2);
 }
 
@@ -238,8 +197,14 @@ int main(int argc, char *argv[])
     const bool isQuick = QCoreApplication::arguments().contains(u"--quick"_s);
     Table table;
     compareStarts(table, isQuick ? 3 : 11);
-    compareReaders(table, isQuick ? 3 : 11);
     judgeOpenWindow(table, isQuick ? 100 : 1000);
+    if (!isQuick) {
+        const Figures hostile = run(u"window-figures"_s, { u"--hostile"_s });
+        table.judge(u"main thread away, worst of the hostile replies"_s,
+                    at(hostile, u"hostile-stall"_s), u" ms"_s, 50);
+        table.judge(u"memory grown, worst of the hostile replies"_s,
+                    at(hostile, u"hostile-memory"_s), u" MiB"_s, 200);
+    }
     table.judge(u"stripped executable"_s,
                 double(QFileInfo(besideThis(u"vantora-stripped"_s)).size()) / 1e6, u" MB"_s, 5);
     return 0;

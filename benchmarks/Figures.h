@@ -6,6 +6,10 @@
 
 #include <algorithm>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 /// A figure of a program in this folder: a line "name value".
 inline void print(const char *name, double value)
 {
@@ -31,4 +35,21 @@ inline double memoryKiB(const QByteArray &line)
             return found.sliced(line.size() + 1).chopped(2).trimmed().toDouble();
     }
     return 0;
+}
+
+/// Resident memory, with what the allocator keeps for later given back.
+inline double residentKiB()
+{
+#if defined(__GLIBC__)
+    malloc_trim(0);
+#endif
+    return memoryKiB("VmRSS");
+}
+
+/// Begins a new peak.
+inline void forgetPeak()
+{
+    QFile file(QStringLiteral("/proc/self/clear_refs"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write("5");
 }

@@ -1,20 +1,32 @@
-// What happens in an open window, as lines "name value", in milliseconds.
+// What happens in an open window, as lines "name value", in milliseconds and MiB.
+//   window-figures              what a user does with it
+//   window-figures --hostile    with replies that are within every limit and made to hurt; what
+//   each
+//                               does is told on the standard error
 
 #include "App/Application.h"
+#include "Services/FlightSearchTool.h"
 #include "Services/ServiceAddresses.h"
+#include "Services/ToolResult.h"
+#include "ViewModels/ObservableObject.h"
 #include "benchmarks/FlightAnswers.h"
 #include "benchmarks/FrameWatch.h"
+#include "benchmarks/HostileReplies.h"
 #include "inspect/WindowDriver.h"
 #include "support/ToolAnswers.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
+#include <QJsonDocument>
 #include <QQmlApplicationEngine>
 #include <QSemaphore>
 #include <QTest>
 #include <QThread>
 
-#include <atomic>
+#include <algorithm>
+#include <ctime>
 #include <functional>
+#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -22,19 +34,14 @@ namespace {
 
 constexpr int rounds = 5;
 
-/// Answers a search with as many flights as `count` says at the moment.
+/// Answers in a thread of its own, each tool with what was set last.
 class ServerThread : public QThread
 {
 public:
-    std::atomic<int> count = 12;
-    /// The flights take a second, so that their loading is seen.
-    std::atomic<bool> isSlow = false;
-
-    QUrl listen()
+    ServerThread()
     {
         start();
         m_listens.acquire();
-        return m_endpoint;
     }
     ~ServerThread() override
     {
@@ -42,23 +49,20 @@ public:
         wait();
     }
 
+    QUrl endpoint() const { return m_endpoint; }
+    void setAnswer(const QString &tool, const ScriptedAnswer &answer)
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_answers.insert(tool, answer);
+    }
+
 protected:
     void run() override
     {
-        QHash<int, QByteArray> replies;
-        for (int flights : { 12, manyFlights, mostFlights })
-            replies.insert(flights, flightsReply(flights));
-        QStringList days;
-        for (int day = 0; day < 14; ++day)
-            days.append(QDate::currentDate().addDays(7 + day).toString(Qt::ISODate));
         ScriptedServer server;
-        server.onToolCall = [&](const ReceivedRequest &request) {
-            if (request.tool() != flightsTool)
-                return calendarAnswer(days);
-            auto answer = ScriptedAnswer::text(replies.value(count));
-            answer.pieceSize = isSlow ? answer.body.size() / 5 : 0;
-            answer.pieceInterval = 200;
-            return answer;
+        server.onToolCall = [this](const ReceivedRequest &request) {
+            const std::scoped_lock lock(m_mutex);
+            return m_answers.value(request.tool(), ScriptedAnswer::content());
         };
         m_endpoint = server.endpoint();
         m_listens.release();
@@ -68,6 +72,8 @@ protected:
 private:
     QUrl m_endpoint;
     QSemaphore m_listens;
+    std::mutex m_mutex;
+    QHash<QString, ScriptedAnswer> m_answers;
 };
 
 class Window : public WindowDriver
@@ -79,11 +85,25 @@ public:
         if (!loadMainWindow(m_engine, u"Vantora"_s))
             std::exit(1);
         m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
+        QStringList days;
+        for (int day = 0; day < 14; ++day)
+            days.append(QDate::currentDate().addDays(7 + day).toString(Qt::ISODate));
+        m_server.setAnswer(calendarTool, calendarAnswer(days));
+        for (const int count : { 12, manyFlights, mostFlights })
+            m_answers.insert(count, ScriptedAnswer::text(flightsReply(count)));
     }
 
     bool isBusy() const
     {
         return viewModel()->isLoading() || viewModel()->isSearchingFlightsOnly();
+    }
+    /// Whether what anything in the window has asked for is under way.
+    bool isAsking() const
+    {
+        const auto states = m_window->findChildren<ObservableObject *>();
+        return std::any_of(states.begin(), states.end(), [](const ObservableObject *state) {
+            return state->property("isLoading").toBool();
+        });
     }
     /// A frame in which all of the window is drawn anew, which the other ground makes it.
     double frame() const
@@ -102,10 +122,17 @@ public:
     /// A search until its flights, so many, are on the screen.
     double search(int count) const
     {
-        m_server.count = count;
+        m_server.setAnswer(flightsTool, m_answers.value(count));
         return untilFrame(
             m_window, [this] { viewModel()->startSearchAll(); },
             [&] { return viewModel()->filteredFlightsList()->count() == count && !isBusy(); });
+    }
+    void answerSlowly() const
+    {
+        ScriptedAnswer answer = m_answers.value(12);
+        answer.pieceSize = answer.body.size() / 5;
+        answer.pieceInterval = 200;
+        m_server.setAnswer(flightsTool, answer);
     }
     QQuickItem *someOtherDay() const
     {
@@ -118,9 +145,33 @@ public:
 private:
     ServerThread &m_server;
     QQmlApplicationEngine m_engine;
+    QHash<int, ScriptedAnswer> m_answers; ///< by how many flights
 };
 
-void measurePresses(const Window &window, ServerThread &server)
+/// Milliseconds of CPU of one call.
+double cpuOf(int calls, const std::function<void()> &action)
+{
+    QList<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        const double start = cpuMilliseconds();
+        for (int call = 0; call < calls; ++call)
+            action();
+        times.append((cpuMilliseconds() - start) / calls);
+    }
+    return median(times);
+}
+
+/// What a reply costs until it is JSON, and until it is records.
+void measureReader()
+{
+    const QByteArray reply = flightsReply(manyFlights);
+    print("parse", cpuOf(20, [&] { QJsonDocument::fromJson(reply); }));
+    print("read", cpuOf(20, [&] {
+              FlightSearchTool::parseFlightOptions(readToolResult(reply), u"IST"_s, u"LHR"_s);
+          }));
+}
+
+void measurePresses(const Window &window)
 {
     QList<double> frame;
     QList<double> picker;
@@ -135,37 +186,100 @@ void measurePresses(const Window &window, ServerThread &server)
             window.key(Qt::Key_Escape);
             wait(400);
         }
-        server.isSlow = true;
+        // The flights take a second, so that their loading is seen.
+        window.answerSlowly();
         day.append(untilFrame(
             window.window(), [&] { window.click(window.someOtherDay()); },
             [&] { return window.isBusy(); }));
         while (window.isBusy())
             wait(500);
-        server.isSlow = false;
     }
     print("frame", median(frame));
     print("picker", median(picker));
     print("day", median(day));
 }
 
-/// The longest time in which the event loop does not turn until half a second after the action.
-double longestStall(const std::function<void()> &action)
+/// Milliseconds in which the event loop does not turn.
+struct Stall
+{
+    double clock = 0;
+    double processor = 0; ///< of the main thread
+};
+
+double mainThreadMilliseconds()
+{
+    timespec time {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
+}
+
+/// The longest ones until half a second after the action.
+Stall longestStall(const std::function<void()> &action)
 {
     QElapsedTimer clock;
     clock.start();
-    qint64 last = 0;
-    qint64 longest = 0;
+    Stall last { 0, mainThreadMilliseconds() };
+    Stall longest;
     QTimer heartbeat;
     heartbeat.setTimerType(Qt::PreciseTimer);
     QObject::connect(&heartbeat, &QTimer::timeout, [&] {
-        const qint64 now = clock.nsecsElapsed();
-        longest = std::max(longest, now - last);
+        const Stall now { double(clock.nsecsElapsed()) / 1e6, mainThreadMilliseconds() };
+        longest = { std::max(longest.clock, now.clock - last.clock),
+                    std::max(longest.processor, now.processor - last.processor) };
         last = now;
     });
     heartbeat.start(1);
     action();
     wait(500);
-    return double(longest) / 1e6;
+    return longest;
+}
+
+/// Asks as a user would, and gives the answer time to be drawn.
+void ask(const Window &window, const QString &tool)
+{
+    constexpr int drawing = 700;
+    if (tool == flightsTool || tool == calendarTool) {
+        window.viewModel()->startSearchAll();
+        window.waitForSearch();
+        return wait(drawing);
+    }
+    const bool isStatus = tool == statusTool;
+    pressAccessibly(window.named(isStatus ? u"flightStatusButton"_s : u"cityGuideButton"_s));
+    wait(drawing);
+    if (isStatus)
+        pressAccessibly(window.named(u"statusQueryButton"_s));
+    wait(drawing);
+    if (!QTest::qWaitFor([&] { return !window.isAsking(); }, 30'000))
+        QTextStream(stderr) << "No answer to this: ";
+    wait(2 * drawing);
+    // The other tab.
+    window.key(Qt::Key_Right);
+    wait(drawing);
+    window.key(Qt::Key_Escape);
+    wait(drawing);
+}
+
+/// Memory is measured with the server's, which holds the reply twice while it sends it.
+void measureHostileReplies(const Window &window, ServerThread &server)
+{
+    QAccessible::setActive(true);
+    double stall = 0;
+    double memory = 0;
+    for (const HostileReply &reply : hostileReplies()) {
+        server.setAnswer(reply.tool, reply.answer());
+        const double before = residentKiB();
+        forgetPeak();
+        const Stall away = longestStall([&] { ask(window, reply.tool); });
+        const double grown = (memoryKiB("VmHWM") - before) / 1024;
+        server.setAnswer(reply.tool, ScriptedAnswer::content());
+        QTextStream(stderr) << QString::asprintf(
+            "%-44s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.what),
+            away.clock, away.processor, grown);
+        stall = std::max(stall, away.processor);
+        memory = std::max(memory, grown);
+    }
+    print("hostile-stall", stall);
+    print("hostile-memory", memory);
 }
 
 } // namespace
@@ -174,11 +288,15 @@ int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
     ServerThread server;
-    ServiceAddresses::setMcpEndpoint(server.listen());
+    ServiceAddresses::setMcpEndpoint(server.endpoint());
     prepareApplication();
     const Window window(server);
     window.search(12);
     wait(1000);
+    if (QGuiApplication::arguments().contains(u"--hostile"_s)) {
+        measureHostileReplies(window, server);
+        return 0;
+    }
 
     int frames = 0;
     const auto counting = QObject::connect(
@@ -188,7 +306,8 @@ int main(int argc, char *argv[])
     QObject::disconnect(counting);
     print("idle-frames", frames);
 
-    measurePresses(window, server);
+    measurePresses(window);
+    measureReader();
 
     window.search(manyFlights);
     wait(600);
@@ -201,13 +320,13 @@ int main(int argc, char *argv[])
     for (int round = 0; round < rounds; ++round) {
         window.search(12);
         wait(500);
-        stalls.append(longestStall([&] { window.search(manyFlights); }));
+        stalls.append(longestStall([&] { window.search(manyFlights); }).clock);
         const auto option =
             round % 2 == 0 ? FlightSortOption::earliest : FlightSortOption::cheapest;
-        sortStalls.append(longestStall([&] { window.viewModel()->applyFilter(option); }));
+        sortStalls.append(longestStall([&] { window.viewModel()->applyFilter(option); }).clock);
         window.search(12);
         wait(500);
-        largestStalls.append(longestStall([&] { window.search(mostFlights); }));
+        largestStalls.append(longestStall([&] { window.search(mostFlights); }).clock);
     }
     print("stall", median(stalls));
     print("sort-stall", median(sortStalls));

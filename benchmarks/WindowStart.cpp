@@ -13,23 +13,6 @@
 
 #include <cstdlib>
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
-namespace {
-
-/// Resident memory, with what the allocator keeps for later given back.
-double residentKiB()
-{
-#if defined(__GLIBC__)
-    malloc_trim(0);
-#endif
-    return memoryKiB("VmRSS");
-}
-
-} // namespace
-
 int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);

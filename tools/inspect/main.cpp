@@ -19,22 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Options
-{
-    QUrl endpoint;
-    QString scene = u"search"_s;
-    QString origin;
-    QString destination;
-    QStringList presses;
-    QSize size { 1080, 720 };
-    double scale = 1;
-    QString picture;
-    QString state;
-    int timeoutSeconds = 30;
-    bool listsScenes = false;
-    bool stays = false;
-};
-
 /// Ends the program with this message and the exit status of a wrong call.
 [[noreturn]] void refuse(const QString &message)
 {
@@ -42,27 +26,26 @@ struct Options
     std::exit(2);
 }
 
-QSize parseSize(const QString &text)
+double number(const QCommandLineParser &options, const QString &name, double least, double greatest)
 {
-    const QStringList parts = text.split(u'x');
+    bool isNumber = false;
+    const double number = options.value(name).toDouble(&isNumber);
+    if (!isNumber || number < least || number > greatest)
+        refuse(u"--%1 takes a number from %2 to %3."_s.arg(name).arg(least).arg(greatest));
+    return number;
+}
+
+QSize size(const QCommandLineParser &options)
+{
+    const QStringList parts = options.value(u"size"_s).split(u'x');
     const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
-    if (size.width() < 1080 || size.height() < 720 || size.width() > 7680 || size.height() > 4320)
+    if (size != size.expandedTo({ 1080, 720 }).boundedTo({ 7680, 4320 }))
         refuse(u"--size takes WIDTHxHEIGHT, from 1080x720 to 7680x4320."_s);
     return size;
 }
 
-double parseNumber(const QString &option, const QString &text, double least, double greatest)
+void addOptions(QCommandLineParser &parser)
 {
-    bool isNumber = false;
-    const double number = text.toDouble(&isNumber);
-    if (!isNumber || number < least || number > greatest)
-        refuse(u"--%1 takes a number from %2 to %3."_s.arg(option).arg(least).arg(greatest));
-    return number;
-}
-
-Options parseOptions(const QStringList &arguments)
-{
-    QCommandLineParser parser;
     parser.setApplicationDescription(
         u"Shows the window against an MCP server, and writes a picture and the state of it."_s);
     parser.addHelpOption();
@@ -83,31 +66,6 @@ Options parseOptions(const QStringList &arguments)
           u"with the texts that are seen then, until the input ends."_s },
         { u"list-scenes"_s, u"Lists the scenes."_s },
     });
-    if (!parser.parse(arguments))
-        refuse(parser.errorText());
-    if (parser.isSet(u"help"_s)) {
-        QTextStream(stdout) << parser.helpText();
-        std::exit(0);
-    }
-    if (!parser.positionalArguments().isEmpty())
-        refuse(u"Unexpected argument \"%1\"."_s.arg(parser.positionalArguments().first()));
-
-    Options options;
-    options.listsScenes = parser.isSet(u"list-scenes"_s);
-    options.stays = parser.isSet(u"stay"_s);
-    options.scene = parser.value(u"scene"_s);
-    options.origin = parser.value(u"origin"_s);
-    options.destination = parser.value(u"destination"_s);
-    options.presses = parser.values(u"press"_s);
-    options.size = parseSize(parser.value(u"size"_s));
-    options.scale = parseNumber(u"scale"_s, parser.value(u"scale"_s), 0.5, 4);
-    options.timeoutSeconds = qRound(parseNumber(u"timeout"_s, parser.value(u"timeout"_s), 1, 3600));
-    options.picture = parser.value(u"picture"_s);
-    options.state = parser.value(u"state"_s);
-    options.endpoint = QUrl(parser.value(u"endpoint"_s), QUrl::StrictMode);
-    if (!options.listsScenes && !ServiceAddresses::isAcceptableEndpoint(options.endpoint))
-        refuse(u"--endpoint takes an https address, or http on a loopback host."_s);
-    return options;
 }
 
 const Scene &sceneNamed(const QString &name)
@@ -121,14 +79,14 @@ const Scene &sceneNamed(const QString &name)
 }
 
 /// Repeats the window's first search between the airports that were asked for.
-bool searchBetween(Stage &stage, const Options &options)
+bool searchBetween(Stage &stage, const QString &origin, const QString &destination)
 {
-    if (options.origin.isEmpty() && options.destination.isEmpty())
+    if (origin.isEmpty() && destination.isEmpty())
         return true;
-    if (!options.origin.isEmpty())
-        stage.viewModel()->setOriginCode(options.origin);
-    if (!options.destination.isEmpty())
-        stage.viewModel()->setDestinationCode(options.destination);
+    if (!origin.isEmpty())
+        stage.viewModel()->setOriginCode(origin);
+    if (!destination.isEmpty())
+        stage.viewModel()->setDestinationCode(destination);
     stage.viewModel()->startSearchAll();
     return stage.waitForSearch();
 }
@@ -152,31 +110,36 @@ int fail(const QString &message)
     return 1;
 }
 
-int show(const Options &options)
+int show(const QCommandLineParser &options)
 {
-    const Scene &scene = sceneNamed(options.scene);
+    const Scene &scene = sceneNamed(options.value(u"scene"_s));
+    const QSize windowSize = size(options);
+    const std::chrono::seconds timeout(qRound(number(options, u"timeout"_s, 1, 3600)));
     QQmlApplicationEngine engine;
     if (!loadMainWindow(engine, u"Vantora"_s))
         return 1;
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
-    window->resize(options.size);
+    window->resize(windowSize);
 
-    Stage stage(window, std::chrono::seconds(options.timeoutSeconds));
+    Stage stage(window, timeout);
     const bool isThere = stage.waitUntil([window] { return window->isExposed(); })
-        && stage.waitForSearch() && searchBetween(stage, options) && stage.waitUntilStill()
-        && scene.play(stage) && (scene.isRestless || stage.waitUntilStill())
-        && pressAll(stage, options.presses);
-    const QImage picture = stage.picture();
+        && stage.waitForSearch()
+        && searchBetween(stage, options.value(u"origin"_s), options.value(u"destination"_s))
+        && stage.waitUntilStill() && scene.play(stage)
+        && (scene.isRestless || stage.waitUntilStill())
+        && pressAll(stage, options.values(u"press"_s));
+    const QImage image = stage.picture();
     if (!isThere) {
         const QString reason = stage.viewModel()->errorMessageText();
         return fail(u"The scene \"%1\" was not reached. %2"_s.arg(scene.name, reason));
     }
-    if (!options.picture.isEmpty() && !picture.save(options.picture))
-        return fail(u"The picture %1 could not be written."_s.arg(options.picture));
-    const QByteArray state = QJsonDocument(stateOf(*stage.viewModel())).toJson();
-    if (!options.state.isEmpty() && !writeFile(options.state, state))
-        return fail(u"The state %1 could not be written."_s.arg(options.state));
-    if (!options.stays)
+    const QString picture = options.value(u"picture"_s);
+    if (!picture.isEmpty() && !image.save(picture))
+        return fail(u"The picture %1 could not be written."_s.arg(picture));
+    const QString state = options.value(u"state"_s);
+    if (!state.isEmpty() && !writeFile(state, QJsonDocument(stateOf(*stage.viewModel())).toJson()))
+        return fail(u"The state %1 could not be written."_s.arg(state));
+    if (!options.isSet(u"stay"_s))
         return 0;
     answerWithSeenTexts(window);
     return QGuiApplication::exec();
@@ -189,15 +152,27 @@ int main(int argc, char *argv[])
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
-    const Options options = parseOptions(arguments);
-    if (options.listsScenes) {
+    QCommandLineParser options;
+    addOptions(options);
+    if (!options.parse(arguments))
+        refuse(options.errorText());
+    if (!options.positionalArguments().isEmpty())
+        refuse(u"Unexpected argument \"%1\"."_s.arg(options.positionalArguments().first()));
+    if (options.isSet(u"help"_s)) {
+        QTextStream(stdout) << options.helpText();
+        return 0;
+    }
+    if (options.isSet(u"list-scenes"_s)) {
         for (const Scene &scene : allScenes())
             QTextStream(stdout) << scene.name << "  " << scene.description << Qt::endl;
         return 0;
     }
+    const QUrl endpoint(options.value(u"endpoint"_s), QUrl::StrictMode);
+    if (!ServiceAddresses::isAcceptableEndpoint(endpoint))
+        refuse(u"--endpoint takes an https address, or http on a loopback host."_s);
 
-    ServiceAddresses::setMcpEndpoint(options.endpoint);
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
+    ServiceAddresses::setMcpEndpoint(endpoint);
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(number(options, u"scale"_s, 0.5, 4)));
     QGuiApplication application(argc, argv);
     prepareApplication();
     // Scenes press buttons through the accessibility interface.

@@ -1,4 +1,4 @@
-#include "HostileReplies.h"
+#include "benchmarks/HostileReplies.h"
 
 #include "support/ToolAnswers.h"
 
