@@ -1,5 +1,7 @@
 #include "support/ServerFaults.h"
 
+#include <QProcess>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace ServerFaults;
@@ -44,11 +46,20 @@ QByteArray repeated(const QByteArray &unit, qsizetype bytes)
 const QByteArray okLine = "HTTP/1.1 200 OK\r\n";
 const QByteArray chunkedHead = okLine + "Transfer-Encoding: chunked\r\n\r\n";
 
-/// A packed body without end: whoever waits for it, or keeps it, has met other limits before.
-A packed(const QByteArray &encoding, const QByteArray &beginning)
+/// A body without end that is not packed as it says.
+A wronglyPacked(const QByteArray &encoding, const QByteArray &beginning)
 {
     return raw(okLine + "Content-Encoding: " + encoding + "\r\n\r\n" + beginning, Ending::keepAlive,
                QByteArray(100'000, '\0'));
+}
+
+/// Few bytes that become 64 MB.
+A bomb(const QString &program)
+{
+    static QHash<QString, A> bombs;
+    if (!bombs.contains(program))
+        bombs.insert(program, packed(A::text(QByteArray(64 << 20, ' ')), program));
+    return bombs.value(program);
 }
 
 const HttpLimits soonIdle { .idle = 1s };
@@ -57,6 +68,19 @@ const HttpLimits soonLate { .total = 1500ms };
 } // namespace
 
 namespace ServerFaults {
+
+ScriptedAnswer packed(ScriptedAnswer answer, const QString &program, qsizetype bytes)
+{
+    QProcess process;
+    process.start(program, { u"-c"_s });
+    process.write(answer.body);
+    process.closeWriteChannel();
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("%s does not pack.", qPrintable(program));
+    answer.body = process.readAllStandardOutput().mid(0, bytes);
+    return answer.withHeader("Content-Encoding",
+                             program == u"brotli" ? "br"_ba : program.toLatin1());
+}
 
 const QList<Fault> &inCalls()
 {
@@ -116,10 +140,24 @@ const QList<Fault> &inCalls()
           [](A) { return raw("\x15\x03\x01\x00\x02\x02\x50\r\n\r\n"_ba, Ending::close); } },
         { "wants to speak another protocol", invalid,
           [](A a) { return changed(a, "200 Scripted", "101 Switching"); } },
-        { "packs the body with gzip, which was not asked for", invalid,
-          [](A) { return packed("gzip", "\x1f\x8b\x08"); } },
-        { "packs the body with brotli, which was not asked for", invalid,
-          [](A) { return packed("identity, br", "\xcf\xff\xff"); } },
+        { "packs the body with gzip", result, [](A a) { return packed(a, u"gzip"_s); } },
+        { "packs the body with brotli", result, [](A a) { return packed(a, u"brotli"_s); } },
+        { "packs the body with zstd", result, [](A a) { return packed(a, u"zstd"_s); } },
+        { "cuts what it has packed with gzip", closedOrInvalid,
+          [](A a) { return packed(a, u"gzip"_s, 60); } },
+        { "cuts what it has packed with brotli", closedOrInvalid,
+          [](A a) { return packed(a, u"brotli"_s, 60); } },
+        { "cuts what it has packed with zstd", closedOrInvalid,
+          [](A a) { return packed(a, u"zstd"_s, 60); } },
+        { "packs 64 MB with gzip", tooLarge, [](A) { return bomb(u"gzip"_s); } },
+        { "packs 64 MB with brotli", tooLarge, [](A) { return bomb(u"brotli"_s); } },
+        { "packs 64 MB with zstd", tooLarge, [](A) { return bomb(u"zstd"_s); } },
+        { "says gzip of what is none", invalid,
+          [](A) { return wronglyPacked("gzip", "\x1f\x8b\x08"); } },
+        { "says brotli of what is none", invalid,
+          [](A) { return wronglyPacked("identity, br", "\xcf\xff\xff"); } },
+        { "packs in a way that nobody asked for", invalid,
+          [](A a) { return a.withHeader("Content-Encoding", "compress"); } },
         { "names an unknown transfer encoding", closedOrInvalid,
           [](A a) { return a.withHeader("Transfer-Encoding", "gzip, chunked"); } },
         { "tells two lengths", invalid, [](A a) { return a.withHeader("Content-Length", "7"); } },

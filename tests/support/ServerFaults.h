@@ -14,7 +14,7 @@ inline const QString late = QStringLiteral(
     "Yanıt zamanında tamamlanmadı, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
 inline const QString invalid = QStringLiteral("Sunucudan geçersiz bir yanıt alındı.");
 inline const QString tooLarge = QStringLiteral("Sunucunun yanıtı kabul edilemeyecek kadar büyük.");
-/// libcurl's versions differ in which of the two it is.
+/// libcurl's versions differ in which of the texts it is.
 inline const QString closedOrInvalid = QStringLiteral("Sunucu…");
 inline const QString noJson = QStringLiteral("Sunucunun yanıtı okunamadı. Lütfen yeniden deneyin.");
 /// Advice for what is not tried again.
@@ -29,6 +29,9 @@ struct Fault
     std::function<ScriptedAnswer(ScriptedAnswer)> change; ///< of the good answer
     HttpLimits limits = {};
 };
+
+/// With the first `bytes` of what a program (gzip, brotli, zstd) makes of the body.
+ScriptedAnswer packed(ScriptedAnswer answer, const QString &program, qsizetype bytes = -1);
 
 /// What it does with a good answer to a call.
 const QList<Fault> &inCalls();

@@ -1,0 +1,294 @@
+#include "support/ClientTesting.h"
+#include "support/Http2Front.h"
+#include "support/ServerFaults.h"
+
+#include <QElapsedTimer>
+#include <QNetworkProxyFactory>
+#include <QSemaphore>
+#include <QTcpServer>
+
+using namespace Qt::StringLiterals;
+using namespace ServerFaults;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString noProxy =
+    u"Vekil sunucuya (proxy) bağlanılamadı. Ağ ayarlarınızı denetleyin."_s + restart;
+
+/// Names a proxy, or nothing before it may.
+class ProxyFactory : public QNetworkProxyFactory
+{
+public:
+    explicit ProxyFactory(const QNetworkProxy &proxy, QSemaphore *permission = nullptr)
+        : m_proxy(proxy)
+        , m_permission(permission)
+    { }
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &) override
+    {
+        if (m_permission)
+            m_permission->acquire();
+        return { m_proxy };
+    }
+
+private:
+    QNetworkProxy m_proxy;
+    QSemaphore *m_permission;
+};
+
+} // namespace
+
+/// The way to the server: HTTP/2, names, addresses, redirects, proxies.
+class HttpTransportTest : public ClientTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        m_front.reset();
+        ClientTest::cleanup();
+        QNetworkProxyFactory::setApplicationProxyFactory(nullptr);
+    }
+
+    void callsShareOneConnection()
+    {
+        if (!putFrontBefore())
+            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+        for (int search = 0; search < 5; ++search) {
+            const auto first = watch(call());
+            const auto second = watch(call());
+            QVERIFY(settle(first).value && settle(second).value);
+        }
+        QCOMPARE(m_server->toolCalls().size(), 10);
+        QCOMPARE(m_front->connections(), 1);
+    }
+
+    void http2Faults_data()
+    {
+        QTest::addColumn<ScriptedAnswer>("answer");
+        QTest::addColumn<QString>("text");
+        const ScriptedAnswer good = ScriptedAnswer::content();
+        ScriptedAnswer cut = ScriptedAnswer::text(QByteArray(30'000, ' '));
+        cut.cutAfter = 20'000;
+        cut.ending = ScriptedAnswer::Ending::close;
+        QTest::newRow("resets a stream") << cut << closed;
+        QTest::newRow("sends 400 KB of headers")
+            << good.withHeader("a", ("x\r\na: " + QByteArray(50'000, 'x')).repeated(8)) << closed;
+        QTest::newRow("sends 2,000 headers")
+            << good.withHeader("a", QByteArray("b\r\na: ").repeated(2000) + 'b') << tooLarge;
+        QTest::newRow("sends a body without end")
+            << ScriptedAnswer { .raw = "HTTP/1.1 200 OK\r\n\r\n",
+                                .endless = QByteArray(100'000, ' ') }
+            << tooLarge;
+        QTest::newRow("says nothing") << ScriptedAnswer { .cutAfter = 0 } << idle;
+    }
+    void http2Faults()
+    {
+        QFETCH(ScriptedAnswer, answer);
+        QFETCH(QString, text);
+        if (!putFrontBefore({ .idle = 1s }))
+            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+        QVERIFY(settle(call()).value);
+        m_server->enqueue({ answer });
+        QCOMPARE(settle(call()).errorText(), text);
+        QVERIFY(settle(call()).value);
+        QCOMPARE(m_server->toolCalls().size(), 3);
+        QCOMPARE(m_server->initializations().size(), 1);
+    }
+
+    void http2Ends()
+    {
+        if (!putFrontBefore())
+            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+        QVERIFY(settle(call()).value);
+        // Between two calls.
+        m_front->stop();
+        m_front->start();
+        QCOMPARE(settle(call()).errorText(), QString());
+        // During one.
+        m_server->enqueue({ ScriptedAnswer::content().held() });
+        const auto cut = watch(call());
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        m_front->stop();
+        m_front->start();
+        const QString cutText = settle(cut).errorText();
+        QVERIFY2(cutText == closed, qPrintable(cutText));
+        m_server->release();
+        // It goes away, and says so in time.
+        m_server->enqueue({ ScriptedAnswer::content({ { u"a"_s, 1 } }).held() });
+        const auto last = watch(call());
+        QTRY_COMPARE(m_server->heldCount(), 1);
+        m_front->retire();
+        QTest::qWait(100);
+        m_server->release();
+        QCOMPARE(settle(last).errorText(), QString());
+        m_front->stop();
+        m_front->start();
+        QCOMPARE(settle(call()).errorText(), QString());
+        QCOMPARE(m_server->toolCalls().size(), 5);
+    }
+
+    void redirects_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("location"); // %1 is the server's port
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char *what, int status, const QString &location, int count,
+                            const QString &text) {
+            QTest::newRow(what) << status << location << count << text;
+        };
+        row("temporary", 307, u"/mcp/"_s, 1, QString());
+        row("for good", 308, u"/mcp/"_s, 1, QString());
+        row("by its whole address", 308, u"https://127.0.0.1:%1/mcp/?a=b"_s, 1, QString());
+        row("five times", 307, u"/mcp/"_s, 5, QString());
+        row("without end", 307, u"/mcp/"_s, 1000, invalid);
+        row("to another method", 302, u"/mcp/"_s, 1, invalid);
+        row("to another host", 307, u"https://localhost:%1/mcp/"_s, 1, invalid);
+        row("to another port", 307, u"https://127.0.0.1:1/mcp/"_s, 1, invalid);
+        row("to another scheme", 307, u"http://127.0.0.1:%1/mcp/"_s, 1, invalid);
+        row("with a password", 307, u"https://a:b@127.0.0.1:%1/mcp/"_s, 1, invalid);
+    }
+    void redirects()
+    {
+        QFETCH(int, status);
+        QFETCH(QString, location);
+        QFETCH(int, count);
+        QFETCH(QString, text);
+        ScriptedServer server(u"trusted"_s);
+        location.replace(u"%1"_s, QString::number(server.endpoint().port()));
+        server.onToolCall = [&](const ReceivedRequest &) {
+            return server.toolCalls().size() <= count
+                ? ScriptedAnswer::text("", status).withHeader("Location", location.toLatin1())
+                : ScriptedAnswer::content();
+        };
+        VTRMCPClientTestAccess::replaceShared(server.endpoint(), trustingSettings());
+        QCOMPARE(settle(call()).errorText(), text);
+        const auto calls = server.toolCalls();
+        QCOMPARE(calls.size(), text.isEmpty() ? count + 1 : std::min(count, 6));
+        for (const ReceivedRequest &request : calls) {
+            QCOMPARE(request.method, "POST");
+            QCOMPARE(request.header("mcp-session-id"), "session-1");
+            QCOMPARE(request.body, calls.first().body);
+        }
+        if (text.isEmpty())
+            QVERIFY(location.endsWith(QString::fromLatin1(calls.last().path)));
+    }
+
+    void aNameWithTheDefaultPort()
+    {
+        ScriptedServer server(u"trusted"_s);
+        HttpSettings settings = trustingSettings();
+        settings.otherHosts = { "fares.example:443:127.0.0.1:"
+                                + QByteArray::number(server.endpoint().port()) };
+        VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s), settings);
+        const auto redirect = [](const QByteArray &port) {
+            return ScriptedAnswer::text("", 307).withHeader("Location",
+                                                            "https://fares.example:" + port + "/x");
+        };
+        server.enqueue({ redirect("443"), ScriptedAnswer::content(), redirect("80") });
+        QCOMPARE(settle(call()).errorText(), QString());
+        QCOMPARE(server.requests().first().header("Host"), "fares.example");
+        QCOMPARE(settle(call()).errorText(), invalid);
+    }
+
+    void theFirstAddressIsDead()
+    {
+        ScriptedServer server(u"trusted"_s);
+        const int port = server.endpoint().port();
+        // Connections that nobody accepts fill its queue; from then on it is silent.
+        QTcpServer dead;
+        dead.setListenBacklogSize(1);
+        QVERIFY(dead.listen(QHostAddress(u"127.0.0.2"_s), static_cast<quint16>(port)));
+        dead.pauseAccepting();
+        std::vector<std::unique_ptr<QTcpSocket>> queue;
+        do {
+            queue.push_back(std::make_unique<QTcpSocket>());
+            queue.back()->connectToHost(dead.serverAddress(), dead.serverPort());
+        } while (queue.back()->waitForConnected(200) && queue.size() < 10);
+        QVERIFY(queue.size() < 10);
+
+        HttpSettings settings = trustingSettings();
+        settings.limits.connecting = 2s;
+        settings.addresses = { "fares.example:" + QByteArray::number(port)
+                               + ":127.0.0.2,127.0.0.1" };
+        VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example:%1/mcp"_s.arg(port)),
+                                              settings);
+        QCOMPARE(settle(call()).errorText(), QString());
+    }
+
+    void aProxyThatCannotBeFoundOut()
+    {
+        QSemaphore permission;
+        QNetworkProxyFactory::setApplicationProxyFactory(
+            new ProxyFactory(QNetworkProxy::NoProxy, &permission));
+        HttpSettings settings;
+        settings.limits.findingProxy = 200ms;
+        VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s), settings);
+        QCOMPARE(settle(call()).errorText(),
+                 u"Kullanılacak vekil sunucu (proxy) öğrenilemedi. Ağ ayarlarınızı denetleyin."_s
+                     + restart);
+        VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s));
+        const auto outcome = watch(call());
+        QTest::qWait(50);
+        QElapsedTimer clock;
+        clock.start();
+        VTRMCPClientTestAccess::destroyShared();
+        QVERIFY(clock.elapsed() < 1000 && outcome->hasEnded());
+        permission.release(2);
+        QTRY_COMPARE(permission.available(), 0);
+    }
+
+    void aProxyThatRefuses()
+    {
+        const auto ask = [](const QUrl &proxy) {
+            QNetworkProxyFactory::setApplicationProxyFactory(new ProxyFactory(
+                { QNetworkProxy::HttpProxy, proxy.host(), static_cast<quint16>(proxy.port()) }));
+            VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s));
+            return settle(call()).errorText();
+        };
+        m_server->onToolCall = [](const ReceivedRequest &) {
+            return ScriptedAnswer::text("", 403);
+        };
+        QCOMPARE(ask(m_server->endpoint()), noProxy);
+        QCOMPARE(m_server->requests().size(), 1);
+        QCOMPARE(m_server->requests().first().method, "CONNECT");
+        QCOMPARE(m_server->requests().first().path, "fares.example:443");
+        QCOMPARE(m_server->requests().first().header("mcp-session-id"), "");
+        const QUrl gone = m_server->endpoint();
+        m_server->close();
+        QCOMPARE(ask(gone), noProxy);
+    }
+
+    void theEndDuringAHandshake()
+    {
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost));
+        VTRMCPClientTestAccess::replaceShared(
+            QUrl(u"https://127.0.0.1:%1/mcp"_s.arg(silent.serverPort())));
+        const auto outcome = watch(call());
+        QTRY_VERIFY(silent.hasPendingConnections());
+        QElapsedTimer clock;
+        clock.start();
+        VTRMCPClientTestAccess::destroyShared();
+        QVERIFY(clock.elapsed() < 1000 && outcome->hasEnded());
+    }
+
+private:
+    bool putFrontBefore(const HttpLimits &limits = {})
+    {
+        if (!Http2Front::isInstalled())
+            return false;
+        m_front = std::make_unique<Http2Front>(m_server->endpoint());
+        HttpSettings settings = trustingSettings();
+        settings.limits = limits;
+        VTRMCPClientTestAccess::replaceShared(m_front->endpoint(), settings);
+        return true;
+    }
+
+    std::unique_ptr<Http2Front> m_front;
+};
+
+QTEST_GUILESS_MAIN(HttpTransportTest)
+#include "HttpTransportTest.moc"
