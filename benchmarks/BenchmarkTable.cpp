@@ -205,6 +205,11 @@ int main(int argc, char *argv[])
         table.judge(u"memory grown, worst of the hostile replies"_s,
                     at(hostile, u"hostile-memory"_s), u" MiB"_s, 200);
     }
+    const Figures line = run(u"line-figures"_s);
+    table.judge(u"round trips of \"initialize\" and two calls"_s, at(line, u"start"_s), {}, 4.6);
+    table.judge(u"round trips of a later search"_s, at(line, u"search"_s), {}, 1.4);
+    table.judge(u"round trips of a later search of 176 KB"_s, at(line, u"large_search"_s), {}, 2);
+    table.judge(u"connections for a start and five searches"_s, at(line, u"connections"_s), {}, 1);
     table.judge(u"stripped executable"_s,
                 double(QFileInfo(besideThis(u"vantora-stripped"_s)).size()) / 1e6, u" MB"_s, 5);
     return 0;
