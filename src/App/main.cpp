@@ -1,67 +1,46 @@
 #include "App/Application.h"
-#include "Services/PlatformErrorText.h"
 
-#include <QCommandLineParser>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
-
-using namespace Qt::StringLiterals;
+#include <string_view>
 
 namespace {
 
-/// Ends the program with this message and the exit status of a wrong call.
-[[noreturn]] void refuse(const QString &message)
-{
-    const QString line = u"vantora: %1 Yardım için: vantora --help\n"_s.arg(message);
-    std::fputs(qUtf8Printable(line), stderr);
-    std::exit(2);
-}
+constexpr const char *help = R"(Kullanım: vantora [seçenekler]
+Vantora'nın en uygun fiyatlı uçuşlarını bulur.
 
-/// Answers --help and --version and refuses what it does not know. It ends the program then,
-/// without a display.
-void readCommandLine(int argc, char *argv[])
-{
-    QCoreApplication terminal(argc, argv);
-    QCoreApplication::setApplicationName(u"vantora"_s);
-    QCoreApplication::setApplicationVersion(u"" VANTORA_VERSION ""_s);
-    PlatformErrorText::installTurkishCatalogue();
-
-    QCommandLineParser parser;
-    parser.setApplicationDescription(u"Vantora'nın en uygun fiyatlı uçuşlarını bulur."_s);
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    // Qt's own help option comes with one for the options below.
-    const QCommandLineOption help({ u"h"_s, u"help"_s }, u"Bu yardımı gösterir."_s);
-    parser.addOption(help);
-    const QCommandLineOption version = parser.addVersionOption();
-    // Qt takes these from the command line of every window; they are in its documentation.
-    const auto addHidden = [&parser](const QString &name, const QString &value) {
-        QCommandLineOption option(name, {}, value);
-        option.setFlags(QCommandLineOption::HiddenFromHelp);
-        parser.addOption(option);
-    };
-    for (const char *name :
-         { "platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry",
-           "qwindowicon", "qwindowtitle", "session", "display", "qmljsdebugger" })
-        addHidden(QString::fromLatin1(name), u"value"_s);
-    addHidden(u"reverse"_s, {});
-    if (!parser.parse(QCoreApplication::arguments()))
-        refuse(parser.errorText());
-    if (parser.isSet(help))
-        parser.showHelp();
-    if (parser.isSet(version))
-        parser.showVersion();
-    if (!parser.positionalArguments().isEmpty())
-        refuse(u"Beklenmeyen bağımsız değişken: “%1”."_s.arg(parser.positionalArguments().first()));
-}
+Seçenekler:
+  -h, --help     Bu yardımı gösterir.
+  -v, --version  Sürümü gösterir.
+)";
 
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    if (argc > 1)
-        readCommandLine(argc, argv);
+    const auto isGiven = [argc, argv](std::string_view letter, std::string_view name) {
+        return std::any_of(argv + 1, argv + argc, [=](std::string_view argument) {
+            return argument == letter || argument == name;
+        });
+    };
+    // These are answered without a display, too.
+    if (isGiven("-h", "--help")) {
+        std::fputs(help, stdout);
+        return 0;
+    }
+    if (isGiven("-v", "--version")) {
+        std::puts("vantora " VANTORA_VERSION);
+        return 0;
+    }
+
+    // Qt takes its own arguments out of the list.
     QGuiApplication application(argc, argv);
+    if (argc > 1) {
+        std::fprintf(stderr, "vantora: Bilinmeyen seçenek: “%s”. Yardım için: vantora --help\n",
+                     argv[1]);
+        return 2;
+    }
     return runApplication(QStringLiteral("Vantora"));
 }
