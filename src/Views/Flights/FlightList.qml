@@ -4,7 +4,7 @@ import QtQuick
 import Vantora
 import Vantora.Controls
 
-/// The flight cards inside the page that scrolls them. Only the cards near the page's viewport
+/// The flight cards inside the page that scrolls them. Only the cards in the page's viewport
 /// exist, so that thousands of flights open as fast as ten. A card's place follows from its row.
 FocusScope {
     id: area

@@ -83,6 +83,9 @@ void VisibleFlights::rearrange()
     if (!m_flights->areNew()) {
         QList<FlightRow> start = wantedRows();
         place(start, earlier);
+        // The page goes where the keyboard is: this one is in its place at once.
+        if (!start.isEmpty())
+            start.first().row = m_currentRow;
         show(start);
     }
     update();

@@ -95,6 +95,8 @@ private Q_SLOTS:
 
     void aNewOrderMovesCardsAndFadesThemInAndOut()
     {
+        // All three are in view.
+        m_window->window()->resize(1280, 1500);
         QTRY_COMPARE(shownFlights(), u"VQ100 VQ101 VQ102"_s);
         const QList<QQuickItem *> cards = m_window->itemsOfType("FlightCardView");
         m_window->viewModel()->applyFilter(FlightSortOption::fastest);
@@ -107,7 +109,7 @@ private Q_SLOTS:
         waitForTheCalendar();
         QTRY_VERIFY(hasAllCardsInView());
         m_window->press("Down", u"FlightList"_s);
-        QCOMPARE(m_window->itemsOfType("FlightCardView").size(), 3);
+        const qreal before = place();
         QPointer<QQuickItem> leaving = m_window->itemsOfType("FlightCardView").constFirst();
         m_window->viewModel()->applyFilter(FlightSortOption::cheapest);
         QVERIFY(leaving && !leaving->isEnabled());
@@ -115,7 +117,9 @@ private Q_SLOTS:
         int appearing = 0;
         for (QQuickItem *card : m_window->itemsOfType("FlightCardView"))
             appearing += card->isEnabled() && card->opacity() < 1 && card->y() > endOfView ? 1 : 0;
-        QCOMPARE(appearing, 3);
+        // But for the one with the keyboard they come from where they were.
+        QVERIFY(appearing > 1);
+        QCOMPARE(place(), before);
         QTRY_VERIFY(!leaving);
         QTRY_VERIFY(hasAllCardsInView());
     }
