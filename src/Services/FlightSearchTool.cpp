@@ -46,9 +46,10 @@ const AircraftRule aircraftRules[] = {
 /// "08:30". Absent for a text without a "T", or without hours and minutes behind it.
 std::optional<QString> formatTimeString(const std::optional<QString> &value)
 {
-    const QStringList parts = value.value_or(QString()).split(u'T', Qt::SkipEmptyParts);
-    const QStringList time = parts.value(1).split(u':', Qt::SkipEmptyParts);
-    return time.size() < 2 ? std::nullopt : std::optional(time.at(0) + u':' + time.at(1));
+    const QString text = value.value_or(QString());
+    const auto parts = QStringView(text).split(u'T', Qt::SkipEmptyParts);
+    const auto time = parts.value(1).split(u':', Qt::SkipEmptyParts);
+    return time.size() < 2 ? std::nullopt : std::optional<QString>(time[0] % u':' % time[1]);
 }
 
 /// The aircraft's name for an equipment code; an unknown code is shown as it came.
