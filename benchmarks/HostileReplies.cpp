@@ -1,5 +1,6 @@
 #include "benchmarks/HostileReplies.h"
 
+#include "support/ServerFaults.h"
 #include "support/ToolAnswers.h"
 
 #include <algorithm>
@@ -68,6 +69,12 @@ ScriptedAnswer status(const QString &text)
         members({ u"origin"_s, u"destination"_s, u"status"_s, u"gate"_s, u"aircraft"_s }, text));
 }
 
+/// Packed, it is a few hundred bytes to some kilobytes.
+ScriptedAnswer bomb(const QString &program)
+{
+    return ServerFaults::packed(ScriptedAnswer::text(QByteArray(64 * megabyte, ' ')), program);
+}
+
 /// Backwards when `count` is negative.
 ScriptedAnswer days(int count, const QString &currency)
 {
@@ -111,6 +118,9 @@ const QList<HostileReply> &hostileReplies()
         { u"flights: 10,000"_s, flightsTool, [] { return flights({}, {}, 10'000); } },
         { u"flights: an error of 8 MB"_s, flightsTool,
           [] { return ScriptedAnswer::failure(QString(8'000'000, u'W')); } },
+        { u"flights: 64 MB, packed with gzip"_s, flightsTool, [] { return bomb(u"gzip"_s); } },
+        { u"flights: 64 MB, packed with brotli"_s, flightsTool, [] { return bomb(u"brotli"_s); } },
+        { u"flights: 64 MB, packed with zstd"_s, flightsTool, [] { return bomb(u"zstd"_s); } },
         { u"calendar: a currency of 1 MB"_s, calendarTool, [] { return days(28, longText()); } },
         { u"calendar: 3,000 days"_s, calendarTool, [] { return days(3000, u"TRY"_s); } },
         { u"calendar: as many days as may be"_s, calendarTool,

@@ -18,8 +18,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Short, so that a minute sees them pass.
-const HttpSettings settings { .limits = { .idle = 1s, .total = 4s } };
+/// Limits that a minute sees pass.
+HttpSettings shortSettings()
+{
+    HttpSettings settings = trustingSettings();
+    settings.limits = { .idle = 1s, .total = 4s };
+    return settings;
+}
+
 // No call takes longer, breaths before its repetition included.
 constexpr auto longestSilence = 10s;
 
@@ -75,14 +81,16 @@ const QList<RandomUser::Action> &RandomUser::actions()
     return all;
 }
 
-RandomUser::RandomUser(quint32 seed)
+RandomUser::RandomUser(quint32 seed, bool asksOverHttp2)
     : m_random(seed)
     , m_server(seed + 1)
+    , m_front(asksOverHttp2 ? std::make_unique<Http2Front>(m_server.endpoint()) : nullptr)
+    , m_endpoint(m_front ? m_front->endpoint() : m_server.endpoint())
 {
-    ServiceAddresses::setMcpEndpoint(m_server.endpoint());
+    ServiceAddresses::setMcpEndpoint(m_endpoint);
     for (const QString &scheme : { u"http"_s, u"https"_s })
         QDesktopServices::setUrlHandler(scheme, this, "noteLink");
-    VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), settings);
+    VTRMCPClientTestAccess::replaceShared(m_endpoint, shortSettings());
     openWindow();
 }
 
@@ -261,7 +269,7 @@ void RandomUser::reopenWindow()
     if (m_server.refusedSession() || below(2) == 0) {
         VTRMCPClientTestAccess::destroyShared();
         closeWindow();
-        VTRMCPClientTestAccess::replaceShared(m_server.endpoint(), settings);
+        VTRMCPClientTestAccess::replaceShared(m_endpoint, shortSettings());
     } else {
         closeWindow();
     }

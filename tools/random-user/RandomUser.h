@@ -2,6 +2,7 @@
 
 #include "FickleServer.h"
 #include "inspect/WindowDriver.h"
+#include "support/Http2Front.h"
 
 #include <QMap>
 #include <QObject>
@@ -23,7 +24,7 @@ class RandomUser : public QObject
     Q_OBJECT
 
 public:
-    explicit RandomUser(quint32 seed);
+    RandomUser(quint32 seed, bool asksOverHttp2);
     ~RandomUser() override;
 
     /// Acts for this long. False when something surprised it.
@@ -63,6 +64,8 @@ private:
 
     QRandomGenerator m_random;
     FickleServer m_server;
+    std::unique_ptr<Http2Front> m_front; ///< before the server; null for HTTP/1.1
+    QUrl m_endpoint;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     WindowDriver m_hands;
     QList<FlightOption> m_flights; ///< that were shown last

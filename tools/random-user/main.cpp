@@ -48,6 +48,7 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.addOptions({
         { u"seconds"_s, u"How long."_s, u"NUMBER"_s, u"60"_s },
+        { u"http2"_s, u"Asks over HTTP/2, by nghttpx."_s },
         { u"seed"_s, u"Makes the same choices again."_s, u"NUMBER"_s,
           QString::number(QRandomGenerator::global()->generate()) },
     });
@@ -65,7 +66,7 @@ int main(int argc, char *argv[])
     bool isCalm = false;
     {
         ConsoleCapture console;
-        RandomUser randomUser(seed);
+        RandomUser randomUser(seed, parser.isSet(u"http2"_s));
         user = &randomUser;
         isCalm = randomUser.act(time);
         const QStringList lines = console.text().split(u'\n');
