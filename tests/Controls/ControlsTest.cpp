@@ -1,3 +1,4 @@
+#include "Controls/Accessibility/QtInternals.h"
 #include "Controls/Fields/DateEditing.h"
 #include "Controls/Look/Motion.h"
 #include "Controls/Look/ShownText.h"
@@ -54,6 +55,17 @@ const QByteArray surfaces = R"(
     RoundedSurface { objectName: "chip"; x: 21; y: 150.3; width: 71.2; height: 26; radius: 13; color: "#e51a33" }
     RoundedSurface { objectName: "column"; x: 600; y: 20; width: 24; height: 87.3; radius: 12; color: "#0fb882" }
     PopupSurface { objectName: "month"; x: 120.7; y: 160.1; width: 264; height: 301.3 })";
+
+const QByteArray everyKind = R"(
+    MenuBarItem { objectName: "MenuItem"; Accessible.name: "MenuItem"; menu: Menu {} }
+    Column {
+        Button { objectName: "Button"; text: "Button" }
+        RadioButton { objectName: "RadioButton"; text: "RadioButton" }
+        ComboBox { objectName: "ComboBox"; Accessible.name: "ComboBox"; model: ["Bir"] }
+        TextField { objectName: "TextField"; Accessible.name: "TextField" }
+        PlainText { objectName: "Text"; text: "Text" }
+    }
+    Menu { objectName: "Menu"; visible: true; MenuItem { text: "Bir" } })";
 
 const QByteArray field = R"(
     property date day: new Date(2026, 11, 30, 14, 35)
@@ -137,6 +149,44 @@ private Q_SLOTS:
         QVERIFY(page.told(u"Bir"_s)->state().selected);
         pressAccessibly(page.told(u"Üç"_s));
         QTRY_COMPARE(state(), u"Üç 4"_s);
+    }
+
+    /// A failure here is a change in Qt: see QtInternals.
+    void namesOfQtsOwnClasses()
+    {
+        using Kind = QtInternals::Kind;
+        const TestWindow page(everyKind);
+        const auto kindOf = [](const QObject *object) {
+            const QMetaObject *type = object->metaObject();
+            while (type && QtInternals::kindOf(QLatin1StringView(type->className())) == Kind::Other)
+                type = type->superClass();
+            return type ? QtInternals::kindOf(QLatin1StringView(type->className())) : Kind::Other;
+        };
+        QCOMPARE(kindOf(page.window()), Kind::Window);
+        for (const auto &[name, kind] : { std::pair(u"Button"_s, Kind::Button),
+                                          { u"RadioButton"_s, Kind::RadioButton },
+                                          { u"MenuItem"_s, Kind::MenuItem },
+                                          { u"ComboBox"_s, Kind::ComboBox },
+                                          { u"TextField"_s, Kind::TextField },
+                                          { u"Text"_s, Kind::Text } }) {
+            QQuickItem *item = page.named(name);
+            QVERIFY2(item, qPrintable(name));
+            QVERIFY2(kindOf(item) == kind, qPrintable(name));
+            const QObject *attached = QtInternals::accessibleAttached(item);
+            QVERIFY2(attached, qPrintable(name));
+            QCOMPARE(attached->property("name").toString(), name);
+        }
+        QVERIFY(QtInternals::isText(page.named(u"Text"_s)));
+
+        const QObject *menu = page.window()->findChild<QObject *>(u"Menu"_s);
+        const QList<QQuickItem *> layers = page.window()->contentItem()->childItems();
+        const auto overlay = std::find_if(layers.begin(), layers.end(), QtInternals::isOverlay);
+        QVERIFY(menu && overlay != layers.end());
+        const QList<QQuickItem *> popups = (*overlay)->childItems();
+        QVERIFY(std::any_of(popups.begin(), popups.end(), [&](const QQuickItem *item) {
+            return QtInternals::popupOf(item) == menu && kindOf(item) == Kind::PopupItem;
+        }));
+        QVERIFY(QtInternals::isMenu(menu));
     }
 
     void aTipTellsWhatIsCutShort()

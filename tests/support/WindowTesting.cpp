@@ -51,9 +51,9 @@ TestWindow::TestWindow(const QByteArray &controls)
 
 QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
 {
-    // QML types are named after their file and a number.
+    // Classes of QML are named after their file, or what they are made of, and a number.
     return itemsIn(m_window->contentItem(), [&type](QQuickItem *item) {
-        return QByteArray(item->metaObject()->className()).startsWith(type + "_QMLTYPE");
+        return QByteArray(item->metaObject()->className()).startsWith(type + "_QML");
     });
 }
 

@@ -1,6 +1,7 @@
 #include "inspect/SeenTexts.h"
 
-#include "Controls/Speech/TopLayer.h"
+#include "Controls/Accessibility/QtInternals.h"
+#include "Controls/Accessibility/TopLayer.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -75,7 +76,7 @@ Seen read(const QQuickItem *item, QRectF view, qreal opacity)
     if (item->clip())
         view &= place;
     const QString text = item->property("text").toString().trimmed();
-    const bool isText = item->inherits("QQuickText") || item->inherits("QQuickTextInput")
+    const bool isText = QtInternals::isText(item) || item->inherits("QQuickTextInput")
         || item->inherits("GradientText");
     if (isText && !isSymbol(item) && view.contains(place.center()) && !text.isEmpty())
         seen = { place, { text }, { text } };

@@ -156,7 +156,7 @@ Popup {
                 implicitHeight: grid.implicitHeight
                 focus: true
                 activeFocusOnTab: true
-                label: "Günler"
+                Accessible.name: "Günler"
                 count: cells.count
                 currentRow: DateEditing.gridRow(monthPopup.cursor)
                 selectedRow: DateEditing.isSameMonth(monthPopup.cursor, monthPopup.value) ? DateEditing.gridRow(monthPopup.value) : -1

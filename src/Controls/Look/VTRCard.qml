@@ -11,8 +11,16 @@ Item {
     implicitWidth: contentItem.childrenRect.width + 2 * padding
     implicitHeight: contentItem.childrenRect.height + 2 * padding
 
-    CardBackground {
+    RoundedSurface {
         anchors.fill: parent
+        radius: VTRTheme.cardRadius
+        color: VTRTheme.cardBg
+        borderColor: VTRTheme.cardBorder
+        // Of the one-point outline the card's clip leaves the inner half.
+        borderWidth: 0.5
+        shadowColor: Qt.rgba(0, 0, 0, 0.3)
+        shadowRadius: 8
+        shadowOffset: 4
     }
 
     Item {

@@ -1,7 +1,6 @@
 pragma Singleton
 
 import QtQuick
-import Vantora.Controls
 
 /// The named colours, the font families, the text styles and the metrics that several controls
 /// share; a size that only one view has stands there. The window has a dark look only.
@@ -21,6 +20,12 @@ QtObject {
     readonly property color bestGreen: Qt.rgba(0.06, 0.72, 0.51, 1)
     readonly property color gold: Qt.rgba(0.96, 0.62, 0.04, 1)
     readonly property color blue: Qt.rgba(0.23, 0.51, 0.96, 1)
+
+    /// The colours between which a linear gradient runs.
+    component ThemeGradient: QtObject {
+        required property color start
+        required property color end
+    }
 
     // Gradients run from the top left to the bottom right.
     readonly property ThemeGradient redGradient: ThemeGradient {

@@ -108,7 +108,7 @@ T.ComboBox {
         required property T.ComboBox control
 
         implicitHeight: list.contentHeight
-        label: control.Accessible.name
+        Accessible.name: control.Accessible.name
         count: control.count
         currentRow: control.highlightedIndex
         selectedRow: control.currentIndex

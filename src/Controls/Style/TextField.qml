@@ -56,7 +56,7 @@ T.TextField {
         id: icon
 
         x: 10
-        anchors.verticalCenter: parent.verticalCenter
+        y: Math.ceil((parent.height - height) / 2)
         visible: field.symbol.length > 0
         name: field.symbol
         size: 14

@@ -1,5 +1,7 @@
 #include "Controls/Style/ToolTipFinder.h"
 
+#include "Controls/Accessibility/QtInternals.h"
+
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -8,10 +10,10 @@ namespace {
 
 constexpr int delay = 500; // milliseconds
 
-/// What a tip tells of this item; empty when the item shows everything.
-QString untold(const QQuickItem *item)
+/// What a tool tip shows for this item; empty when the item shows everything.
+QString textFor(const QQuickItem *item)
 {
-    if (item->inherits("QQuickText") && item->property("truncated").toBool())
+    if (QtInternals::isText(item) && item->property("truncated").toBool())
         return item->property("text").toString();
     return item->property("toolTip").toString();
 }
@@ -27,30 +29,31 @@ QList<QQuickItem *> shownChildren(const QQuickItem *item)
     return children;
 }
 
-/// The topmost item at this point of `item` that has something untold; null when there is none.
-const QQuickItem *untoldAt(const QQuickItem *item, const QPointF &point)
+/// The topmost item at this point of `item` that has a text for a tool tip; null when there is
+/// none.
+const QQuickItem *itemAt(const QQuickItem *item, const QPointF &point)
 {
     if (item->clip() && !item->contains(point))
         return nullptr;
     const QList<QQuickItem *> children = shownChildren(item);
     for (auto child = children.rbegin(); child != children.rend(); ++child) {
-        if (const QQuickItem *found = untoldAt(*child, (*child)->mapFromItem(item, point)))
+        if (const QQuickItem *found = itemAt(*child, (*child)->mapFromItem(item, point)))
             return found;
         // What lies behind an open sheet or menu is not asked.
-        if ((*child)->inherits("QQuickOverlay"))
+        if (QtInternals::isOverlay(*child))
             return nullptr;
     }
-    return item->contains(point) && !untold(item).isEmpty() ? item : nullptr;
+    return item->contains(point) && !textFor(item).isEmpty() ? item : nullptr;
 }
 
-/// Adds what is untold in a control. False when the item is none, but holds controls.
-bool addUntold(const QQuickItem *item, QStringList &texts)
+/// Adds what a tool tip shows for a control. False when the item is none, but holds controls.
+bool addTexts(const QQuickItem *item, QStringList &texts)
 {
-    if (const QString text = untold(item); !text.isEmpty())
+    if (const QString text = textFor(item); !text.isEmpty())
         texts.append(text);
     const QList<QQuickItem *> children = shownChildren(item);
     return std::all_of(children.begin(), children.end(), [&texts](const QQuickItem *child) {
-        return !child->activeFocusOnTab() && addUntold(child, texts);
+        return !child->activeFocusOnTab() && addTexts(child, texts);
     });
 }
 
@@ -120,12 +123,12 @@ void ToolTipFinder::find()
     if (!window() || !window()->isActive())
         return;
     if (!m_focused) {
-        const QQuickItem *item = untoldAt(root(), m_pointer);
-        tell(item ? untold(item) : QString(), item);
+        const QQuickItem *item = itemAt(root(), m_pointer);
+        tell(item ? textFor(item) : QString(), item);
         return;
     }
     QStringList texts;
-    const bool isControl = addUntold(m_focused, texts);
+    const bool isControl = addTexts(m_focused, texts);
     tell(isControl ? texts.join(u'\n') : QString(), m_focused);
 }
 

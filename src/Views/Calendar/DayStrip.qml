@@ -1,6 +1,5 @@
 import QtQuick
 import Vantora
-import Vantora.Controls
 
 /// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
 ListView {

@@ -75,7 +75,7 @@ VTRCard {
             Layout.leftMargin: -calendar.gap / 2
             Layout.rightMargin: -calendar.gap / 2
             Layout.preferredHeight: divider.y + divider.height + 16 + 62 + 4
-            label: "Günler"
+            Accessible.name: "Günler"
             count: strip.count
             currentRow: strip.currentIndex
             selectedRow: strip.selectedIndex

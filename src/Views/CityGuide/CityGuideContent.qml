@@ -16,7 +16,8 @@ ScrollSheetContent {
     symbol: "map.circle.fill"
     hasDivider: false
     onActiveTabChanged: page.scrollTo(0)
-    onIsLoadingChanged: Speech.say(isLoading ? loading.text : viewModel.guideInfo.city + " rehberi yüklendi")
+    // That it loads is read with the sheet, which has just opened.
+    onIsLoadingChanged: if (!isLoading) Speech.say(viewModel.guideInfo.city + " rehberi yüklendi")
     Component.onCompleted: {
         viewModel.startLoading(destinationCode);
         tabBar.currentSegment.focus = true;
@@ -34,8 +35,6 @@ ScrollSheetContent {
     }
 
     LoadingPanel {
-        id: loading
-
         objectName: "guideLoadingPanel"
         Layout.fillWidth: true
         visible: content.isLoading

@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Vantora
-import Vantora.Controls
 
 /// The airline's promotions, in the server's order.
 Column {

@@ -41,7 +41,7 @@ FocusScope {
 
     SpokenList {
         anchors.fill: parent
-        label: "Uçuşlar"
+        Accessible.name: "Uçuşlar"
         count: area.count
         currentRow: cards.currentRow
         isActive: area.activeFocus

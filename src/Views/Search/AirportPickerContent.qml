@@ -131,7 +131,7 @@ FocusScope {
         x: VTRTheme.padding
         // The scroll bar has the room beside the rows.
         width: parent.width - VTRTheme.padding
-        label: "Havalimanları"
+        Accessible.name: "Havalimanları"
         count: airports.count
         currentRow: list.currentIndex
         selectedRow: airports.count > 0 ? airports.rowOf(picker.selectedCode) : -1

@@ -74,10 +74,13 @@ private Q_SLOTS:
             QTRY_COMPARE(m_window->called(u"Vantora MCP Sunucusu"_s) != nullptr, isOpen);
         }
 
-        for (const char *steps : { "Return", "Down Return" }) {
+        for (const bool byKeys : { false, true }) {
             m_window->press("Alt+Y");
             QTRY_VERIFY(m_window->called(u"Vantora MCP Sunucusu"_s));
-            m_window->press(steps);
+            if (byKeys)
+                m_window->press("Down Return");
+            else
+                pressAccessibly(m_window->called(u"Vantora Resmi Web Sitesi"_s));
             QTRY_VERIFY(!m_window->called(u"Vantora MCP Sunucusu"_s));
         }
         QTRY_COMPARE(m_opened,

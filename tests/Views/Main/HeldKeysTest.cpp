@@ -21,8 +21,8 @@ private Q_SLOTS:
         };
         add("Return FlightList", u"1 0 0 IST"_s, u"2 0 0 IST"_s);
         add("space FlightList", u"1 0 0 IST"_s, u"2 0 0 IST"_s);
-        add("Return DayStrip", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
-        add("space DayStrip", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
+        add("Return SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
+        add("space SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
         add("Return cabinClass", u"0 1 0 IST"_s);
         add("space cabinClass", u"0 1 0 IST"_s);
         add("Return departureDate", u"0 1 0 IST"_s);

@@ -1,4 +1,4 @@
-#include "Controls/Look/FirstRows.h"
+#include "Views/CityGuide/FirstRows.h"
 
 #include <chrono>
 

@@ -1,4 +1,4 @@
-#include "Controls/Look/Clipboard.h"
+#include "Controls/Messages/Clipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

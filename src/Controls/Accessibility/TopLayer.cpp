@@ -1,18 +1,19 @@
-#include "Controls/Speech/TopLayer.h"
+#include "Controls/Accessibility/TopLayer.h"
+
+#include "Controls/Accessibility/QtInternals.h"
 
 QQuickItem *TopLayer::of(const QQuickWindow *window)
 {
     QQuickItem *top = window->contentItem();
     const auto layers = window->contentItem()->childItems();
     for (const QQuickItem *layer : layers) {
-        if (!layer->inherits("QQuickOverlay"))
+        if (!QtInternals::isOverlay(layer))
             continue;
         const auto popups = layer->childItems();
         for (QQuickItem *item : popups) {
-            // A popup's item is a child object of the popup.
-            const QObject *popup = item->parent();
-            if (item->inherits("QQuickPopupItem") && item->isVisible() && popup
-                && (popup->property("modal").toBool() || popup->inherits("QQuickMenu")))
+            const QObject *popup = QtInternals::popupOf(item);
+            if (popup && item->isVisible()
+                && (popup->property("modal").toBool() || QtInternals::isMenu(popup)))
                 top = item;
         }
     }

@@ -9,10 +9,11 @@
 /// which of them has the keyboard, whichever of them exist as items. The view lies inside it, and
 /// its items are not told. While `isActive`, each move of `currentRow` is spoken.
 ///
-/// The owner defines these functions, which are asked when assistive technology asks:
+/// `Accessible.name` says what the list holds. The owner defines these functions, which are asked
+/// when assistive technology asks; one that is missing is warned of:
 ///  - `textOf(row: int): string`, what is said of a row;
 ///  - `itemOf(row: int): Item`, where the row is; null where it does not exist.
-class SpokenRows : public QQuickItem
+class SpokenList : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -26,7 +27,7 @@ class SpokenRows : public QQuickItem
 
 public:
     using QQuickItem::QQuickItem;
-    ~SpokenRows() override;
+    ~SpokenList() override;
 
     int count() const { return m_count; }
     void setCount(int count);
@@ -44,6 +45,9 @@ public:
     /// Says the current row again, as after a change of its text. It is said once, when everything
     /// that goes with the change has been done.
     Q_INVOKABLE void sayCurrentRow();
+
+protected:
+    void componentComplete() override;
 
 Q_SIGNALS:
     void countChanged();
@@ -66,5 +70,5 @@ private:
     bool m_isSaying = false;
 };
 
-/// The interface of a SpokenRows.
-QAccessibleInterface *makeSpokenList(SpokenRows *rows);
+/// The interface of a SpokenList.
+QAccessibleInterface *makeSpokenList(SpokenList *list);

@@ -1,10 +1,12 @@
-#include "Controls/Speech/SpokenRows.h"
+#include "Controls/Accessibility/SpokenList.h"
 
+#include "Controls/Accessibility/SpokenItem.h"
+#include "Controls/Accessibility/SpokenLeaf.h"
+#include "Controls/Accessibility/TopLayer.h"
 #include "Controls/Look/ShownText.h"
-#include "Controls/Speech/SpokenNode.h"
-#include "Controls/Speech/TopLayer.h"
 
 #include <QPointer>
+#include <QQmlInfo>
 #include <QQuickWindow>
 
 namespace {
@@ -12,7 +14,7 @@ namespace {
 class SpokenRow : public SpokenLeaf, public QAccessibleActionInterface
 {
 public:
-    SpokenRow(SpokenRows *rows, int row)
+    SpokenRow(SpokenList *rows, int row)
         : m_rows(rows)
         , m_row(row)
     { }
@@ -77,16 +79,16 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
-    QPointer<SpokenRows> m_rows;
+    QPointer<SpokenList> m_rows;
     int m_row;
 };
 
-class SpokenList : public QAccessibleObject
+class SpokenListInterface : public QAccessibleObject
 {
 public:
     using QAccessibleObject::QAccessibleObject;
 
-    SpokenRows *rows() const { return static_cast<SpokenRows *>(object()); }
+    SpokenList *rows() const { return static_cast<SpokenList *>(object()); }
 
     QWindow *window() const override { return rows()->window(); }
     QAccessibleInterface *parent() const override { return Spoken::parentOf(rows()); }
@@ -108,15 +110,24 @@ public:
 
 } // namespace
 
-QAccessibleInterface *makeSpokenList(SpokenRows *rows) { return new SpokenList(rows); }
+QAccessibleInterface *makeSpokenList(SpokenList *list) { return new SpokenListInterface(list); }
 
-SpokenRows::~SpokenRows()
+SpokenList::~SpokenList()
 {
     for (const QAccessible::Id id : std::as_const(m_rows))
         QAccessible::deleteAccessibleInterface(id);
 }
 
-void SpokenRows::setCount(int count)
+void SpokenList::componentComplete()
+{
+    QQuickItem::componentComplete();
+    for (const char *function : { "textOf(int)", "itemOf(int)" }) {
+        if (metaObject()->indexOfMethod(function) < 0)
+            qmlWarning(this) << "A SpokenList needs the function " << function << '.';
+    }
+}
+
+void SpokenList::setCount(int count)
 {
     if (m_count == count)
         return;
@@ -124,7 +135,7 @@ void SpokenRows::setCount(int count)
     Q_EMIT countChanged();
 }
 
-void SpokenRows::setCurrentRow(int row)
+void SpokenList::setCurrentRow(int row)
 {
     if (m_currentRow == row)
         return;
@@ -133,7 +144,7 @@ void SpokenRows::setCurrentRow(int row)
     sayCurrentRow();
 }
 
-void SpokenRows::setActive(bool isActive)
+void SpokenList::setActive(bool isActive)
 {
     if (m_isActive == isActive)
         return;
@@ -142,23 +153,23 @@ void SpokenRows::setActive(bool isActive)
     sayCurrentRow();
 }
 
-QString SpokenRows::textOfRow(int row) const
+QString SpokenList::textOfRow(int row) const
 {
     QString text;
-    QMetaObject::invokeMethod(const_cast<SpokenRows *>(this), "textOf", Q_RETURN_ARG(QString, text),
+    QMetaObject::invokeMethod(const_cast<SpokenList *>(this), "textOf", Q_RETURN_ARG(QString, text),
                               Q_ARG(int, row));
     return text;
 }
 
-QQuickItem *SpokenRows::itemOfRow(int row) const
+QQuickItem *SpokenList::itemOfRow(int row) const
 {
     QQuickItem *item = nullptr;
-    QMetaObject::invokeMethod(const_cast<SpokenRows *>(this), "itemOf",
+    QMetaObject::invokeMethod(const_cast<SpokenList *>(this), "itemOf",
                               Q_RETURN_ARG(QQuickItem *, item), Q_ARG(int, row));
     return item;
 }
 
-QAccessibleInterface *SpokenRows::row(int row)
+QAccessibleInterface *SpokenList::row(int row)
 {
     if (row < 0 || row >= m_count)
         return nullptr;
@@ -169,15 +180,15 @@ QAccessibleInterface *SpokenRows::row(int row)
     return QAccessible::accessibleInterface(id);
 }
 
-void SpokenRows::sayCurrentRow()
+void SpokenList::sayCurrentRow()
 {
     if (m_isSaying || !m_isActive || !QAccessible::isActive())
         return;
     m_isSaying = true;
-    QMetaObject::invokeMethod(this, &SpokenRows::tellCurrentRow, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &SpokenList::tellCurrentRow, Qt::QueuedConnection);
 }
 
-void SpokenRows::tellCurrentRow()
+void SpokenList::tellCurrentRow()
 {
     m_isSaying = false;
     QAccessibleInterface *current = m_isActive ? row(m_currentRow) : nullptr;

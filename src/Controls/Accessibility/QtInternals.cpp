@@ -1,0 +1,46 @@
+#include "Controls/Accessibility/QtInternals.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+QtInternals::Kind QtInternals::kindOf(const QString &className)
+{
+    static constexpr std::array kinds {
+        std::pair("QQuickApplicationWindow", Kind::Window),
+        std::pair("QQuickPopupItem", Kind::PopupItem),
+        std::pair("QQuickText", Kind::Text),
+        std::pair("QQuickTextField", Kind::TextField),
+        std::pair("QQuickAbstractButton", Kind::Button),
+        std::pair("QQuickRadioButton", Kind::RadioButton),
+        std::pair("QQuickMenuItem", Kind::MenuItem),
+        std::pair("QQuickMenuBarItem", Kind::MenuItem),
+        std::pair("QQuickComboBox", Kind::ComboBox),
+    };
+    for (const auto &[name, kind] : kinds) {
+        if (className == QLatin1StringView(name))
+            return kind;
+    }
+    return Kind::Other;
+}
+
+QObject *QtInternals::accessibleAttached(const QQuickItem *item)
+{
+    // A control may have made one for itself before: the last is QML's.
+    const auto &children = item->children();
+    const auto last = std::find_if(children.rbegin(), children.rend(), [](const QObject *child) {
+        return child->inherits("QQuickAccessibleAttached");
+    });
+    return last == children.rend() ? nullptr : *last;
+}
+
+bool QtInternals::isText(const QQuickItem *item) { return item->inherits("QQuickText"); }
+
+bool QtInternals::isOverlay(const QQuickItem *item) { return item->inherits("QQuickOverlay"); }
+
+const QObject *QtInternals::popupOf(const QQuickItem *item)
+{
+    return item->inherits("QQuickPopupItem") ? item->parent() : nullptr;
+}
+
+bool QtInternals::isMenu(const QObject *popup) { return popup->inherits("QQuickMenu"); }

@@ -1,0 +1,72 @@
+#include "Controls/Accessibility/Speech.h"
+
+#include "Controls/Accessibility/SpokenLeaf.h"
+#include "Controls/Accessibility/SpokenTree.h"
+#include "Controls/Look/ShownText.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QWindow>
+
+#include <array>
+
+namespace {
+
+/// A text that is read out when it appears. It is a child of the window, but not one of those that
+/// can be come upon.
+class SpokenMessage : public SpokenLeaf
+{
+public:
+    SpokenMessage(QWindow *window, const QString &text)
+        : m_window(window)
+        , m_text(text)
+    { }
+
+    bool isValid() const override { return m_window; }
+    QWindow *window() const override { return m_window; }
+    QAccessibleInterface *parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(m_window);
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name ? m_text : QString();
+    }
+    QRect rect() const override { return m_window ? m_window->geometry() : QRect(); }
+    QAccessible::Role role() const override { return QAccessible::Notification; }
+    QAccessible::State state() const override { return {}; }
+
+private:
+    QPointer<QWindow> m_window;
+    QString m_text;
+};
+
+} // namespace
+
+// Here, as a linker leaves out sources that nothing refers to.
+Q_COREAPP_STARTUP_FUNCTION(installSpokenTree)
+
+void Speech::say(const QString &text)
+{
+    QWindow *window = QGuiApplication::focusWindow();
+    if (!QAccessible::isActive() || !window || text.isEmpty())
+        return;
+    // A reader asks for the text some time after it has heard of the message: the last few stay.
+    static std::array<QAccessible::Id, 8> messages {};
+    static size_t next = 0;
+    QAccessible::Id &id = messages[next++ % messages.size()];
+    if (QAccessible::accessibleInterface(id))
+        QAccessible::deleteAccessibleInterface(id);
+    id = QAccessible::registerAccessibleInterface(
+        new SpokenMessage(window, ShownText::of(text, false)));
+    QAccessibleEvent event(QAccessible::accessibleInterface(id), QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&event);
+}
+
+void Speech::focus(QQuickItem *item)
+{
+    QAccessibleEvent event(item, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
