@@ -1,6 +1,6 @@
 #include "inspect/WindowDriver.h"
 
-#include "Controls/Speech/TopLayer.h"
+#include "Controls/Accessibility/TopLayer.h"
 
 #include <QTest>
 
