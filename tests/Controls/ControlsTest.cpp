@@ -51,7 +51,7 @@ const QByteArray surface = R"(
 // On places and of sizes that are no whole number of pixels.
 const QByteArray surfaces = R"(
     color: "#000000"
-    VTRCard { objectName: "card"; x: 20.3; y: 17.6; width: 420.4; height: 101.7 }
+    VTRCard { x: 20.3; y: 17.6; width: 420.4; height: 101.7; Component.onCompleted: children[0].objectName = "card" }
     RoundedSurface { objectName: "chip"; x: 21; y: 150.3; width: 71.2; height: 26; radius: 13; color: "#e51a33" }
     RoundedSurface { objectName: "column"; x: 600; y: 20; width: 24; height: 87.3; radius: 12; color: "#0fb882" }
     PopupSurface { objectName: "month"; x: 120.7; y: 160.1; width: 264; height: 301.3 })";
