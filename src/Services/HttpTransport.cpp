@@ -11,6 +11,8 @@
 #include <curl/curl.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <future>
 #include <mutex>
 #include <optional>
@@ -386,6 +388,17 @@ public:
         curl_multi_wakeup(m_transfers.get());
         if (m_thread.joinable())
             m_thread.join();
+        // Qt's library of proxies would wait for its answer at the end of the process.
+        static ProxyLookup unanswered;
+        if (!m_proxy.valid() || isReady(m_proxy))
+            return;
+        unanswered = m_proxy;
+        std::atexit([] {
+            if (!isReady(unanswered)) {
+                std::fflush(nullptr);
+                std::_Exit(EXIT_SUCCESS);
+            }
+        });
     }
 
 private:
