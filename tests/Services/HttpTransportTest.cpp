@@ -87,7 +87,7 @@ private Q_SLOTS:
     {
         QFETCH(ScriptedAnswer, answer);
         QFETCH(QString, text);
-        if (!putFrontBefore({ .idle = text == idle ? 3s : 30s }))
+        if (!putFrontBefore({ .idle = text == idle ? 6s : 30s }))
             QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
         QCOMPARE(settle(call()).errorText(), QString());
         m_server->enqueue({ answer });
