@@ -27,6 +27,12 @@ function(vantora_add_qml_module target uri)
     SOURCES ${sources}
     QML_FILES ${qml_files})
 
+  # What Qt generates beside the module takes the headers that it parsed, too.
+  foreach(generated plugin plugin_init _qmlcache)
+    if(TARGET ${target}${generated})
+      target_precompile_headers(${target}${generated} REUSE_FROM vantora_controls)
+    endif()
+  endforeach()
   # The generated type registration includes headers by their bare names.
   foreach(file IN LISTS sources)
     get_filename_component(folder ${file} DIRECTORY)

@@ -30,13 +30,10 @@ bool hasGraphicsHardware(const QString &devices)
 
 void chooseDrawing()
 {
-    // Qt's own names, of which the first two are in its documentation.
-    for (const char *choice : { "QT_QUICK_BACKEND", "QSG_RHI_BACKEND", "QMLSCENE_DEVICE" }) {
-        if (qEnvironmentVariableIsSet(choice))
-            return;
-    }
+    const bool isChosen = qEnvironmentVariableIsSet("QT_QUICK_BACKEND")
+        || qEnvironmentVariableIsSet("QSG_RHI_BACKEND");
     // OpenGL would be emulated by the processor, for the same picture: four times the work for a
     // frame, and half of the memory again.
-    if (!hasGraphicsHardware())
+    if (!isChosen && !hasGraphicsHardware())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
