@@ -124,7 +124,7 @@ private Q_SLOTS:
         process.start(m_sampleServer, QStringList());
         QVERIFY(process.waitForReadyRead(20'000));
         const QByteArray line = process.readLine();
-        QVERIFY(line.startsWith("listening ") && line.endsWith('\n'));
+        QVERIFY2(line.startsWith("listening ") && line.endsWith('\n'), line.constData());
         const quint16 port = line.mid(10).trimmed().toUShort();
 
         std::list<QTcpSocket> idle(50);

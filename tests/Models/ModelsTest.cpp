@@ -40,7 +40,8 @@ private Q_SLOTS:
         for (const Airport &airport : AirportDatabase::allAirports()) {
             codes.insert(airport.code);
             hubs += airport.hub ? airport.code : QString();
-            QVERIFY(airport.code.size() == 3 && !airport.city.isEmpty() && !airport.name.isEmpty());
+            QVERIFY2(airport.code.size() == 3 && !airport.city.isEmpty() && !airport.name.isEmpty(),
+                     qPrintable(airport.code + u' ' + airport.city + u' ' + airport.name));
         }
         QCOMPARE(codes.size(), 121);
         QCOMPARE(hubs, u"ISTSAW"_s);
@@ -67,7 +68,10 @@ private Q_SLOTS:
             QString found;
             for (const Airport &airport : AirportDatabase::search(query))
                 found += airport.code + u' ';
-            QVERIFY2(found.size() == 4 * count && found.startsWith(first), qPrintable(query));
+            const QString expected = u"%1 airports: %2"_s.arg(count).arg(first);
+            QCOMPARE(query + u" finds %1 airports: "_s.arg(found.size() / 4)
+                         + found.left(first.size()),
+                     query + u" finds "_s + expected);
         }
     }
 
@@ -131,23 +135,23 @@ private Q_SLOTS:
 
     void statusStems()
     {
-        // d: delayed, l: landed, a: in the air
-        for (const auto &[status, meaning] : { std::pair(u"Zamanında (On Time)"_s, QString()),
-                                               { QString(), QString() },
-                                               { u"GECİKTİ"_s, u"d"_s },
-                                               { u"GECIKMELI"_s, u"d"_s },
-                                               { u"RÖTARLI"_s, QString() },
-                                               { u"İNDİ"_s, u"l"_s },
-                                               { u"INDI"_s, u"l"_s },
-                                               { u"Indi\u0307"_s, u"l"_s },
-                                               { u"Flight delayed"_s, u"da"_s },
-                                               { u"Repaired"_s, u"a"_s },
-                                               { u"HAVALİMANINA İNDİ, GECİKMELİ"_s, u"dla"_s } }) {
+        for (const auto &[status, meaning] :
+             { std::pair(u"Zamanında (On Time)"_s, QString()),
+               { QString(), QString() },
+               { u"GECİKTİ"_s, u" delayed"_s },
+               { u"GECIKMELI"_s, u" delayed"_s },
+               { u"RÖTARLI"_s, QString() },
+               { u"İNDİ"_s, u" landed"_s },
+               { u"INDI"_s, u" landed"_s },
+               { u"Indi\u0307"_s, u" landed"_s },
+               { u"Flight delayed"_s, u" delayed inAir"_s },
+               { u"Repaired"_s, u" inAir"_s },
+               { u"HAVALİMANINA İNDİ, GECİKMELİ"_s, u" delayed landed inAir"_s } }) {
             FlightStatusResult result;
             result.status = status;
-            const QString found = (result.isDelayed() ? u"d"_s : QString())
-                + (result.isLanded() ? u"l"_s : QString())
-                + (result.isInAir() ? u"a"_s : QString());
+            const QString found = (result.isDelayed() ? u" delayed"_s : QString())
+                + (result.isLanded() ? u" landed"_s : QString())
+                + (result.isInAir() ? u" inAir"_s : QString());
             QCOMPARE(status + found, status + meaning);
         }
     }

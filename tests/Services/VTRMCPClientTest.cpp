@@ -27,7 +27,8 @@ private Q_SLOTS:
         const auto third = watch(VTRMCPClient::shared().getSessionId());
         QTRY_COMPARE(m_server->heldCount(), 1);
         m_server->release();
-        QVERIFY(settle(first).value && settle(second).value);
+        QVERIFY2(settle(first).value, qPrintable(settle(first).errorText()));
+        QVERIFY2(settle(second).value, qPrintable(settle(second).errorText()));
         QCOMPARE(settle(third).value.value_or(QString()), u"shared"_s);
 
         QCOMPARE(m_server->requests().size(), 3);

@@ -84,7 +84,7 @@ private Q_SLOTS:
             m_model->startSearchAll();
             QCOMPARE(m_model->errorMessage(),
                      std::optional(u"Lütfen kalkış ve varış havalimanlarını seçin."_s));
-            QVERIFY(!m_model->isLoading() && !m_model->hasSearched());
+            QCOMPARE(state(), u"flights: none, days: 0, currency: TRY"_s);
             QCOMPARE(m_model->selectedDate(), u"2026-03-06"_s);
         }
         m_model->swapAirports();
@@ -130,7 +130,7 @@ private Q_SLOTS:
     {
         const auto failure = ScriptedAnswer::failure(u"%1\ndolu"_s);
         const auto otherCalendar = calendarAnswer({ u"2026-04-01"_s }, u"USD"_s);
-        // Banner, console, and what is kept: flights, days and currency.
+        // Banner, console, and what is kept.
         const auto expect = [this](const QHash<QString, ScriptedAnswer> &answers,
                                    const QString &day, const QStringList &expected) {
             m_answers = good;
@@ -148,13 +148,14 @@ private Q_SLOTS:
         };
         expect({ { calendarTool, failure }, { flightsTool, flightsAnswer({ { u"9"_s } }) } }, {},
                { QString(), u"Price calendar fetch error: %1 dolu\n"_s,
-                 u"hasSearched hasBest 9 2 EUR"_s });
+                 u"searched, best day, flights: 9, days: 2, currency: EUR"_s });
         expect({ { calendarTool, otherCalendar }, { flightsTool, failure } }, {},
                { u"Uçuş bilgileri alınırken hata oluştu: %1\ndolu"_s,
-                 u"Flights search error: %1 dolu\n"_s, u"hasSearched hasBest 4213 1 USD"_s });
+                 u"Flights search error: %1 dolu\n"_s,
+                 u"searched, best day, flights: 4213, days: 1, currency: USD"_s });
         expect({ { flightsTool, failure } }, u"%2"_s,
                { u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1\ndolu"_s, QString(),
-                 u"hasSearched hasBest 4213 2 EUR"_s });
+                 u"searched, best day, flights: 4213, days: 2, currency: EUR"_s });
     }
 
     void quittingPrintsNothing()
@@ -179,7 +180,8 @@ private Q_SLOTS:
         for (const QString &day : { u"2026-13-45"_s, u"2026-03-09"_s }) {
             m_model->startSelectCalendarDate(day);
             QCOMPARE(m_model->selectedDate(), day);
-            QVERIFY(m_model->isSearchingFlightsOnly() && !m_model->isLoading());
+            QVERIFY(m_model->isSearchingFlightsOnly());
+            QVERIFY(!m_model->isLoading());
             QTRY_COMPARE(m_server->heldCount(), 1);
             const QJsonObject asked = lastArguments();
             QCOMPARE(QJsonArray({ asked["departureDate"_L1], asked["returnDate"_L1],
@@ -214,15 +216,15 @@ private Q_SLOTS:
 
     void changesOfAList()
     {
-        // i: insert, r: remove, m: move, c: change, R: reset
-        for (const auto &[before, after, signalled] : { std::tuple(QString(), u"abc"_s, u"iii"_s),
-                                                        { u"abc"_s, QString(), u"rrr"_s },
-                                                        { u"abc"_s, u"abc"_s, QString() },
-                                                        { u"abc"_s, u"cab"_s, u"m"_s },
-                                                        { u"abc"_s, u"Ca"_s, u"rmc"_s },
-                                                        { u"abc"_s, u"xaYc"_s, u"rii"_s },
-                                                        { u"abc"_s, u"aab"_s, u"R"_s },
-                                                        { u"aab"_s, u"abc"_s, u"R"_s } })
+        for (const auto &[before, after, signalled] :
+             { std::tuple(QString(), u"abc"_s, u" insert insert insert"_s),
+               { u"abc"_s, QString(), u" remove remove remove"_s },
+               { u"abc"_s, u"abc"_s, QString() },
+               { u"abc"_s, u"cab"_s, u" move"_s },
+               { u"abc"_s, u"Ca"_s, u" remove move change"_s },
+               { u"abc"_s, u"xaYc"_s, u" remove insert insert"_s },
+               { u"abc"_s, u"aab"_s, u" reset"_s },
+               { u"aab"_s, u"abc"_s, u" reset"_s } })
             change(before, after, signalled);
     }
 
@@ -239,30 +241,32 @@ private:
 
         QString seen;
         using Model = QAbstractItemModel;
-        connect(&model, &Model::rowsInserted, &model, [&] { seen += u'i'; });
-        connect(&model, &Model::rowsRemoved, &model, [&] { seen += u'r'; });
-        connect(&model, &Model::rowsMoved, &model, [&] { seen += u'm'; });
+        connect(&model, &Model::rowsInserted, &model, [&] { seen += u" insert"; });
+        connect(&model, &Model::rowsRemoved, &model, [&] { seen += u" remove"; });
+        connect(&model, &Model::rowsMoved, &model, [&] { seen += u" move"; });
         connect(&model, &Model::dataChanged, &model, [&](const QModelIndex &changed) {
-            seen += u'c';
+            seen += u" change";
             QVERIFY(model.records().at(changed.row()).letter.isUpper());
         });
-        connect(&model, &Model::modelReset, &model, [&] { seen += u'R'; });
+        connect(&model, &Model::modelReset, &model, [&] { seen += u" reset"; });
         const QSignalSpy counts(&model, &CountedListModel::countChanged);
         model.setRecords(letters(after));
 
         QCOMPARE(seen, signalled);
         QCOMPARE(model.records(), letters(after));
         // Every row stays that of its letter.
-        for (qsizetype i = 0; i < rows.size() && signalled != u"R"; ++i)
+        for (qsizetype i = 0; i < rows.size() && signalled != u" reset"; ++i)
             QCOMPARE(rows.at(i).row(), after.toLower().indexOf(before.at(i)));
         QCOMPARE(counts.size(), before.size() == after.size() ? 0 : 1);
     }
     QString state() const
     {
-        return u"%1%2%3%4 %5 %6"_s.arg(m_model->isLoading() ? u"isLoading "_s : QString())
-            .arg(m_model->hasSearched() ? u"hasSearched "_s : QString())
-            .arg(m_model->bestPrice() ? u"hasBest "_s : QString())
-            .arg(numbers(m_model->filteredFlights()))
+        const QString flights = numbers(m_model->filteredFlights());
+        return u"%1%2%3flights: %4, days: %5, currency: %6"_s
+            .arg(m_model->isLoading() ? u"loading, "_s : QString())
+            .arg(m_model->hasSearched() ? u"searched, "_s : QString())
+            .arg(m_model->bestPrice() ? u"best day, "_s : QString())
+            .arg(flights.isEmpty() ? u"none"_s : flights)
             .arg(m_model->calendarPrices().size())
             .arg(m_model->currency());
     }

@@ -1,6 +1,5 @@
 #include "Views/Calendar/PriceCalendarFormat.h"
 #include "Views/ExternalLinks.h"
-#include "Views/Flights/FlightCardFormat.h"
 
 #include <QLocale>
 #include <QTest>
@@ -36,19 +35,6 @@ private Q_SLOTS:
         QCOMPARE(format.bestPriceText(withoutCurrency, u"TRY"_s), u"En Uygun: ₺4.850 ()"_s);
         // The chart's own labels cut the fraction off.
         QCOMPARE(format.wholeAmount(1999.9), u"1999"_s);
-    }
-
-    void lowSeatWarning()
-    {
-        const auto warning = [](std::optional<qint64> seats) {
-            FlightOption flight;
-            flight.seatAvailability = seats;
-            return FlightCardFormat().lowSeatWarning(flight);
-        };
-        QCOMPARE(warning(std::nullopt), QString());
-        QCOMPARE(warning(7), QString());
-        QCOMPARE(warning(6), u"Son 6 Koltuk!"_s);
-        QCOMPARE(warning(0), u"Son 0 Koltuk!"_s);
     }
 
     void bookingPages()

@@ -150,14 +150,16 @@ private Q_SLOTS:
         const QList<QAccessibleInterface *> behind { m_window->told(route), m_window->told(day) };
         QVERIFY(m_window->open(u"flightStatusButton"_s, u"flightStatusSheet"_s));
         QVERIFY(m_window->told(u"Canlı Uçuş Durumu Takibi"_s)->state().modal);
-        QVERIFY(!m_window->told(route) && !m_window->told(day));
+        QVERIFY(!m_window->told(route));
+        QVERIFY(!m_window->told(day));
         // Who still holds on to them cannot press them, and clicks beside the sheet or on a button
         // behind it do nothing.
         for (QAccessibleInterface *node : behind)
             pressAccessibly(node);
         QTest::mouseClick(m_window->window(), Qt::LeftButton, {}, QPoint(30, 600));
         m_window->click(m_window->named(u"cityGuideButton"_s));
-        QVERIFY(m_window->isOpen(u"flightStatusSheet"_s) && m_window->isGone(u"cityGuideSheet"_s));
+        QVERIFY(m_window->isOpen(u"flightStatusSheet"_s));
+        QVERIFY(m_window->isGone(u"cityGuideSheet"_s));
         QVERIFY(m_window->waitForSearch());
         QCOMPARE(questions().size(), 0);
 
@@ -230,8 +232,9 @@ private Q_SLOTS:
         QList<QQuickItem *> visited;
         do {
             QQuickItem *item = m_window->focused();
-            QVERIFY2(!visited.contains(item), "Tab comes to one control twice before it returns.");
-            QVERIFY(item->isVisible() && item->isEnabled());
+            QVERIFY2(!visited.contains(item),
+                     qPrintable(u"Tab comes twice to "_s + accessibleName(item)));
+            QVERIFY2(item->isVisible() && item->isEnabled(), qPrintable(accessibleName(item)));
             visited.append(item);
             m_window->press("Tab");
         } while (m_window->focused() != visited.constFirst());
