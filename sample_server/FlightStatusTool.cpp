@@ -88,7 +88,7 @@ QString statusText(const ScheduledFlight &flight, FlightState state)
                              turkish ? u"İndi"_s : u"Landed"_s };
     const QString delay =
         (turkish ? u"Gecikmeli (%1 dk)"_s : u"Delayed (%1 min)"_s).arg(state.delayMinutes);
-    const QString phase = phases[state.phase];
+    QString phase = phases[state.phase];
     if (state.delayMinutes == 0 || (state.phase == Landed && flight.number != alwaysDelayed))
         return phase;
     return state.phase == BeforeDeparture ? delay : phase + u", "_s + delay;

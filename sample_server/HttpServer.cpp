@@ -84,7 +84,8 @@ std::optional<quint16> HttpServer::listen(quint16 port)
         MHD_OPTION_END);
     if (!m_daemon)
         return std::nullopt;
-    return MHD_get_daemon_info(m_daemon, MHD_DAEMON_INFO_BIND_PORT)->port;
+    const MHD_DaemonInfo *bound = MHD_get_daemon_info(m_daemon, MHD_DAEMON_INFO_BIND_PORT);
+    return bound ? std::optional(bound->port) : std::nullopt;
 }
 
 HttpServer::~HttpServer()
