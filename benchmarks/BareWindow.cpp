@@ -1,6 +1,7 @@
 // What the application's window is compared with:
-//   bare-window             a bare window of its size and colour, up to its first frame
-//   bare-window --scroll    a list of two thousand plain rectangles with the texts of a flight card
+//   bare-window                  a bare window of its size, up to its first frame
+//   bare-window --scroll PITCH   a list of two thousand plain rectangles with the texts of a flight
+//                                card, one every PITCH pixels
 
 #include "benchmarks/FrameWatch.h"
 
@@ -15,13 +16,15 @@ namespace {
 
 constexpr auto bareWindow = R"(
 import QtQuick
-Window { width: 1280; height: 860; visible: true; color: "#0b0f19" }
+Window { width: 1280; height: 860; visible: true; color: "black" }
 )";
 
 constexpr auto rectangles = R"(
 import QtQuick
 Window {
-    width: 1280; height: 860; visible: true; color: "#0b0f19"
+    width: 1280; height: 860; visible: true; color: "black"
+    required property int pitch
+    id: window
     ListView {
         objectName: "page"
         anchors.fill: parent
@@ -29,7 +32,7 @@ Window {
         spacing: 12
         delegate: Rectangle {
             required property int index
-            width: ListView.view.width; height: 104; color: "#131a2a"
+            width: ListView.view.width; height: window.pitch - 12; color: "#131a2a"
             Row {
                 anchors.centerIn: parent
                 spacing: 24
@@ -52,6 +55,9 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     const bool scrolls = QGuiApplication::arguments().contains(u"--scroll"_s);
     QQmlApplicationEngine engine;
+    if (scrolls)
+        engine.setInitialProperties(
+            { { u"pitch"_s, QGuiApplication::arguments().last().toInt() } });
     engine.loadData(scrolls ? rectangles : bareWindow);
     if (engine.rootObjects().isEmpty())
         return 1;

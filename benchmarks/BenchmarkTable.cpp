@@ -165,8 +165,9 @@ void compareStarts(Table &table, int runs)
 
 void judgeOpenWindow(Table &table, int searches)
 {
-    const double bareScroll = at(run(u"bare-window"_s, { u"--scroll"_s }), u"scroll"_s);
     const Figures open = run(u"window-figures"_s);
+    const QString pitch = QString::number(at(open, u"pitch"_s));
+    const double bareScroll = at(run(u"bare-window"_s, { u"--scroll"_s, pitch }), u"scroll"_s);
     const SampleServer server;
     const double growth =
         at(run(u"window-start"_s, { server.endpoint(), QString::number(searches) }), u"growth"_s);

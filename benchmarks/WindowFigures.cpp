@@ -105,13 +105,13 @@ public:
             return state->property("isLoading").toBool();
         });
     }
-    /// A frame in which all of the window is drawn anew, which the other ground makes it.
+    /// A frame in which the whole window is drawn, since its background changes.
     double frame() const
     {
-        const QColor ground = m_window->color();
+        const QColor background = m_window->color();
         const double frame = untilFrame(
-            m_window, [&] { m_window->setColor(ground.lighter(101)); }, [] { return true; });
-        m_window->setColor(ground);
+            m_window, [&] { m_window->setColor(background.lighter(101)); }, [] { return true; });
+        m_window->setColor(background);
         return frame;
     }
     void click(const QQuickItem *item) const
@@ -133,6 +133,14 @@ public:
         answer.pieceSize = answer.body.size() / 5;
         answer.pieceInterval = 200;
         m_server.setAnswer(flightsTool, answer);
+    }
+    /// From the top of a flight's card to that of the next.
+    double cardPitch() const
+    {
+        const auto isList = [](const QQuickItem *item) {
+            return item->property("cardPitch").isValid();
+        };
+        return itemsIn(named(u"page"_s), isList).value(0)->property("cardPitch").toDouble();
     }
     QQuickItem *someOtherDay() const
     {
@@ -315,6 +323,7 @@ int main(int argc, char *argv[])
 
     window.search(manyFlights);
     wait(600);
+    print("pitch", window.cardPitch());
     print("scroll", cpuPerFrame(window.window(), window.named(u"page"_s)));
     window.named(u"page"_s)->setProperty("contentY", 0);
 

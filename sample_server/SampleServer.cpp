@@ -170,7 +170,7 @@ QJsonObject SampleServer::Private::resultOf(const QString &method, const QJsonOb
     return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };
 }
 
-/// Notes a sign of life of the session that the request names, or says what is wrong with it.
+/// Marks the session that the request names as used, or says what is wrong with the request.
 std::optional<HttpAnswer> SampleServer::Private::sessionRefusal(const HttpRequest &request)
 {
     const QByteArray id = request.headers.value(sessionHeader);

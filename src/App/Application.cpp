@@ -48,11 +48,6 @@ void prepareApplication()
     QNetworkProxyFactory::setUseSystemConfiguration(true);
 
     QQuickStyle::setStyle(u"Basic"_s);
-    // Frames that the toolkit draws itself take their colours from here.
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(11, 15, 25));
-    dark.setColor(QPalette::WindowText, Qt::white);
-    QGuiApplication::setPalette(dark);
 }
 
 namespace {
@@ -61,8 +56,19 @@ namespace {
 QSize roomForTheWindow()
 {
     constexpr int titleBar = 40;
+    constexpr int largest = 16384;
     const QScreen *screen = QGuiApplication::primaryScreen();
-    return screen ? screen->availableSize() - QSize(0, titleBar) : QSize(1280, 860);
+    return screen ? screen->availableSize() - QSize(0, titleBar) : QSize(largest, largest);
+}
+
+/// Window frames that Qt itself draws, as it does on Wayland, take their colours from the palette
+/// when the window is first shown.
+void setFrameColours(const QColor &background)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, background);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(palette);
 }
 
 } // namespace
@@ -80,7 +86,9 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
         return false;
     }
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    setFrameColours(window->color());
     requestDarkFrame(window);
+    window->show();
     return true;
 }
 

@@ -3,12 +3,12 @@
 #include <QQmlApplicationEngine>
 #include <QString>
 
-/// What every program that shows the window does before it shows it: names the application, embeds
-/// fonts and Turkish texts. Call it once, after the application object is made.
+/// What every program does before it loads the window: names the application, embeds the fonts and
+/// chooses what draws. Call it once, after the application object is made.
 void prepareApplication();
 
-/// Loads the window with this title. Returns false, after a message on the
-/// console, when it does not load.
+/// Loads the window with this title and shows it. Returns false, after a message on the console,
+/// when it does not load.
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title);
 
 /// Shows the window and runs until it closes. Returns the exit status.

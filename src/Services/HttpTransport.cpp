@@ -73,8 +73,9 @@ QByteArray curlProxy(const QNetworkProxy &proxy)
 
 bool hasControlCharacter(QByteArrayView line)
 {
-    return std::any_of(line.begin(), line.end(), [](char sign) {
-        return (static_cast<unsigned char>(sign) < ' ' && sign != '\t') || sign == 0x7f;
+    return std::any_of(line.begin(), line.end(), [](char character) {
+        return (static_cast<unsigned char>(character) < ' ' && character != '\t')
+            || character == 0x7f;
     });
 }
 

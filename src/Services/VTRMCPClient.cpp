@@ -111,8 +111,8 @@ void VTRMCPClient::shutDown()
 {
     m_isShutDown = true;
     m_transport.stop();
-    for (const auto &breath : std::exchange(m_breaths, {}))
-        breath->finish();
+    for (const auto &pause : std::exchange(m_pauses, {}))
+        pause->finish();
     // Awaiting tasks are resumed by posted events, and no event loop follows. The number of rounds
     // is that of the awaits inside one another, with room to spare.
     for (int round = 0; m_callsUnderWay > 0 && round < 32; ++round) {
@@ -176,26 +176,26 @@ QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject
         m_isInitialized = false;
         m_sessionId.reset();
         m_initTask.reset();
-        const QFuture<void> pause = breath(repetition);
+        const QFuture<void> pause = pauseBefore(repetition);
         co_await pause;
     }
 }
 
-QFuture<void> VTRMCPClient::breath(int repetition)
+QFuture<void> VTRMCPClient::pauseBefore(int repetition)
 {
-    const auto breath = std::make_shared<QPromise<void>>();
-    breath->start();
-    QFuture<void> end = breath->future();
+    const auto pause = std::make_shared<QPromise<void>>();
+    pause->start();
+    QFuture<void> end = pause->future();
     // The first is free: a session may simply have grown old.
     if (repetition == 1 || m_isShutDown) {
-        breath->finish();
+        pause->finish();
         return end;
     }
     const std::chrono::milliseconds grown(50 << std::min(repetition, 10));
-    m_breaths.append(breath);
-    QTimer::singleShot(std::min(grown, m_longestBreath), this, [this, breath] {
-        m_breaths.removeOne(breath);
-        breath->finish();
+    m_pauses.append(pause);
+    QTimer::singleShot(std::min(grown, m_longestPause), this, [this, pause] {
+        m_pauses.removeOne(pause);
+        pause->finish();
     });
     return end;
 }

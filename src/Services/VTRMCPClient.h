@@ -50,7 +50,7 @@ public:
 
     /// Calls one tool of the server. Returns the result's "structuredContent", else the whole
     /// "result", else an empty object. A status of 400 or 404 means that the session is lost: the
-    /// call is repeated in a new one, at first at once and then after breaths that grow to two
+    /// call is repeated in a new one, at first at once and then after pauses that grow to two
     /// seconds, without limit, until the server says something else or the application quits.
     QCoro::Task<JsonObject> callTool(QString name, QJsonObject arguments);
 
@@ -89,9 +89,9 @@ private:
     QCoro::Task<QString> initialize();
     /// The body of the first answer that is neither 400 nor 404.
     QCoro::Task<QByteArray> exchangeToolCall(QString name, QJsonObject arguments);
-    /// Ends after the breath that is due before a call is repeated for the nth time; at once when
+    /// Ends after the pause that is due before a call is repeated for the nth time; at once when
     /// the application quits.
-    QFuture<void> breath(int repetition);
+    QFuture<void> pauseBefore(int repetition);
 
     /// Calls a tool and reads its result, off the main thread when it is large.
     template<typename Record>
@@ -105,8 +105,8 @@ private:
     bool m_isInitialized = false;
     bool m_isShutDown = false;
     int m_callsUnderWay = 0;
-    std::chrono::milliseconds m_longestBreath = std::chrono::seconds(2);
-    QList<std::shared_ptr<QPromise<void>>> m_breaths; ///< being taken
+    std::chrono::milliseconds m_longestPause = std::chrono::seconds(2);
+    QList<std::shared_ptr<QPromise<void>>> m_pauses; ///< that have not ended
 };
 
 template<typename Record>

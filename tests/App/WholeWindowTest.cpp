@@ -76,7 +76,7 @@ private Q_SLOTS:
         QCOMPARE(runApplication(u"Vantora"_s), 0);
         for (auto state = m_expected.cbegin(); state != m_expected.cend(); ++state)
             m_faults += state.key() + u" was not looked at."_s;
-        // One by one: a message of a test ends after a thousand signs.
+        // One by one: a message of a test ends after a thousand characters.
         for (const QString &fault : std::as_const(m_faults))
             qInfo("%s", qPrintable(fault));
         QCOMPARE(m_faults.size(), 0);

@@ -54,7 +54,7 @@ private Q_SLOTS:
     void callsShareOneConnection()
     {
         if (!putFrontBefore())
-            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+            QSKIP("HTTP/2 needs nghttpx (Debian: nghttp2-proxy).");
         for (int search = 0; search < 5; ++search) {
             const auto first = watch(call());
             const auto second = watch(call());
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QFETCH(ScriptedAnswer, answer);
         QFETCH(QString, text);
         if (!putFrontBefore({ .idle = text == idle ? 6s : 30s }))
-            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+            QSKIP("HTTP/2 needs nghttpx (Debian: nghttp2-proxy).");
         QCOMPARE(settle(call()).errorText(), QString());
         m_server->enqueue({ answer });
         QCOMPARE(settle(call()).errorText(), text);
@@ -100,7 +100,7 @@ private Q_SLOTS:
     void http2Ends()
     {
         if (!putFrontBefore())
-            QSKIP("Without nghttpx (Debian: nghttp2-proxy) HTTP/2 is left out.");
+            QSKIP("HTTP/2 needs nghttpx (Debian: nghttp2-proxy).");
         QVERIFY(settle(call()).value);
         // Between two calls.
         m_front->stop();

@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(once.value);
 
         constexpr int lostSessions = 1000;
-        VTRMCPClientTestAccess::setLongestBreath(0ms);
+        VTRMCPClientTestAccess::setLongestPause(0ms);
         int calls = 0;
         m_server->onInitialize = [](const ReceivedRequest &) {
             return ScriptedAnswer::session("s");
@@ -72,13 +72,13 @@ private Q_SLOTS:
 
     void aLostSessionIsNotRepeatedWildly()
     {
-        VTRMCPClientTestAccess::setLongestBreath(150ms);
+        VTRMCPClientTestAccess::setLongestPause(150ms);
         const ScriptedAnswer lost = ScriptedAnswer::text("{}", 404);
         m_server->enqueue({ lost, lost, lost, lost });
         QElapsedTimer timer;
         timer.start();
         QVERIFY(settle(call()).value);
-        // The first breath is none, the second 100 ms.
+        // The first pause is none, the second 100 ms.
         QVERIFY2(timer.elapsed() >= 400, qPrintable(QString::number(timer.elapsed())));
     }
 

@@ -93,11 +93,12 @@ private Q_SLOTS:
             QCOMPARE(outcome.errorText(), u"No mcp-session-id header: "_s + text);
         };
         const auto text = &ScriptedAnswer::text;
-        const QByteArray anySign = "!~/+=\"" + QByteArray(4000, 'x');
+        const QByteArray anyCharacter = "!~/+=\"" + QByteArray(4000, 'x');
         answer("mixed case", text("{}", 200).withHeader("Mcp-Session-Id", "s1"), "s1");
         answer("server error", ScriptedAnswer::session("s1", 500), "s1");
         answer("no JSON", text("event: x", 200).withHeader("mcp-session-id", "s1"), "s1");
-        answer("long, with every kind of sign", ScriptedAnswer::session(anySign), anySign);
+        answer("long, with every kind of character", ScriptedAnswer::session(anyCharacter),
+               anyCharacter);
 
         answer("no header", text("bakımda", 200), "", u"bakımda"_s);
         answer("empty header", text("boş", 200).withHeader("mcp-session-id", ""), "", u"boş"_s);

@@ -24,9 +24,9 @@ struct VTRMCPClientTestAccess
         return VTRMCPClient::shared();
     }
     /// Calls whose session is lost are repeated with pauses no longer than this.
-    static void setLongestBreath(std::chrono::milliseconds breath)
+    static void setLongestPause(std::chrono::milliseconds pause)
     {
-        VTRMCPClient::shared().m_longestBreath = breath;
+        VTRMCPClient::shared().m_longestPause = pause;
     }
     static void destroyShared() { VTRMCPClient::instance().reset(); }
 

@@ -26,7 +26,7 @@ HttpSettings shortSettings()
     return settings;
 }
 
-// No call takes longer, breaths before its repetition included.
+// No call takes longer, pauses before its repetition included.
 constexpr auto longestSilence = 10s;
 
 template<typename T>

@@ -18,6 +18,9 @@ VTRCard {
 
     /// Between two days.
     readonly property real gap: 10
+    /// The height of a day's bar with its texts, and of its tile.
+    readonly property int barHeight: 166
+    readonly property int tileHeight: 62
 
     readonly property font amountFont: Qt.font({
         family: VTRTheme.fontFamily, pixelSize: 11, weight: Font.Bold
@@ -74,7 +77,7 @@ VTRCard {
             // The gap between days is shared out to both sides of each.
             Layout.leftMargin: -calendar.gap / 2
             Layout.rightMargin: -calendar.gap / 2
-            Layout.preferredHeight: divider.y + divider.height + 16 + 62 + 4
+            Layout.preferredHeight: divider.y + divider.height + 16 + calendar.tileHeight + 4
             Accessible.name: "Günler"
             count: strip.count
             currentRow: strip.currentIndex
@@ -130,6 +133,7 @@ VTRCard {
                         x: calendar.gap / 2 + 1
                         y: 24
                         width: day.width - calendar.gap - 2
+                        height: calendar.barHeight
                         price: day.price
                         currency: calendar.currency
                         maxPrice: calendar.shown.highestPrice
@@ -143,6 +147,7 @@ VTRCard {
                         x: calendar.gap / 2
                         y: divider.y + divider.height + 16
                         width: day.width - calendar.gap
+                        height: calendar.tileHeight
                         price: day.price
                         currency: calendar.currency
                         selectedDate: calendar.viewModel.selectedDate
@@ -164,8 +169,7 @@ VTRCard {
                 id: divider
 
                 x: calendar.gap / 2
-                // A bar with its texts is 166 high; above and below it there is room.
-                y: 24 + 166 + 8 + 16
+                y: 24 + calendar.barHeight + 8 + 16
                 width: parent.width - calendar.gap
             }
         }

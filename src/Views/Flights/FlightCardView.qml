@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Vantora
 import Vantora.Controls
 
-/// One flight offer: who flies when, what it costs, and where it is booked.
+/// One flight offer: who flies when, what it costs, and where it is booked. The list sets its size.
 Item {
     id: card
 
@@ -17,8 +17,6 @@ Item {
     function book() {
         ExternalLinks.openBooking(card.flight);
     }
-
-    implicitHeight: 104
 
     HoverHandler {
         id: hover

@@ -3,6 +3,7 @@ import Vantora
 import Vantora.Controls
 
 /// The application's one window, and its keys: those that work whatever has the keyboard.
+/// `loadMainWindow` shows it.
 ApplicationWindow {
     id: window
 
@@ -16,7 +17,6 @@ ApplicationWindow {
     // A smaller screen scrolls what is laid out for 1080 × 720.
     minimumWidth: Math.min(1080, room.width)
     minimumHeight: Math.min(720, room.height)
-    visible: true
 
     menuBar: AppMenuBar {
         id: bar

@@ -47,7 +47,7 @@ private Q_SLOTS:
             QTest::qWait(400);
             QProcess::execute(u"xdotool"_s, { u"keyup"_s, keyAndControl.at(0) });
             QTest::qWait(100);
-            QTRY_COMPARE(deeds(), expected);
+            QTRY_COMPARE(outcome(), expected);
             if (!m_opened.isEmpty())
                 QTest::qWait(1000); // a page opens once in a second
         }
@@ -56,7 +56,7 @@ private Q_SLOTS:
 private:
     /// What happened since the window opened: pages, pop-ups that are open, questions; then what is
     /// typed into the field with the keyboard, or where the flights leave from.
-    QString deeds() const
+    QString outcome() const
     {
         const auto isPopUp = [](QQuickItem *shown) { return shown->inherits("QQuickPopupItem"); };
         const auto open = TestWindow::itemsIn(m_window->window()->contentItem(), isPopUp).size();

@@ -397,7 +397,7 @@ private:
     /// Whether every part of the list in view has its card, fully opaque.
     bool hasAllCardsInView() const
     {
-        constexpr double pitch = 116;
+        const double pitch = m_window->item(u"FlightList"_s)->property("cardPitch").toDouble();
         const QList<FlightOption> &flights = m_window->viewModel()->filteredFlights();
         QSet<qsizetype> shown;
         for (QQuickItem *card : m_window->itemsOfType("FlightCardView")) {
@@ -433,8 +433,8 @@ private:
     qreal barHeight(int index) const { return bar(index)->height(); }
     QColor tileColour(int index) const
     {
-        const QVariant ground = day("CalendarTileView", index)->property("background");
-        return ground.value<QQuickItem *>()->property("color").value<QColor>();
+        const QVariant background = day("CalendarTileView", index)->property("background");
+        return background.value<QQuickItem *>()->property("color").value<QColor>();
     }
 };
 

@@ -69,14 +69,14 @@ private:
         } while (!frames.isEmpty());
     }
     QImage picture() const { return m_window->window()->grabWindow(); }
-    /// Another ground has all of the window drawn.
+    /// Another background has the whole window drawn.
     QImage drawnAfresh() const
     {
         QQuickWindow *window = m_window->window();
-        const QColor ground = window->color();
+        const QColor background = window->color();
         window->setColor(Qt::white);
         picture();
-        window->setColor(ground);
+        window->setColor(background);
         return picture();
     }
 };
