@@ -17,8 +17,8 @@ namespace {
 
 constexpr auto delay = 30ms; ///< each way
 
-/// Hands on what it gets, later. A connection opens as late as on a real line: the first bytes wait
-/// for another round trip.
+/// Forwards what it receives, after the delay. A connection opens as late as on a real line: the
+/// first bytes wait for another round trip.
 class DelayedLine : public QTcpServer
 {
 public:

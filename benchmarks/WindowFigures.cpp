@@ -1,8 +1,7 @@
 // What happens in an open window, as lines "name value", in milliseconds and MiB.
 //   window-figures              what a user does with it
-//   window-figures --hostile    with replies that are within every limit and made to hurt; what
-//   each
-//                               does is told on the standard error
+//   window-figures --hostile    what replies do that are within every limit and made to hurt; each
+//                               is told on the standard error
 
 #include "App/Application.h"
 #include "Services/FlightSearchTool.h"

@@ -55,7 +55,7 @@ public:
     QJsonObject toJson() const;
 };
 
-/// The fare calendar as the tool operation hands it out.
+/// The fare calendar as the tool operation returns it.
 struct PriceCalendar
 {
     QList<DailyPrice> prices; ///< in the server's order

@@ -34,8 +34,8 @@ using Transfers = std::shared_ptr<CURLM>;
 /// Without a value the system asks for a proxy that cannot tunnel.
 using ProxyLookup = std::shared_future<std::optional<QNetworkProxy>>;
 
-/// Asks the system, which may fetch a script for it and block for as long as that takes: the thread
-/// is left to itself, and what it holds is its own.
+/// Asks the system on a thread that nothing waits for, since the system may fetch a script and
+/// block for as long as that takes. The thread owns what it uses.
 ProxyLookup lookUpProxy(const QUrl &url, const Transfers &asker)
 {
     std::packaged_task<std::optional<QNetworkProxy>()> task(
@@ -214,7 +214,7 @@ void HttpTransport::Exchange::prepare(const QNetworkProxy &proxy, CURLSH *share,
     set(CURLOPT_PRIVATE, this);
     set(CURLOPT_SHARE, share);
     set(CURLOPT_NOSIGNAL, 1L);
-    set(CURLOPT_QUICK_EXIT, 1L); // a look-up of a name that does not end is left to itself
+    set(CURLOPT_QUICK_EXIT, 1L); // does not wait for a name look-up that hangs
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_URL, m_url.toEncoded(QUrl::RemoveFragment).constData());
     set(CURLOPT_RESOLVE, m_addresses.list);
@@ -455,7 +455,7 @@ void HttpTransport::Line::begin(Exchange &exchange)
     QNetworkProxy proxy(QNetworkProxy::NoProxy);
     if (!ServiceAddresses::isLoopback(m_url)) {
         if (!exchange.proxy.valid()) {
-            // Beside one that is not answered there is no second one.
+            // While one look-up runs no second one is started.
             if (!m_proxy.valid() || isReady(m_proxy))
                 m_proxy = lookUpProxy(m_url, m_transfers);
             exchange.proxy = m_proxy;

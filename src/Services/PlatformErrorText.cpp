@@ -67,7 +67,7 @@ QString network(int code, long reason)
     case CURLE_SEND_ERROR:
         return u"Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı."_s + tryAgain;
     case CURLE_BAD_CONTENT_ENCODING:
-    case CURLE_UNSUPPORTED_PROTOCOL: // greets like another kind of server
+    case CURLE_UNSUPPORTED_PROTOCOL: // the answer is of another protocol
     case CURLE_WEIRD_SERVER_REPLY:
         return u"Sunucudan geçersiz bir yanıt alındı."_s;
     case CURLE_FILESIZE_EXCEEDED:

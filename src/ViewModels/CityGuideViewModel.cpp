@@ -22,7 +22,7 @@ QCoro::Task<> CityGuideViewModel::load(QString destinationCode)
             store(guide, promotions);
     } catch (...) {
         // The sheet goes on to show that it is loading; opening it again asks again. A second task
-        // that still runs ends by itself, and nobody learns how.
+        // that still runs ends by itself, and its result is ignored.
     }
 }
 

@@ -11,8 +11,8 @@
 
 using PromotionListModel = RecordListModel<PromotionItem>;
 
-/// What one opening of the city guide sheet shows. It lives on the main thread and goes with the
-/// sheet's content, whatever is under way then.
+/// What one opening of the city guide sheet shows. It lives on the main thread and is deleted with
+/// the sheet's content, even while a request runs.
 class CityGuideViewModel : public ObservableObject
 {
     Q_OBJECT

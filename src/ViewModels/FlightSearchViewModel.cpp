@@ -18,8 +18,8 @@ namespace {
 constexpr int defaultDaysToDeparture = 14;
 constexpr int defaultDaysToReturn = 21;
 
-/// An error's description may hold what a server sent: it stays one line of a length that can be
-/// read, and gives the terminal no orders. That the user quits is no failure to tell of.
+/// An error's description may hold what a server sent: it is cut to one line, without control
+/// characters. An error that only says that the application quits is not written.
 void writeConsoleLine(const QString &failure, const McpError &error)
 {
     if (error.localizedDescription() == PlatformErrorText::applicationQuits())

@@ -37,7 +37,7 @@ QCoro::Task<> FlightStatusViewModel::searchStatus()
 {
     const QString queryNumber = m_flightNumber.trimmed().toUpper();
     if (queryNumber.isEmpty()) {
-        setErrorMessage(std::nullopt); // who asks again is told again
+        setErrorMessage(std::nullopt); // so that the same error is told again
         setErrorMessage(u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s);
         co_return;
     }

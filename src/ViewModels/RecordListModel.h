@@ -31,7 +31,7 @@ class RecordListModel : public CountedListModel
 {
 public:
     static constexpr int recordRole = Qt::UserRole;
-    /// Finding the way from one list to the other takes the square of it.
+    /// The time to find the changes grows with the square of it.
     static constexpr qsizetype mostRowsMoved = 500;
 
     explicit RecordListModel(const QByteArray &roleName, QObject *parent = nullptr)

@@ -6,10 +6,10 @@
 
 namespace {
 
-/// Browsers and the system's way to them take longer ones for a mistake.
+/// Browsers refuse longer ones, and so may what starts them.
 constexpr qsizetype longestAddress = 8192;
 
-/// Between two askings that each open the page.
+/// Until the same page may be opened again.
 constexpr std::chrono::milliseconds shortestPause = std::chrono::seconds(1);
 
 struct Addresses
@@ -34,7 +34,7 @@ void ExternalLinks::setAddresses(const QUrl &webSite, const QUrl &mcpServer)
 bool ExternalLinks::isOpenable(const QUrl &url)
 {
     const bool isWeb = url.scheme() == u"http" || url.scheme() == u"https";
-    // What stands before an @ is there to look like the host.
+    // User information could be mistaken for the host.
     return url.isValid() && isWeb && !url.host().isEmpty() && url.userInfo().isEmpty();
 }
 

@@ -18,8 +18,7 @@ class ExternalLinks : public QObject
 public:
     using QObject::QObject;
 
-    /// What the program that shows the window says, before it does. Until then nothing opens
-    /// beside the booking links.
+    /// Called before the window is loaded. Until then only booking links open.
     static void setAddresses(const QUrl &webSite, const QUrl &mcpServer);
 
     Q_INVOKABLE void openBooking(const FlightOption &flight);
@@ -33,8 +32,8 @@ public:
     static bool isOpenable(const QUrl &url);
 
 private:
-    /// An address that is not openable is ignored, and so is one that was asked for a moment ago:
-    /// keys that are hammered and clicks in a row open one page.
+    /// An address that is not openable is ignored, and so is one that was opened within the last
+    /// second: repeated keys and clicks open one page.
     void open(const QUrl &url);
 
     QUrl m_last;

@@ -14,8 +14,7 @@
 
 #include <QQmlEngine>
 
-// The names under which QML knows the records and state objects of the core, which itself knows
-// nothing of QML.
+// The QML names of the records and the view models, whose libraries do not depend on QML.
 
 namespace QmlTypes {
 

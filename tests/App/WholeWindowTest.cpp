@@ -50,7 +50,7 @@ QHash<QString, QStringList> expectedLines()
 
 } // namespace
 
-/// The program from its start to its end, read by one who knows what the server answers.
+/// Every text of the window in every state, for known answers of the server.
 class WholeWindowTest : public QObject
 {
     Q_OBJECT

@@ -78,7 +78,7 @@ private Q_SLOTS:
         QElapsedTimer timer;
         timer.start();
         QVERIFY(settle(call()).value);
-        // The first pause is none, the second 100 ms.
+        // The first repetition comes at once, the other three after 150 ms each.
         QVERIFY2(timer.elapsed() >= 400, qPrintable(QString::number(timer.elapsed())));
     }
 

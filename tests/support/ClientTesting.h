@@ -13,7 +13,7 @@
 #include <memory>
 #include <optional>
 
-/// The way of the tests to a client with an endpoint and limits of their own.
+/// Gives tests a client with an endpoint and limits of their own.
 struct VTRMCPClientTestAccess
 {
     /// Makes a fresh client the shared one; the former is destroyed first.

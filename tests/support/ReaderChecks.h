@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QStringList>
 
-/// What holds for each reader of a server's words, whatever these are. A violation ends the program
-/// and names itself; so does a fault that a sanitizer sees.
+/// What holds for each reader, whatever the reply. A violation ends the program with a message; so
+/// does a fault that a sanitizer finds.
 namespace ReaderChecks {
 
 /// reply, calendar, flights, status, promotions, guide, records.

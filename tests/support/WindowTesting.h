@@ -12,8 +12,8 @@ QString accessibleName(QQuickItem *item);
 /// Moves the keyboard there as assistive technology does.
 void focusAccessibly(QAccessibleInterface *node);
 
-/// A window under a user's hands and eyes. It has the keyboard. A test that has one fails when Qt
-/// or QML warns of anything.
+/// A window that a test uses as a user would. It has the keyboard. A test that has one fails when
+/// Qt or QML warns of anything.
 class TestWindow : public WindowDriver
 {
 public:

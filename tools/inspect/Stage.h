@@ -8,7 +8,7 @@
 #include <chrono>
 #include <functional>
 
-/// The window of the application under the hand of a scene: what a user could do, and waiting.
+/// Drives the application's window for a scene: what a user could do, and waiting.
 class Stage : public WindowDriver
 {
 public:

@@ -18,7 +18,7 @@ inline QAccessibleInterface *accessible(QQuickItem *item)
 bool pressAccessibly(QQuickItem *item);
 bool pressAccessibly(QAccessibleInterface *node);
 
-/// A user's hands on the application's window, for tests and for the inspection tool.
+/// Drives the application's window as a user would, for tests and for the inspection tool.
 class WindowDriver
 {
 public:

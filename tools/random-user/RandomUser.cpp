@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Limits that a minute sees pass.
+/// Limits that are reached within a minute.
 HttpSettings shortSettings()
 {
     HttpSettings settings = trustingSettings();
@@ -173,7 +173,7 @@ void RandomUser::doSomething()
     static const int total =
         std::accumulate(actions().begin(), actions().end(), 0,
                         [](int sum, const Action &action) { return sum + action.weight; });
-    // A session that was refused stays refused: sooner or later everybody starts the program anew.
+    // A session that was refused stays refused until the program is started again.
     if (m_server.refusedSession() && below(10) == 0)
         return reopenWindow();
     int chosen = below(total);

@@ -16,8 +16,8 @@
 
 class QQmlApplicationEngine;
 
-/// Someone who does anything with the real window, on a server that does anything wrong. Ends at
-/// the first surprise: a warning, a result that came from nowhere or is gone, a flag that stays up
+/// Uses the real window at random, on a server that answers with random faults. Ends at the first
+/// fault: a warning, a result that came from nowhere or is gone, a flag that stays up
 /// though nothing runs.
 class RandomUser : public QObject
 {

@@ -17,8 +17,8 @@ VTRCard {
     readonly property bool isEmpty: !isSearching && viewModel.filteredFlights.count === 0
     readonly property bool hasEarlierFlights: !isSearching && !isEmpty && viewModel.earlierSearch.length > 0
 
-    // Bound, not taken from the column: that lays out with the next frame, and in between the page
-    // would jump to an end that is none.
+    // Not the column's own height, which follows with the next frame: until then the page would scroll
+    // to a wrong end.
     readonly property real bodyHeight: isSearching ? loading.height : isEmpty ? nothing.height : list.implicitHeight
     readonly property real naturalHeight: padding + body.y + bodyHeight + padding
     /// Up to the end of the page's view: while the flights are away the page stays where it is.
@@ -39,7 +39,7 @@ VTRCard {
 
     onIsSearchingChanged: tell()
 
-    // What came of a search that another one, at the same time, has outlived.
+    // The flights of a search may come after another one has lowered the flag.
     Connections {
         target: section.viewModel
 

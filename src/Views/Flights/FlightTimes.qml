@@ -2,7 +2,7 @@ import QtQuick
 import Vantora
 import Vantora.Controls
 
-/// Departure and arrival of a flight with the way between them.
+/// Departure and arrival of a flight with the route between them.
 Row {
     id: times
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// The way of a flight: from a red dot over an aeroplane to a green one.
+/// The route of a flight: from a red dot over an aeroplane to a green one.
 Row {
     component Dot: Rectangle {
         anchors.verticalCenter: parent.verticalCenter

@@ -26,9 +26,9 @@ public:
     friend bool operator==(const FlightRow &, const FlightRow &) = default;
 };
 
-/// Those of a list of flights that are worth a card: the rows in view, the one with the keyboard,
-/// which has to exist wherever it is, and for the length of a motion those that a new order has
-/// driven out. A card that a new order brings in starts from the row in which its flight was.
+/// The flights of a list that have a card: those in view, the one with the keyboard, wherever it
+/// is, and, while cards move, those that a new order has moved out of view. A card that a new order
+/// moves into view starts from the former row of its flight.
 class VisibleFlights : public QObject
 {
     Q_OBJECT
@@ -44,7 +44,7 @@ class VisibleFlights : public QObject
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     /// How long the motion of a change takes, in milliseconds.
     Q_PROPERTY(int motionDuration READ motionDuration NOTIFY motionDurationChanged)
-    /// Rows are on their way. One that appears now does so because the list has changed, not
+    /// Rows are moving. One that appears now does so because the list has changed, not
     /// because it is scrolled.
     Q_PROPERTY(bool isRearranging READ isRearranging NOTIFY isRearrangingChanged)
 

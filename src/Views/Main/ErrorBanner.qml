@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// What went wrong, in the window's own place for it.
+/// The error message in the page.
 Item {
     id: banner
 

@@ -23,7 +23,7 @@ Button {
     horizontalPadding: 14
     verticalPadding: 10
 
-    // AirportGround draws it.
+    // AirportBackground draws it.
     background: null
     contentItem: Column {
         spacing: 4

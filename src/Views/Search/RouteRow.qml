@@ -28,11 +28,11 @@ Item {
         easing.bezierCurve: Motion.swapCurve
     }
 
-    // Both grounds lie under both airports, which cross them when they change places.
-    AirportGround {
+    // Both backgrounds lie under both airports, which cross them when they change places.
+    AirportBackground {
         button: origin
     }
-    AirportGround {
+    AirportBackground {
         button: destination
     }
 

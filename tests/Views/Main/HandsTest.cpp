@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The window under hands, by keyboard alone and by assistive technology. What is said by itself,
+/// The window used by keyboard alone and by assistive technology. What is said by itself,
 /// and what every control and panel tells, tools/walk-screen-reader tries: this platform sends no
 /// events.
 class HandsTest : public WindowTest
@@ -152,8 +152,8 @@ private Q_SLOTS:
         QVERIFY(m_window->told(u"Canlı Uçuş Durumu Takibi"_s)->state().modal);
         QVERIFY(!m_window->told(route));
         QVERIFY(!m_window->told(day));
-        // Who still holds on to them cannot press them, and clicks beside the sheet or on a button
-        // behind it do nothing.
+        // Assistive technology that has kept them cannot press them, and clicks beside the sheet or
+        // on a button behind it do nothing.
         for (QAccessibleInterface *node : behind)
             pressAccessibly(node);
         QTest::mouseClick(m_window->window(), Qt::LeftButton, {}, QPoint(30, 600));

@@ -2,9 +2,9 @@ import QtQuick
 import Vantora
 import Vantora.Controls
 
-/// The ground of an airport button, drawn apart from it: see RouteRow.
+/// The background of an airport button, drawn apart from it: see RouteRow.
 RoundedSurface {
-    id: ground
+    id: background
 
     required property AirportButton button
 
@@ -18,7 +18,7 @@ RoundedSurface {
     borderColor: button.hovered ? Qt.rgba(1, 1, 1, 0.18) : VTRTheme.cardBorder
 
     PressTint {
-        control: ground.button
-        radius: ground.radius
+        control: background.button
+        radius: background.radius
     }
 }
