@@ -59,18 +59,21 @@ private Q_SLOTS:
         QCOMPARE(AirportDatabase::search(u" \t\n"_s).size(), all);
         for (const QString &none : { u"turk"_s, u"%"_s, u"[a-z]*"_s })
             QVERIFY2(AirportDatabase::search(none).isEmpty(), qPrintable(none));
-        // By code, city, country and name; how each list begins.
-        for (const auto &[query, first] : { std::pair(u"jnb"_s, u"JNB "_s),
-                                            { u"  lon\n"_s, u"LHR LGW BCN SKG "_s },
-                                            { u"TÜRK"_s, u"IST SAW ESB "_s },
-                                            { u"united kingdom"_s, u"LHR LGW MAN "_s },
-                                            { u"o.r. tambo"_s, u"JNB "_s } }) {
-            QString found;
-            for (const Airport &airport : AirportDatabase::search(query))
-                found += airport.code + u' ';
-            QCOMPARE(query + u" finds "_s + found.left(first.size()), query + u" finds "_s + first);
+        // By code, city, country and name; some of those that are found, in their order.
+        for (const auto &[query, some] : { std::pair(u"jnb"_s, u"JNB"_s),
+                                           { u"  lon\n"_s, u"LHR LGW BCN SKG"_s },
+                                           { u"TÜRK"_s, u"IST SAW ESB"_s },
+                                           { u"united kingdom"_s, u"LHR LGW MAN"_s },
+                                           { u"o.r. tambo"_s, u"JNB"_s } }) {
+            const QList<Airport> airports = AirportDatabase::search(query);
+            QStringList found;
+            for (const Airport &airport : airports) {
+                if (some.contains(airport.code))
+                    found.append(airport.code);
+            }
+            QCOMPARE(query + u": "_s + found.join(u' '), query + u": "_s + some);
+            QVERIFY2(airports.size() < all / 2, qPrintable(query));
         }
-        QVERIFY(AirportDatabase::search(u"TÜRK"_s).size() < all);
     }
 
     void turkishNames()
