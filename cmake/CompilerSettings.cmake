@@ -1,6 +1,5 @@
 option(VANTORA_WARNINGS_AS_ERRORS "Stop the build at the first warning" OFF)
 option(VANTORA_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
-option(VANTORA_FUZZ "Build the fuzzers of tests/fuzz too, with clang and the sanitizers" OFF)
 
 add_library(vantora_settings INTERFACE)
 target_compile_definitions(vantora_settings INTERFACE
@@ -10,13 +9,8 @@ target_compile_options(vantora_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
   $<$<BOOL:${VANTORA_WARNINGS_AS_ERRORS}>:-Werror>)
 
-if(VANTORA_SANITIZE OR VANTORA_FUZZ)
+if(VANTORA_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   add_compile_options(${sanitizers})
   add_link_options(${sanitizers})
-endif()
-if(VANTORA_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-  # Qt's own checks of indices and ranges stay in.
-  add_compile_definitions(QT_FORCE_ASSERTS)
 endif()

@@ -1,12 +1,10 @@
 #include "Controls/Accessibility/QtInternals.h"
 #include "Controls/Fields/DateEditing.h"
-#include "Controls/Look/Motion.h"
 #include "Controls/Look/ShownText.h"
 #include "support/WindowTesting.h"
 
 #include <QScreen>
 
-#include <cmath>
 #include <ctime>
 #include <tuple>
 
@@ -280,19 +278,6 @@ private Q_SLOTS:
         QCOMPARE(cut, QString(ShownText::longestLine - 1, u'x') + u'…');
     }
 
-    void springCurveFollowsTheSpring()
-    {
-        const Spring spring(0.35, 0.7);
-        const QVariantList curve = spring.bezierSpline();
-        QCOMPARE(curve.size() % 6, 0);
-        QCOMPARE(curve.sliced(curve.size() - 2), QVariantList({ 1.0, 1.0 }));
-        // It overshoots by exp(-πd/√(1-d²)) of the way, as a spring of this damping does.
-        double highest = 0;
-        for (double t = 0; t < spring.settlingTime(); t += 0.001)
-            highest = std::max(highest, spring.position(t));
-        QVERIFY(std::abs(highest - 1 - std::exp(-M_PI * 0.7 / std::sqrt(1 - 0.49))) < 0.001);
-    }
-
     void movedDays()
     {
         for (const auto &[from, key, to] :
@@ -341,30 +326,6 @@ private Q_SLOTS:
         QCOMPARE(editing.fittingText(moment, font, 500), u"5 Aralık 2026 Cumartesi"_s);
         QCOMPARE(editing.fittingText(moment, font, 110), u"5 Ara 2026 Cmt"_s);
         QCOMPARE(editing.fittingText(moment, font, 0), u"5 Ara"_s);
-    }
-
-    void daysAreChosenByKeyboard()
-    {
-        const TestWindow page(field);
-        page.press("Right Right Right Left Up Down Down", u"field"_s);
-        QCOMPARE(page.focusedName(), u"Gidiş Tarihi"_s);
-        QVERIFY(accessible(page.focused())
-                    ->text(QAccessible::Description)
-                    .startsWith(u"31 Aralık 2026 Perşembe"_s));
-        QCOMPARE(page.state("day").toDateTime(), at(2026, 12, 31));
-        for (const QByteArray opener : { "Return", "Space" }) {
-            const QDateTime before = page.state("day").toDateTime();
-            page.press(opener);
-            QTRY_VERIFY(isPanelOpen(page));
-            QTRY_COMPARE(accessible(page.focused())->role(), QAccessible::List);
-            page.press("PgDown Down " + opener);
-            QTRY_VERIFY(!isPanelOpen(page));
-            QCOMPARE(page.state("day").toDateTime(), before.addMonths(1).addDays(7));
-            // The ring that the field had comes back with the keyboard.
-            QTRY_COMPARE(page.focused(), page.named(u"field"_s));
-            QTRY_VERIFY(page.focused()->property("visualFocus").toBool());
-        }
-        QCOMPARE(page.state("edits").toInt(), 7 + 2);
     }
 
     void panelLeavesWithoutChange()

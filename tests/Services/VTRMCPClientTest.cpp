@@ -1,15 +1,7 @@
 #include "support/ClientTesting.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
+#include "support/ParsedJson.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QJsonObject parsed(const QByteArray &json) { return QJsonDocument::fromJson(json).object(); }
-
-} // namespace
 
 /// The session and the calls as the server sees them, over real HTTP.
 class VTRMCPClientTest : public ClientTest
@@ -154,22 +146,6 @@ private Q_SLOTS:
         QCOMPARE(ids, QSet<qint64>({ 1, 2, 3, 4 }));
         for (const ReceivedRequest &request : m_server->toolCalls().sliced(2))
             QVERIFY(request.header("mcp-session-id") != "session-1");
-    }
-
-    void whatOneReplyMayHold()
-    {
-        const auto isTooLarge = [](const QByteArray &element, int count) {
-            const QByteArray list = (element + ',').repeated(count - 1) + element;
-            try {
-                readToolResult("{\"result\":{\"a\":" + ('[' + list + ']') + "}}");
-                return false;
-            } catch (const McpError &error) {
-                return error.domain() == McpError::Domain::Network;
-            }
-        };
-        for (const char *container : { "{}", "[]" })
-            QVERIFY(!isTooLarge(container, 79'997) && isTooLarge(container, 79'998));
-        QVERIFY(!isTooLarge("0", 1'000'001) && isTooLarge("0", 1'000'002));
     }
 
     void answers()

@@ -129,7 +129,6 @@ private Q_SLOTS:
     void failures()
     {
         const auto failure = ScriptedAnswer::failure(u"%1\ndolu"_s);
-        const auto otherCalendar = calendarAnswer({ u"2026-04-01"_s }, u"USD"_s);
         // Banner, console, and what is kept.
         const auto expect = [this](const QHash<QString, ScriptedAnswer> &answers,
                                    const QString &day, const QStringList &expected) {
@@ -149,10 +148,6 @@ private Q_SLOTS:
         expect({ { calendarTool, failure }, { flightsTool, flightsAnswer({ { u"9"_s } }) } }, {},
                { QString(), u"Price calendar fetch error: %1 dolu\n"_s,
                  u"searched, best day, flights: 9, days: 2, currency: EUR"_s });
-        expect({ { calendarTool, otherCalendar }, { flightsTool, failure } }, {},
-               { u"Uçuş bilgileri alınırken hata oluştu: %1\ndolu"_s,
-                 u"Flights search error: %1 dolu\n"_s,
-                 u"searched, best day, flights: 4213, days: 1, currency: USD"_s });
         expect({ { flightsTool, failure } }, u"%2"_s,
                { u"Seçilen tarih (%2) için uçuşlar yüklenemedi: %1\ndolu"_s, QString(),
                  u"searched, best day, flights: 4213, days: 2, currency: EUR"_s });

@@ -25,18 +25,6 @@ private Q_SLOTS:
         QCOMPARE(format.widestAmount(-10'512.7), u"-88888"_s);
     }
 
-    void bestPriceText()
-    {
-        QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
-        const PriceCalendarFormat format;
-        const BestPrice best { u"2026-12-05"_s, 4850.6, u"EUR"_s };
-        QCOMPARE(format.bestPriceText(best, u"TRY"_s), u"En Uygun: €4.851 (5 Ara)"_s);
-        const BestPrice withoutCurrency { u"soon"_s, 4850.4, std::nullopt };
-        QCOMPARE(format.bestPriceText(withoutCurrency, u"TRY"_s), u"En Uygun: ₺4.850 ()"_s);
-        // The chart's own labels cut the fraction off.
-        QCOMPARE(format.wholeAmount(1999.9), u"1999"_s);
-    }
-
     void bookingPages()
     {
         const auto page = [](const QString &link) {

@@ -5,12 +5,9 @@
 #include "sample_server/SampleServer.h"
 #include "sample_server/Tool.h"
 
-#include <QDeadlineTimer>
 #include <QHostAddress>
-#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -39,18 +36,14 @@ public:
         }
     };
 
-    explicit RawClient(quint16 port)
-    {
-        socket.connectToHost(QHostAddress::LocalHost, port);
-        m_tick.start(1000); // no wait lasts for ever
-    }
+    explicit RawClient(quint16 port) { socket.connectToHost(QHostAddress::LocalHost, port); }
 
     void send(const QByteArray &bytes) { socket.write(bytes); }
 
     Answer read()
     {
         Answer answer;
-        waitUntil([this, &answer] {
+        const auto isWhole = [this, &answer] {
             m_bytes += socket.readAll();
             const qsizetype end = m_bytes.indexOf("\r\n\r\n") + 4;
             answer.head = m_bytes.left(end).toLower();
@@ -61,24 +54,18 @@ public:
             answer.body = m_bytes.mid(end, size);
             m_bytes.remove(0, end + size);
             return true;
-        });
+        };
+        const auto hasEnded = [&] {
+            return isWhole() || socket.state() == QAbstractSocket::UnconnectedState;
+        };
+        if (!QTest::qWaitFor(hasEnded, 20'000))
+            qWarning("No answer came.");
         return answer;
     }
 
     QTcpSocket socket;
 
 private:
-    /// Or until the server has left, or for long.
-    template<typename Condition>
-    void waitUntil(Condition condition)
-    {
-        const QDeadlineTimer deadline(20'000);
-        while (!condition() && socket.state() != QAbstractSocket::UnconnectedState
-               && !deadline.hasExpired())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-
-    QTimer m_tick;
     QByteArray m_bytes;
 };
 
@@ -154,7 +141,6 @@ private Q_SLOTS:
         row("host: missing", 403, -32600, { { "Host", "" } });
         row("origin: IPv6", 200, 0, { { "Origin", "https://[::1]:1" } });
         row("origin: foreign", 403, -32600, { { "Origin", "http://localhost.evil.example" } });
-        row("origin: user name", 403, -32600, { { "Origin", "http://localhost@evil.example" } });
         row("origin: null", 403, -32600, { { "Origin", "null" } });
         row("type: text", 415, -32600, { { "Content-Type", "text/plain" } });
         row("type: parameter", 200, 0, { { "Content-Type", "Application/JSON; charset=utf-8" } });
@@ -163,18 +149,14 @@ private Q_SLOTS:
         constexpr qsizetype largest = Sample::HttpServer::largestBody;
         row("length: largest", 200, 0, {}, ping.leftJustified(largest));
         row("length: too large", 413, 0, {}, ping.leftJustified(largest + 1));
-        row("length: far too large", 413, 0, {}, ping.leftJustified(400 * largest));
         row("endless line", 431, 0, { { "X", QByteArray(100'000, 'x') } });
-        row("path", 404, -32600, {}, ping, "POST / HTTP/1.1");
         row("method", 405, 0, {}, {}, "GET /mcp HTTP/1.1");
 
         row("no body", 400, -32700, {}, {});
         row("cut off", 400, -32700, {}, R"({"jsonrpc":"2.0","id":1,)");
         row("very deep", 400, -32700, {}, QByteArray(5000, '[') + QByteArray(5000, ']'));
         row("list", 400, -32600, {}, '[' + ping + ']');
-        row("version 1.0", 400, -32600, {}, R"({"jsonrpc":"1.0","id":1,"method":"ping"})");
         row("id null", 400, -32600, {}, R"({"jsonrpc":"2.0","id":null,"method":"ping"})");
-        row("method number", 400, -32600, {}, R"({"jsonrpc":"2.0","id":1,"method":5})");
         row("notification", 202, 0, {},
             R"({"jsonrpc":"2.0","method":"notifications/initialized"})");
         row("unknown method", 200, -32601, {}, rpc(1, u"resources/list"_s));
@@ -232,19 +214,6 @@ private Q_SLOTS:
                 QCOMPARE(parsed(result["content"_L1][0]["text"_L1].toString().toUtf8()), content);
             }
         }
-    }
-
-    void goesWithQuestionsOpen()
-    {
-        m_server->setAnswerDelay(1h);
-        RawClient waiting(m_port);
-        waiting.send(own(ping).repeated(2));
-        QSignalSpy calls(m_server.get(), &SampleServer::toolCalled);
-        RawClient calling(m_port);
-        calling.send(own(toolCall(1, u"get_city_guide"_s, { { u"cityCode"_s, u"LHR"_s } })));
-        QVERIFY(calls.wait());
-        m_server.reset();
-        QCOMPARE(calling.read().status, 0);
     }
 
 private:

@@ -168,14 +168,12 @@ ScriptedAnswer calendarAnswer()
     return calendarAnswer(days);
 }
 
-ScriptedAnswer flightsAnswer(int count, int segments)
+ScriptedAnswer flightsAnswer(int count)
 {
     QList<Offer> offers;
     for (int i = 0; i < count; ++i) {
-        offers.append({ .number = u"VQ%1"_s.arg(100 + i),
-                        .price = 4000.0 + i,
-                        .minutes = 20'000 - i,
-                        .segments = segments });
+        offers.append(
+            { .number = u"VQ%1"_s.arg(100 + i), .price = 4000.0 + i, .minutes = 20'000 - i });
     }
     return flightsAnswer(offers);
 }

@@ -107,5 +107,5 @@ protected:
 
 /// 14 days from 1 December 2026 on.
 ScriptedAnswer calendarAnswer();
-/// `count` flights; the dearer ones are the faster ones, and every one has `segments` segments.
-ScriptedAnswer flightsAnswer(int count, int segments = 1);
+/// `count` flights; the dearer ones are the faster ones.
+ScriptedAnswer flightsAnswer(int count);

@@ -69,14 +69,6 @@ private Q_SLOTS:
         QVERIFY(isLoading());
         m_server->release();
         QTRY_COMPARE(shownPage(), guideText);
-
-        pressAccessibly(m_window->called(u"Aktif Kampanyalar"_s));
-        QTRY_COMPARE(shownPage(), promotionsText);
-        m_window->click(m_window->called(u"fco Şehir Rehberi"_s));
-        QTRY_COMPARE(shownPage(), guideText);
-        QCOMPARE(questions().size(), 3);
-        pressAccessibly(m_window->called(u"Kapat"_s));
-        QTRY_VERIFY(m_window->isGone(sheetName));
     }
 
     void aFailureLeavesTheGuideLoading()
