@@ -51,9 +51,10 @@ TestWindow::TestWindow(const QByteArray &controls)
 
 QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
 {
-    // Classes of QML are named after their file, or what they are made of, and a number.
+    // A class that QML makes has the name of its file, or of its base, and a number.
     return itemsIn(m_window->contentItem(), [&type](QQuickItem *item) {
-        return QByteArray(item->metaObject()->className()).startsWith(type + "_QML");
+        const QByteArray name = item->metaObject()->className();
+        return name == type || name.startsWith(type + "_QML");
     });
 }
 

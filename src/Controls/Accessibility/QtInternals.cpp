@@ -10,12 +10,8 @@ QtInternals::Kind QtInternals::kindOf(const QString &className)
         std::pair("QQuickApplicationWindow", Kind::Window),
         std::pair("QQuickPopupItem", Kind::PopupItem),
         std::pair("QQuickText", Kind::Text),
-        std::pair("QQuickTextField", Kind::TextField),
-        std::pair("QQuickAbstractButton", Kind::Button),
-        std::pair("QQuickRadioButton", Kind::RadioButton),
-        std::pair("QQuickMenuItem", Kind::MenuItem),
-        std::pair("QQuickMenuBarItem", Kind::MenuItem),
-        std::pair("QQuickComboBox", Kind::ComboBox),
+        std::pair("QQuickAbstractButton", Kind::Control),
+        std::pair("QQuickComboBox", Kind::Control),
     };
     for (const auto &[name, kind] : kinds) {
         if (className == QLatin1StringView(name))

@@ -12,11 +12,7 @@ enum class Kind {
     Window,
     PopupItem,
     Text,
-    TextField,
-    Button,
-    RadioButton,
-    MenuItem,
-    ComboBox,
+    Control, ///< a button of any kind, a menu item, a combo box
 };
 
 /// What the class of this name is the base of.

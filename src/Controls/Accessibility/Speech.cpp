@@ -1,11 +1,9 @@
 #include "Controls/Accessibility/Speech.h"
 
-#include "Controls/Accessibility/SpokenLeaf.h"
-#include "Controls/Accessibility/SpokenTree.h"
+#include "Controls/Accessibility/SpokenItem.h"
 #include "Controls/Look/ShownText.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QWindow>
@@ -14,8 +12,8 @@
 
 namespace {
 
-/// A text that is read out when it appears. It is a child of the window, but not one of those that
-/// can be come upon.
+/// A text that is read out when it appears. Its parent is the window, but it is not among the
+/// window's children.
 class SpokenMessage : public SpokenLeaf
 {
 public:
@@ -45,15 +43,12 @@ private:
 
 } // namespace
 
-// Here, as a linker leaves out sources that nothing refers to.
-Q_COREAPP_STARTUP_FUNCTION(installSpokenTree)
-
 void Speech::say(const QString &text)
 {
     QWindow *window = QGuiApplication::focusWindow();
     if (!QAccessible::isActive() || !window || text.isEmpty())
         return;
-    // A reader asks for the text some time after it has heard of the message: the last few stay.
+    // A reader asks for the text some time after the event: the last few messages stay.
     static std::array<QAccessible::Id, 8> messages {};
     static size_t next = 0;
     QAccessible::Id &id = messages[next++ % messages.size()];

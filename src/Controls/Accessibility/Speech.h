@@ -16,6 +16,6 @@ public:
 
     /// Has the text read out, wherever the user is; for what happened and is seen on the screen.
     Q_INVOKABLE static void say(const QString &text);
-    /// Tells that the item has the keyboard, as after a menu of it has closed.
+    /// Reports that the item has the focus, as after a menu of it has closed.
     Q_INVOKABLE static void focus(QQuickItem *item);
 };

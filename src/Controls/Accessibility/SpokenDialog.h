@@ -3,7 +3,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
-/// A focus scope that is told as a modal dialog, under its `Accessible.name`.
+/// A focus scope that assistive technology has as a modal dialog, named `Accessible.name`.
 class SpokenDialog : public QQuickItem
 {
     Q_OBJECT

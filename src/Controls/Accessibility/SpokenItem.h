@@ -8,28 +8,26 @@ namespace Spoken {
 
 /// A property that QML has set under the name `Accessible`; invalid where it has not.
 QVariant attached(const QQuickItem *item, const char *property);
-/// What QML has set as `Accessible.role`.
-QAccessible::Role role(const QQuickItem *item);
 QRect screenRect(const QQuickItem *item);
-/// What every item tells of itself by being there or not.
+/// What every item says of itself by being there or not.
 QAccessible::State baseState(const QQuickItem *item);
-QAccessibleInterface *parentOf(const QQuickItem *item);
-/// The interfaces of all that is seen and told below the item, nearest first.
+/// The interfaces of all that is seen and not ignored below the item, nearest first.
 QList<QAccessibleInterface *> childrenOf(const QQuickItem *item);
 
 } // namespace Spoken
 
-/// What is told of an item: as it stands, of one without parts.
+/// The interface of an item without children. Its name and description are those that QML has set,
+/// and so is its role, if none is given.
 class SpokenItem : public QAccessibleObject
 {
 public:
-    SpokenItem(QQuickItem *item, QAccessible::Role role)
+    explicit SpokenItem(QQuickItem *item, QAccessible::Role role = QAccessible::NoRole)
         : QAccessibleObject(item)
         , m_role(role)
     { }
 
     QWindow *window() const override { return item()->window(); }
-    QAccessibleInterface *parent() const override { return Spoken::parentOf(item()); }
+    QAccessibleInterface *parent() const override;
     QAccessibleInterface *child(int index) const override { return children().value(index); }
     int childCount() const override { return int(children().size()); }
     int indexOfChild(const QAccessibleInterface *child) const override
@@ -38,7 +36,7 @@ public:
     }
     QString text(QAccessible::Text kind) const override;
     QRect rect() const override { return Spoken::screenRect(item()); }
-    QAccessible::Role role() const override { return m_role; }
+    QAccessible::Role role() const override;
     QAccessible::State state() const override { return Spoken::baseState(item()); }
 
 protected:
@@ -47,4 +45,16 @@ protected:
 
 private:
     QAccessible::Role m_role;
+};
+
+/// The base of what has an interface and is no item: it has no children.
+class SpokenLeaf : public QAccessibleInterface
+{
+public:
+    QObject *object() const override { return nullptr; }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    void setText(QAccessible::Text, const QString &) override { }
 };

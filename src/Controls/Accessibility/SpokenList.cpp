@@ -1,12 +1,10 @@
 #include "Controls/Accessibility/SpokenList.h"
 
 #include "Controls/Accessibility/SpokenItem.h"
-#include "Controls/Accessibility/SpokenLeaf.h"
 #include "Controls/Accessibility/TopLayer.h"
 #include "Controls/Look/ShownText.h"
 
 #include <QPointer>
-#include <QQmlInfo>
 #include <QQuickWindow>
 
 namespace {
@@ -83,56 +81,12 @@ private:
     int m_row;
 };
 
-class SpokenListInterface : public QAccessibleObject
-{
-public:
-    using QAccessibleObject::QAccessibleObject;
-
-    SpokenList *rows() const { return static_cast<SpokenList *>(object()); }
-
-    QWindow *window() const override { return rows()->window(); }
-    QAccessibleInterface *parent() const override { return Spoken::parentOf(rows()); }
-    QAccessibleInterface *child(int index) const override { return rows()->row(index); }
-    int childCount() const override { return rows()->count(); }
-    int indexOfChild(const QAccessibleInterface *child) const override
-    {
-        const auto *row = dynamic_cast<const SpokenRow *>(child);
-        return row ? row->row() : -1;
-    }
-    QRect rect() const override { return Spoken::screenRect(rows()); }
-    QAccessible::Role role() const override { return QAccessible::List; }
-    QAccessible::State state() const override { return Spoken::baseState(rows()); }
-    QString text(QAccessible::Text kind) const override
-    {
-        return kind == QAccessible::Name ? Spoken::attached(rows(), "name").toString() : QString();
-    }
-};
-
 } // namespace
-
-QAccessibleInterface *makeSpokenList(SpokenList *list) { return new SpokenListInterface(list); }
 
 SpokenList::~SpokenList()
 {
     for (const QAccessible::Id id : std::as_const(m_rows))
         QAccessible::deleteAccessibleInterface(id);
-}
-
-void SpokenList::componentComplete()
-{
-    QQuickItem::componentComplete();
-    for (const char *function : { "textOf(int)", "itemOf(int)" }) {
-        if (metaObject()->indexOfMethod(function) < 0)
-            qmlWarning(this) << "A SpokenList needs the function " << function << '.';
-    }
-}
-
-void SpokenList::setCount(int count)
-{
-    if (m_count == count)
-        return;
-    m_count = count;
-    Q_EMIT countChanged();
 }
 
 void SpokenList::setCurrentRow(int row)
@@ -153,20 +107,17 @@ void SpokenList::setActive(bool isActive)
     sayCurrentRow();
 }
 
-QString SpokenList::textOfRow(int row) const
-{
-    QString text;
-    QMetaObject::invokeMethod(const_cast<SpokenList *>(this), "textOf", Q_RETURN_ARG(QString, text),
-                              Q_ARG(int, row));
-    return text;
-}
+QString SpokenList::textOfRow(int row) const { return m_textOf.call({ row }).toString(); }
 
 QQuickItem *SpokenList::itemOfRow(int row) const
 {
-    QQuickItem *item = nullptr;
-    QMetaObject::invokeMethod(const_cast<SpokenList *>(this), "itemOf",
-                              Q_RETURN_ARG(QQuickItem *, item), Q_ARG(int, row));
-    return item;
+    return qobject_cast<QQuickItem *>(m_itemOf.call({ row }).toQObject());
+}
+
+int SpokenList::rowOf(const QAccessibleInterface *node)
+{
+    const auto *spokenRow = dynamic_cast<const SpokenRow *>(node);
+    return spokenRow ? spokenRow->row() : -1;
 }
 
 QAccessibleInterface *SpokenList::row(int row)
@@ -185,10 +136,10 @@ void SpokenList::sayCurrentRow()
     if (m_isSaying || !m_isActive || !QAccessible::isActive())
         return;
     m_isSaying = true;
-    QMetaObject::invokeMethod(this, &SpokenList::tellCurrentRow, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &SpokenList::reportCurrentRow, Qt::QueuedConnection);
 }
 
-void SpokenList::tellCurrentRow()
+void SpokenList::reportCurrentRow()
 {
     m_isSaying = false;
     QAccessibleInterface *current = m_isActive ? row(m_currentRow) : nullptr;

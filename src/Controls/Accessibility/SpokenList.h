@@ -2,22 +2,24 @@
 
 #include <QAccessible>
 #include <QHash>
+#include <QJSValue>
 #include <QQmlEngine>
 #include <QQuickItem>
 
-/// Tells assistive technology that a view is one list: how many rows it has, in which order, and
+/// Makes a view one list for assistive technology: how many rows it has, in which order, and
 /// which of them has the keyboard, whichever of them exist as items. The view lies inside it, and
-/// its items are not told. While `isActive`, each move of `currentRow` is spoken.
+/// its items are ignored. While `isActive`, each move of `currentRow` is spoken.
 ///
-/// `Accessible.name` says what the list holds. The owner defines these functions, which are asked
-/// when assistive technology asks; one that is missing is warned of:
-///  - `textOf(row: int): string`, what is said of a row;
-///  - `itemOf(row: int): Item`, where the row is; null where it does not exist.
+/// `Accessible.name` says what the list holds.
 class SpokenList : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(int count MEMBER m_count WRITE setCount NOTIFY countChanged)
+    Q_PROPERTY(int count MEMBER m_count NOTIFY countChanged)
+    /// A function that returns what is said of a row.
+    Q_PROPERTY(QJSValue textOf MEMBER m_textOf WRITE setTextOf REQUIRED)
+    /// A function that returns the item that shows a row; null where there is none.
+    Q_PROPERTY(QJSValue itemOf MEMBER m_itemOf WRITE setItemOf REQUIRED)
     /// -1 for none.
     Q_PROPERTY(int currentRow MEMBER m_currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     /// The row chosen so far; -1 for none.
@@ -30,7 +32,8 @@ public:
     ~SpokenList() override;
 
     int count() const { return m_count; }
-    void setCount(int count);
+    void setTextOf(const QJSValue &function) { m_textOf = function; }
+    void setItemOf(const QJSValue &function) { m_itemOf = function; }
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
     int selectedRow() const { return m_selectedRow; }
@@ -41,13 +44,12 @@ public:
     QQuickItem *itemOfRow(int row) const;
     /// Null for a row that there is not.
     QAccessibleInterface *row(int row);
+    /// -1 for an interface that is no row.
+    static int rowOf(const QAccessibleInterface *node);
 
     /// Says the current row again, as after a change of its text. It is said once, when everything
     /// that goes with the change has been done.
     Q_INVOKABLE void sayCurrentRow();
-
-protected:
-    void componentComplete() override;
 
 Q_SIGNALS:
     void countChanged();
@@ -60,15 +62,14 @@ Q_SIGNALS:
     void rowFocused(int row);
 
 private:
-    void tellCurrentRow();
+    void reportCurrentRow();
 
     QHash<int, QAccessible::Id> m_rows;
+    QJSValue m_textOf;
+    QJSValue m_itemOf;
     int m_count = 0;
     int m_currentRow = -1;
     int m_selectedRow = -1;
     bool m_isActive = false;
     bool m_isSaying = false;
 };
-
-/// The interface of a SpokenList.
-QAccessibleInterface *makeSpokenList(SpokenList *list);

@@ -3,7 +3,8 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
-/// An item that is told as one text, its `Accessible.name`; what lies in it is not told by itself.
+/// An item that is one text for assistive technology, its `Accessible.name`. Its children are
+/// ignored.
 class SpokenWhole : public QQuickItem
 {
     Q_OBJECT

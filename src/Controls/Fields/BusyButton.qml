@@ -38,54 +38,37 @@ Button {
             radius: busyButton.radius
         }
     }
-    contentItem: Label {
-        button: busyButton
-        isBusy: busyButton.busy
-        busyText: busyButton.busyText
-    }
-
     /// The room of the wider of its two looks.
-    component Label: Item {
-        id: label
-
-        required property Button button
-        required property bool isBusy
-        required property string busyText
-
-        implicitWidth: Math.max(idle.implicitWidth, working.implicitWidth)
-        implicitHeight: Math.max(idle.implicitHeight, working.implicitHeight)
+    contentItem: Item {
+        implicitWidth: Math.max(children[0].implicitWidth, children[1].implicitWidth)
+        implicitHeight: Math.max(children[0].implicitHeight, children[1].implicitHeight)
 
         SymbolLabel {
-            id: idle
-
             anchors.centerIn: parent
-            visible: !label.isBusy
-            spacing: label.button.spacing
-            symbol: label.button.icon.name
-            text: label.button.text
+            visible: !busyButton.busy
+            spacing: busyButton.spacing
+            symbol: busyButton.icon.name
+            text: busyButton.text
             color: VTRTheme.textPrimary
-            size: label.button.font.pixelSize
-            weight: label.button.font.weight
+            size: busyButton.font.pixelSize
+            weight: busyButton.font.weight
         }
 
         Row {
-            id: working
-
             anchors.centerIn: parent
-            visible: label.isBusy
-            spacing: label.button.spacing
+            visible: busyButton.busy
+            spacing: busyButton.spacing
 
             BusyIndicator {
                 anchors.verticalCenter: parent.verticalCenter
-                implicitWidth: label.button.font.pixelSize + 2
+                implicitWidth: busyButton.font.pixelSize + 2
                 color: VTRTheme.textPrimary
             }
             PlainText {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: text.length > 0
-                text: label.busyText
-                font.pixelSize: label.button.font.pixelSize
-                font.weight: label.button.font.weight
+                text: busyButton.busyText
+                font: busyButton.font
             }
         }
     }

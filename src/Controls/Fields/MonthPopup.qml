@@ -42,7 +42,7 @@ Popup {
 
     onAboutToShow: {
         opensUpwards = parent.mapToItem(null, 0, parent.height + height + 12).y > parent.Window.height;
-        focusReturn.remember(parent);
+        focusReturn.remember(parent.Window.window.activeFocusItem);
     }
     onClosed: focusReturn.restore()
     // A day of another month may stand in the same place.
@@ -158,6 +158,8 @@ Popup {
                 activeFocusOnTab: true
                 Accessible.name: "Günler"
                 count: cells.count
+                textOf: row => cell(row).text
+                itemOf: row => cell(row)
                 currentRow: DateEditing.gridRow(monthPopup.cursor)
                 selectedRow: DateEditing.isSameMonth(monthPopup.cursor, monthPopup.value) ? DateEditing.gridRow(monthPopup.value) : -1
                 isActive: activeFocus
@@ -169,12 +171,6 @@ Popup {
 
                 function cell(row: int): MonthDay {
                     return cells.itemAt(row) as MonthDay;
-                }
-                function textOf(row: int): string {
-                    return cell(row).text;
-                }
-                function itemOf(row: int): Item {
-                    return cell(row);
                 }
 
                 Keys.onSpacePressed: monthPopup.take(monthPopup.cursor)

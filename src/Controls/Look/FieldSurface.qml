@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// The ground of everything one types or chooses in; its implicit height is that of every field.
+/// The background of everything one types or chooses in; its implicit height is that of every field.
 RoundedSurface {
     implicitHeight: 36
     radius: VTRTheme.controlRadius

@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// The ground of what drops from a field: a menu, a month.
+/// The background of what drops from a field: a menu, a month.
 RoundedSurface {
     radius: 10
     color: VTRTheme.cardBgLight

@@ -2,12 +2,12 @@ import QtQuick
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// The veil that a control wears under the pointer and, stronger, while it is pressed. Where the
+/// The tint of a control under the pointer and, stronger, while it is pressed. Where the
 /// hover has a look of its own, `isHovered` is false.
 Rectangle {
     id: tint
 
-    /// The button that wears it; a control of another kind binds the two states.
+    /// The button that is tinted; a control of another kind binds the two states.
     property T.AbstractButton control: null
     property bool isDown: control !== null && control.down
     property bool isHovered: control !== null && control.hovered

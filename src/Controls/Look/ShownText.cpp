@@ -1,17 +1,23 @@
 #include "Controls/Look/ShownText.h"
 
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
-bool isLineBreak(QChar sign)
+bool isLineBreak(QChar character)
 {
-    return (sign >= u'\n' && sign <= u'\r') || sign == u'\u0085' || sign == u'\u2028'
-        || sign == u'\u2029';
+    return (character >= u'\n' && character <= u'\r') || character == u'\u0085'
+        || character == u'\u2028' || character == u'\u2029';
 }
 
-bool turnsDirection(QChar sign)
+bool turnsDirection(QChar character)
 {
-    return sign == u'\u061c' || sign == u'\u200e' || sign == u'\u200f'
-        || (sign >= u'\u202a' && sign <= u'\u202e') || (sign >= u'\u2066' && sign <= u'\u2069');
+    return character == u'\u061c' || character == u'\u200e' || character == u'\u200f'
+        || (character >= u'\u202a' && character <= u'\u202e')
+        || (character >= u'\u2066' && character <= u'\u2069');
 }
 
 QString markedAsCut(QString text)
@@ -30,13 +36,13 @@ QString ShownText::of(const QString &text, bool isOneLine, bool isFitted)
     QString shown;
     qsizetype breaks = 0;
     // A mark that is left out counts too: there may be nothing else in a megabyte.
-    for (const QChar sign : QStringView(text).left(longest)) {
-        if (turnsDirection(sign))
+    for (const QChar character : QStringView(text).left(longest)) {
+        if (turnsDirection(character))
             continue;
-        if (isLineBreak(sign))
+        if (isLineBreak(character))
             shown += ++breaks <= paragraphs ? u'\n' : u' ';
         else
-            shown += sign;
+            shown += character;
     }
     return text.size() > longest ? markedAsCut(shown) : shown;
 }
@@ -49,4 +55,13 @@ QStringList ShownText::firstOf(const QStringList &entries)
             entry = markedAsCut(entry.left(longestEntry));
     }
     return first;
+}
+
+qreal ShownText::widest(const QStringList &texts, const QFont &font)
+{
+    const QFontMetricsF metrics(font);
+    qreal widest = 0;
+    for (const QString &text : texts)
+        widest = std::max(widest, metrics.horizontalAdvance(of(text, true)));
+    return std::ceil(widest);
 }

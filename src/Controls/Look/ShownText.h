@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QObject>
 #include <QQmlEngine>
 #include <QString>
@@ -24,6 +25,8 @@ public:
     /// The first of a list's entries, as many as a person would read, and each as far. They are all
     /// laid out at once.
     Q_INVOKABLE static QStringList firstOf(const QStringList &entries);
+    /// The width of the widest of `texts` on one line, wherever they are shown.
+    Q_INVOKABLE static qreal widest(const QStringList &texts, const QFont &font);
 
     static constexpr qsizetype longestFitted = 40; ///< the dearest price has 26
     static constexpr qsizetype longestLine = 200;

@@ -115,14 +115,14 @@ Flickable {
 
     WheelHandler {
         // On X11 pixels are whatever the driver counts in.
-        readonly property bool tellsPixels: Qt.platform.pluginName !== "xcb"
+        readonly property bool hasPixels: Qt.platform.pluginName !== "xcb"
 
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         target: null
-        // A touchpad tells pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
+        // A touchpad reports pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
         onWheel: event => {
-            page.scrollBy(-(tellsPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120));
-            page.scrollSideways(-(tellsPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120));
+            page.scrollBy(-(hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120));
+            page.scrollSideways(-(hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120));
         }
     }
 

@@ -10,23 +10,13 @@ Loader {
     required property url file
     /// What the sheet is made with.
     property var values: ({})
-    /// The sheet is there, or on its way.
     property bool isOpen: false
     readonly property Sheet sheet: item as Sheet
-
-    function open() {
-        // One that is closing comes back.
-        if (sheet)
-            sheet.open();
-        else
-            isOpen = true;
-    }
 
     onIsOpenChanged: {
         if (isOpen && !sheet)
             setSource(file, values);
-        if (sheet)
-            sheet.visible = isOpen;
+        sheet.visible = isOpen;
     }
 
     Connections {

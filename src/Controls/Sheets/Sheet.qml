@@ -33,7 +33,7 @@ T.Dialog {
     focus: true
     closePolicy: T.Popup.CloseOnEscape
 
-    onAboutToShow: focusReturn.remember(parent)
+    onAboutToShow: focusReturn.remember(parent.Window.window.activeFocusItem)
     onVisibleChanged: visible ? makeBody() : body?.destroy()
     onClosed: focusReturn.restore()
 

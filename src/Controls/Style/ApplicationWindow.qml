@@ -7,13 +7,13 @@ import Vantora.Controls
 T.ApplicationWindow {
     id: window
 
+    readonly property alias isAltHeld: keys.isAltHeld
+
     color: VTRTheme.background
 
-    HeldKeys {
-        window: window
-    }
+    WindowKeys {
+        id: keys
 
-    TabOrder {
         window: window
     }
 

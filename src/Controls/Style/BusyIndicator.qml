@@ -4,8 +4,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// It turns only while it is seen. Assistive technology is not told of it: what is going on stands
-/// beside it.
+/// It turns only while it is visible. Assistive technology ignores it: what is going on stands beside
+/// it.
 T.BusyIndicator {
     id: busyIndicator
 

@@ -23,6 +23,7 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : 0.55
 
+    Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.onPressAction: button.clicked()
 

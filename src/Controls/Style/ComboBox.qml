@@ -11,7 +11,7 @@ T.ComboBox {
 
     /// The menu is open, for assistive technology.
     readonly property bool isExpanded: down
-    readonly property real widestText: TextWidth.widest(model, font) + 1
+    readonly property real widestText: ShownText.widest(model, font) + 1
 
     implicitWidth: widestText + leftPadding + rightPadding
     implicitHeight: implicitBackgroundHeight
@@ -19,9 +19,10 @@ T.ComboBox {
     rightPadding: 28
     font: VTRTheme.bodyFont
     hoverEnabled: true
+    Accessible.role: Accessible.ComboBox
     Accessible.description: displayText
     Accessible.onPressAction: popup.open()
-    onActivated: telling.restart()
+    onActivated: announcing.restart()
     Keys.onPressed: event => {
         event.accepted = event.key === Qt.Key_Down && event.modifiers & Qt.AltModifier;
         if (event.accepted)
@@ -33,12 +34,12 @@ T.ComboBox {
         popup.close();
     }
 
-    /// The menu was open before the choice that is to be told.
+    /// The menu was open when the choice was made.
     property bool wasOpen: false
 
-    /// An open menu told its entries, and the box has the keyboard again; a closed one tells what the
-    /// arrows have chosen.
-    function tellChoice() {
+    /// After an open menu, whose entries were read out, the box has the focus again. A choice that the
+    /// arrows make in a closed one is read out.
+    function announceChoice() {
         if (!wasOpen)
             Speech.say(displayText + ", " + (currentIndex + 1) + " / " + count);
         else if (activeFocus)
@@ -48,10 +49,10 @@ T.ComboBox {
 
     // When everything that goes with the choice has been done.
     Timer {
-        id: telling
+        id: announcing
 
         interval: 0
-        onTriggered: box.tellChoice()
+        onTriggered: box.announceChoice()
     }
 
     background: FieldSurface {
@@ -95,7 +96,7 @@ T.ComboBox {
         width: Math.max(box.width, box.widestText + 44 + leftPadding + rightPadding)
         height: Math.min(implicitHeight, box.Window.height - topMargin - bottomMargin)
         onOpened: box.wasOpen = true
-        onClosed: telling.restart()
+        onClosed: announcing.restart()
 
         contentItem: Rows {
             control: box
@@ -110,6 +111,8 @@ T.ComboBox {
         implicitHeight: list.contentHeight
         Accessible.name: control.Accessible.name
         count: control.count
+        textOf: row => control.textAt(row)
+        itemOf: row => list.itemAtIndex(row)
         currentRow: control.highlightedIndex
         selectedRow: control.currentIndex
         isActive: control.down
@@ -120,13 +123,6 @@ T.ComboBox {
                 control.decrementCurrentIndex();
         }
         onRowPressed: row => (list.itemAtIndex(row) as T.ItemDelegate).clicked()
-
-        function textOf(row: int): string {
-            return control.textAt(row);
-        }
-        function itemOf(row: int): Item {
-            return list.itemAtIndex(row);
-        }
 
         ListView {
             id: list

@@ -15,9 +15,15 @@ T.ItemDelegate {
     hoverEnabled: true
     focusPolicy: Qt.NoFocus
 
-    background: ItemHighlight {
-        control: row
-        isShown: row.highlighted
+    background: RoundedSurface {
+        radius: 6
+        color: row.highlighted ? VTRTheme.vtrRed : "transparent"
+
+        PressTint {
+            control: row
+            isHovered: false
+            radius: 6
+        }
 
         Symbol {
             x: 8

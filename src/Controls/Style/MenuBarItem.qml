@@ -10,6 +10,8 @@ T.MenuBarItem {
     /// Its menu is open, for assistive technology.
     readonly property bool isExpanded: menu.visible
     readonly property int mark: text.indexOf("&")
+    readonly property ApplicationWindow window: Window.window as ApplicationWindow
+    readonly property bool isAltHeld: window !== null && window.isAltHeld
 
     component Letters: PlainText {
         font.pixelSize: 12
@@ -20,6 +22,7 @@ T.MenuBarItem {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: 8
     verticalPadding: 4
+    Accessible.role: Accessible.MenuItem
     Accessible.name: text.replace("&", "")
     Accessible.onPressAction: item.menu.open()
 
@@ -34,15 +37,9 @@ T.MenuBarItem {
 
         Letters {
             text: item.text.slice(item.mark + 1, item.mark < 0 ? undefined : item.mark + 2)
-            font.underline: item.mark >= 0 && alt.isHeld
+            font.underline: item.mark >= 0 && item.isAltHeld
         }
 
         Letters { text: item.mark < 0 ? "" : item.text.slice(item.mark + 2) }
-    }
-
-    HeldAlt {
-        id: alt
-
-        window: item.Window.window
     }
 }

@@ -11,12 +11,19 @@ T.MenuItem {
     leftPadding: 12
     rightPadding: 24
     verticalPadding: 7
+    Accessible.role: Accessible.MenuItem
     Accessible.name: text
     Accessible.onPressAction: item.clicked()
 
-    background: ItemHighlight {
-        control: item
-        isShown: item.highlighted
+    background: RoundedSurface {
+        radius: 6
+        color: item.highlighted ? VTRTheme.vtrRed : "transparent"
+
+        PressTint {
+            control: item
+            isHovered: false
+            radius: 6
+        }
     }
     contentItem: PlainText {
         text: item.text

@@ -35,6 +35,7 @@ T.RadioButton {
     hoverEnabled: true
     focusPolicy: checked || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
 
+    Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.onPressAction: button.clicked()
     Keys.onLeftPressed: step(-1)

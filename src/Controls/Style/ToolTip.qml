@@ -2,7 +2,7 @@ import QtQuick
 import Vantora.Controls
 
 /// The whole of a text that is cut short, beside the text, while the pointer rests on it or the
-/// keyboard is on its control. One serves a window. Assistive technology is told whole texts anyway.
+/// keyboard is on its control. One serves a window. Assistive technology has whole texts anyway.
 RoundedSurface {
     id: tip
 

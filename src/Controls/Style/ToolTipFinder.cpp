@@ -115,7 +115,7 @@ void ToolTipFinder::waitAtFocus()
 void ToolTipFinder::hide()
 {
     m_delay.stop();
-    tell({}, nullptr);
+    show({}, nullptr);
 }
 
 void ToolTipFinder::find()
@@ -124,15 +124,15 @@ void ToolTipFinder::find()
         return;
     if (!m_focused) {
         const QQuickItem *item = itemAt(root(), m_pointer);
-        tell(item ? textFor(item) : QString(), item);
+        show(item ? textFor(item) : QString(), item);
         return;
     }
     QStringList texts;
     const bool isControl = addTexts(m_focused, texts);
-    tell(isControl ? texts.join(u'\n') : QString(), m_focused);
+    show(isControl ? texts.join(u'\n') : QString(), m_focused);
 }
 
-void ToolTipFinder::tell(const QString &text, const QQuickItem *item)
+void ToolTipFinder::show(const QString &text, const QQuickItem *item)
 {
     if (text == m_text)
         return;

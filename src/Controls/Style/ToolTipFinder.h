@@ -6,14 +6,14 @@
 #include <QRectF>
 #include <QTimer>
 
-/// Finds what a tip should tell: the whole of a text that is cut short, or what an item says of
-/// itself in its property `toolTip`. It looks where the pointer rests, and in the control that the
-/// keyboard has come to.
+/// Finds what a tool tip should show: the whole of a text that is cut short, or what an item says
+/// of itself in its property `toolTip`. It looks where the pointer rests, and in the control that
+/// the keyboard has come to.
 class ToolTipFinder : public WindowWatcher
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Empty while there is nothing to tell.
+    /// Empty while there is nothing to show.
     Q_PROPERTY(QString text READ text NOTIFY changed)
     /// What the text belongs to, in the window.
     Q_PROPERTY(QRectF place READ place NOTIFY changed)
@@ -38,7 +38,7 @@ private:
     void waitAtFocus();
     void hide();
     void find();
-    void tell(const QString &text, const QQuickItem *item);
+    void show(const QString &text, const QQuickItem *item);
 
     QTimer m_delay;
     QPointF m_pointer;

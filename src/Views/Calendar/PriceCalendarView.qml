@@ -27,7 +27,7 @@ VTRCard {
     })
     /// Room for any day's amount in a tile.
     readonly property real amountWidth:
-        TextWidth.widest([PriceCalendarFormat.widestAmount(shown.highestPrice) + " " + currency], amountFont) + 1
+        ShownText.widest([PriceCalendarFormat.widestAmount(shown.highestPrice) + " " + currency], amountFont) + 1
 
     ColumnLayout {
         width: parent.width
@@ -80,6 +80,8 @@ VTRCard {
             Layout.preferredHeight: divider.y + divider.height + 16 + calendar.tileHeight + 4
             Accessible.name: "Günler"
             count: strip.count
+            textOf: row => PriceCalendarFormat.spokenDay(calendar.shown.days, row, calendar.currency)
+            itemOf: row => strip.itemAtIndex(row)
             currentRow: strip.currentIndex
             selectedRow: strip.selectedIndex
             isActive: activeFocus
@@ -90,13 +92,6 @@ VTRCard {
                 strip.chosen(row);
             }
             onRowFocused: row => strip.moveTo(row)
-
-            function textOf(row: int): string {
-                return PriceCalendarFormat.spokenDay(calendar.shown.days, row, calendar.currency);
-            }
-            function itemOf(row: int): Item {
-                return strip.itemAtIndex(row);
-            }
 
             DayStrip {
                 id: strip

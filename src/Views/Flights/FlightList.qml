@@ -43,24 +43,21 @@ FocusScope {
         anchors.fill: parent
         Accessible.name: "Uçuşlar"
         count: area.count
-        currentRow: cards.currentRow
-        isActive: area.activeFocus
-        onRowPressed: row => ExternalLinks.openBooking(area.flights.at(row))
-        onRowFocused: row => {
-            area.forceActiveFocus(Qt.TabFocusReason);
-            area.moveTo(row);
-        }
-
-        function textOf(row: int): string {
-            return FlightCardFormat.spokenFlight(area.flights.at(row));
-        }
-        function itemOf(row: int): Item {
+        textOf: row => FlightCardFormat.spokenFlight(area.flights.at(row))
+        itemOf: row => {
             for (let i = 0; i < repeater.count; ++i) {
                 const card = repeater.itemAt(i); // null while it is being made
                 if (card?.y === row * area.cardPitch)
                     return card;
             }
             return null;
+        }
+        currentRow: cards.currentRow
+        isActive: area.activeFocus
+        onRowPressed: row => ExternalLinks.openBooking(area.flights.at(row))
+        onRowFocused: row => {
+            area.forceActiveFocus(Qt.TabFocusReason);
+            area.moveTo(row);
         }
 
         Repeater {

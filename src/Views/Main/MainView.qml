@@ -40,8 +40,8 @@ FocusScope {
 
                 HeaderBar {
                     width: parent.width
-                    onFlightStatusRequested: flightStatusSheet.open()
-                    onCityGuideRequested: cityGuideSheet.open()
+                    onFlightStatusRequested: flightStatusSheet.isOpen = true
+                    onCityGuideRequested: cityGuideSheet.isOpen = true
                 }
 
                 IntroView {

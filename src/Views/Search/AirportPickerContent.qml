@@ -73,7 +73,7 @@ FocusScope {
         id: news
 
         interval: 500
-        onTriggered: Speech.say(airports.count > 0 ? rows.textOf(list.currentIndex) + ", " + (list.currentIndex + 1)
+        onTriggered: Speech.say(airports.count > 0 ? airports.spokenAt(list.currentIndex) + ", " + (list.currentIndex + 1)
                                                      + " / " + airports.count
                                                    : nothing.heading)
     }
@@ -133,18 +133,13 @@ FocusScope {
         width: parent.width - VTRTheme.padding
         Accessible.name: "Havalimanları"
         count: airports.count
+        textOf: row => airports.spokenAt(row)
+        itemOf: row => list.itemAtIndex(row)
         currentRow: list.currentIndex
         selectedRow: airports.count > 0 ? airports.rowOf(picker.selectedCode) : -1
         isActive: picker.isInRows
         onRowPressed: row => picker.chosen(airports.codeAt(row))
         onRowFocused: row => picker.showRow(row)
-
-        function textOf(row: int): string {
-            return airports.spokenAt(row);
-        }
-        function itemOf(row: int): Item {
-            return list.itemAtIndex(row);
-        }
 
         ListView {
             id: list

@@ -26,8 +26,8 @@ VTRCard {
         RouteRow {
             Layout.fillWidth: true
             viewModel: searchCard.viewModel
-            onOriginPressed: originPicker.open()
-            onDestinationPressed: destinationPicker.open()
+            onOriginPressed: originPicker.isOpen = true
+            onDestinationPressed: destinationPicker.isOpen = true
         }
 
         SearchDateRow {

@@ -4,26 +4,37 @@
 
 class QKeyEvent;
 
-/// Lets a held key act once, in every control and as a shortcut. Keys that move go on repeating,
-/// and so does what is typed into a text field.
+/// The rules for the keys of a window. A held key acts once, in every control and as a shortcut;
+/// keys that move go on repeating, and so does what is typed into a text field. Tab goes on from a
+/// control that was disabled while it had the keyboard, as a button that starts something is: Qt
+/// gives the keyboard to the scope around it, and Tab would begin anew.
 ///
 /// On X11 a repeat is a release and a press of the same moment, and Qt cannot always tell them from
 /// others: a release may not be the last. So a key acts when it goes down: what Qt's controls do
 /// when Space is pressed and released happens then, for Return and Enter as well, and the release
 /// goes nowhere.
-class HeldKeys : public WindowWatcher
+class WindowKeys : public WindowWatcher
 {
     Q_OBJECT
     QML_ELEMENT
+    /// Menus show their access keys.
+    Q_PROPERTY(bool isAltHeld READ isAltHeld NOTIFY isAltHeldChanged)
 
 public:
     using WindowWatcher::WindowWatcher;
+
+    bool isAltHeld() const { return m_isAltHeld; }
+
+Q_SIGNALS:
+    void isAltHeldChanged();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool handlePress(const QKeyEvent &press);
+    bool moveFromDisabledControl(int key);
+    void setAltHeld(bool isHeld);
     bool isRepeat(const QKeyEvent &press) const;
     bool isTyping() const;
     /// Whether the key acts on what has the keyboard now; otherwise it moves or types.
@@ -35,4 +46,5 @@ private:
     quint32 m_releasedKey = 0;
     quint64 m_releasedAt = 0;
     bool m_isPressing = false;
+    bool m_isAltHeld = false;
 };

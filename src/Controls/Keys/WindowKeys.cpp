@@ -1,4 +1,4 @@
-#include "Controls/Keys/HeldKeys.h"
+#include "Controls/Keys/WindowKeys.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -19,7 +19,7 @@ quint64 momentOf(const QKeyEvent &key)
 
 } // namespace
 
-bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
+bool WindowKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (m_isPressing)
         return false;
@@ -33,8 +33,13 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
         }
         return false;
     case QEvent::KeyPress:
-        return handlePress(key);
+        setAltHeld(m_isAltHeld || key.key() == Qt::Key_Alt);
+        return handlePress(key) || moveFromDisabledControl(key.key());
+    case QEvent::FocusOut: // another window gets the release
+        setAltHeld(false);
+        return false;
     case QEvent::KeyRelease:
+        setAltHeld(m_isAltHeld && key.key() != Qt::Key_Alt);
         m_releasedKey = key.nativeScanCode();
         m_releasedAt = momentOf(key);
         return key.key() == m_actingKey || acts(key);
@@ -43,7 +48,7 @@ bool HeldKeys::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-bool HeldKeys::handlePress(const QKeyEvent &press)
+bool WindowKeys::handlePress(const QKeyEvent &press)
 {
     // A press may have opened a sheet with a text field in it, which is not to be typed into.
     if (isRepeat(press) && (press.key() == m_actingKey || acts(press)))
@@ -63,7 +68,27 @@ bool HeldKeys::handlePress(const QKeyEvent &press)
     return true;
 }
 
-bool HeldKeys::isRepeat(const QKeyEvent &press) const
+bool WindowKeys::moveFromDisabledControl(int key)
+{
+    const QQuickItem *scope = window()->activeFocusItem();
+    const QQuickItem *left = scope ? scope->scopedFocusItem() : nullptr;
+    if ((key != Qt::Key_Tab && key != Qt::Key_Backtab) || !left || left->isEnabled())
+        return false;
+    const bool isForward = key == Qt::Key_Tab;
+    QQuickItem *next = const_cast<QQuickItem *>(left)->nextItemInFocusChain(isForward);
+    next->forceActiveFocus(isForward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void WindowKeys::setAltHeld(bool isHeld)
+{
+    if (m_isAltHeld == isHeld)
+        return;
+    m_isAltHeld = isHeld;
+    Q_EMIT isAltHeldChanged();
+}
+
+bool WindowKeys::isRepeat(const QKeyEvent &press) const
 {
     // A finger cannot lift a key and press it again within five milliseconds.
     const bool followsItsRelease = press.nativeScanCode() != 0
@@ -71,13 +96,13 @@ bool HeldKeys::isRepeat(const QKeyEvent &press) const
     return press.isAutoRepeat() || followsItsRelease;
 }
 
-bool HeldKeys::isTyping() const
+bool WindowKeys::isTyping() const
 {
     const QQuickItem *item = window()->activeFocusItem();
     return item && item->flags().testFlag(QQuickItem::ItemAcceptsInputMethod);
 }
 
-bool HeldKeys::acts(const QKeyEvent &key) const
+bool WindowKeys::acts(const QKeyEvent &key) const
 {
     switch (key.key()) {
     case Qt::Key_Return:

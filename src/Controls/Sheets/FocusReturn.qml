@@ -1,0 +1,26 @@
+import QtQuick
+import QtQuick.Templates as T
+
+/// Remembers which item had the keyboard when a popup opened, and hands it back when that closes,
+/// with its focus ring if it showed one, which Qt does not.
+QtObject {
+    property Item item: null
+    readonly property T.Control control: item as T.Control
+    property bool hadRing: false
+
+    function remember(focused: Item) {
+        item = focused;
+        hadRing = control !== null && control.visualFocus;
+    }
+
+    function restore() {
+        if (item === null)
+            return;
+        const reason = hadRing ? Qt.TabFocusReason : Qt.OtherFocusReason;
+        item.forceActiveFocus(reason);
+        // Where Qt has given the focus back already, the reason is another.
+        if (control !== null)
+            control.focusReason = reason;
+        item = null;
+    }
+}
