@@ -71,7 +71,8 @@ QString network(int code, long reason)
     case CURLE_WEIRD_SERVER_REPLY:
         return u"Sunucudan geçersiz bir yanıt alındı."_s;
     case CURLE_FILESIZE_EXCEEDED:
-    case CURLE_OUT_OF_MEMORY: // a line beyond libcurl's own limits
+    case CURLE_OUT_OF_MEMORY: // a line beyond libcurl's own limits,
+    case 100: // which libcurl calls CURLE_TOO_LARGE from 8.6 on
         return tooLarge();
     default:
         return u"İstek tamamlanamadı."_s + tryAgain;

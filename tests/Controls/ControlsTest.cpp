@@ -63,7 +63,7 @@ const QByteArray everyKind = R"(
         TextField { objectName: "TextField"; Accessible.name: "TextField" }
         PlainText { objectName: "Text"; text: "Text" }
     }
-    Menu { objectName: "Menu"; visible: true; MenuItem { text: "Bir" } })";
+    Item { Menu { objectName: "Menu"; MenuItem { text: "Bir" } } })";
 
 const QByteArray field = R"(
     property date day: new Date(2026, 11, 30, 14, 35)
@@ -176,10 +176,12 @@ private Q_SLOTS:
         }
         QVERIFY(QtInternals::isText(page.named(u"Text"_s)));
 
-        const QObject *menu = page.window()->findChild<QObject *>(u"Menu"_s);
+        QObject *menu = page.window()->findChild<QObject *>(u"Menu"_s);
+        QVERIFY(menu);
+        menu->setProperty("visible", true);
         const QList<QQuickItem *> layers = page.window()->contentItem()->childItems();
         const auto overlay = std::find_if(layers.begin(), layers.end(), QtInternals::isOverlay);
-        QVERIFY(menu && overlay != layers.end());
+        QVERIFY(overlay != layers.end());
         const QList<QQuickItem *> popups = (*overlay)->childItems();
         QVERIFY(std::any_of(popups.begin(), popups.end(), [&](const QQuickItem *item) {
             return QtInternals::popupOf(item) == menu && kindOf(item) == Kind::PopupItem;

@@ -39,7 +39,7 @@ ScriptedAnswer cut(const ScriptedAnswer &answer, qsizetype length)
 } // namespace
 
 /// A connection that ends after any byte of an answer gives one error, and a whole answer the
-/// result. Of chunks the very last byte may be missing: the one before has ended them.
+/// result. Whether the very last byte of chunks may be missing depends on the version of libcurl.
 class CutReplyTest : public ClientTest
 {
     Q_OBJECT
@@ -67,7 +67,9 @@ private Q_SLOTS:
         for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
             m_server->enqueue({ cut(answer, cutAt) });
             const auto outcome = settle(call());
-            QCOMPARE(outcome.errorText(), cutAt < length - spareBytes ? closed : QString());
+            const bool isSpare = cutAt < length && cutAt >= length - spareBytes;
+            if (!isSpare || outcome.errorText() != closed)
+                QCOMPARE(outcome.errorText(), cutAt < length - spareBytes ? closed : QString());
             QCOMPARE(outcome.value.value_or(*result).toJson(), result->toJson());
         }
         QCOMPARE(m_server->toolCalls().size(), length + 2);
@@ -84,8 +86,10 @@ private Q_SLOTS:
                 m_server->onInitialize = [&](const ReceivedRequest &) {
                     return cut(answer, cutAt);
                 };
-                const bool isCut = cutAt < length - (isInChunks ? 1 : 0);
-                QCOMPARE(settle(call()).errorText(), isCut ? closedAtStart : QString());
+                const QString text = settle(call()).errorText();
+                const bool isSpare = isInChunks && cutAt == length - 1;
+                if (!isSpare || text != closedAtStart)
+                    QCOMPARE(text, cutAt < length && !isSpare ? closedAtStart : QString());
             }
         }
     }

@@ -138,7 +138,8 @@ private Q_SLOTS:
         };
         row("host: name and port", 200, 0, { { "Host", "localhost:80" } });
         row("host: foreign", 403, -32600, { { "Host", "127.0.0.1.evil.example" } });
-        row("host: missing", 403, -32600, { { "Host", "" } });
+        // HTTP/1.1 has to name one, and some versions of the library see to that themselves.
+        row("host: missing", 403, -32600, { { "Host", "" } }, ping, "POST /mcp HTTP/1.0");
         row("origin: IPv6", 200, 0, { { "Origin", "https://[::1]:1" } });
         row("origin: foreign", 403, -32600, { { "Origin", "http://localhost.evil.example" } });
         row("origin: null", 403, -32600, { { "Origin", "null" } });

@@ -9,6 +9,8 @@
 
 #include <csignal>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 bool Http2Front::isInstalled() { return !QStandardPaths::findExecutable(u"nghttpx"_s).isEmpty(); }
@@ -23,6 +25,7 @@ Http2Front::Http2Front(const QUrl &behind)
     for (const QString &name : { u"trusted.crt"_s, u"test-fixture.key"_s })
         QFile::copy(u":/test-certificates/"_s + name, m_files.filePath(name));
     m_process.setStandardErrorFile(QProcess::nullDevice());
+    m_process.setChildProcessModifier([] { ::setpgid(0, 0); });
     start();
 }
 
@@ -37,6 +40,7 @@ void Http2Front::start()
           u"--accesslog-format=$alpn $remote_port"_s, u"--response-header-field-buffer=1M"_s,
           u"--max-response-header-fields=20000"_s, m_files.filePath(u"test-fixture.key"_s),
           m_files.filePath(u"trusted.crt"_s) });
+    m_group = static_cast<pid_t>(m_process.processId());
     if (!QTest::qWaitFor([this] { return listens(); }))
         qFatal("nghttpx does not start.");
 }
@@ -50,8 +54,8 @@ bool Http2Front::listens() const
 
 void Http2Front::stop()
 {
-    // The process that has the connections is its child, and ends after it.
-    m_process.kill();
+    // The process that has the connections is its child, and may outlive it.
+    ::kill(-m_group, SIGKILL);
     m_process.waitForFinished();
     if (!QTest::qWaitFor([this] { return !listens(); }))
         qFatal("nghttpx does not end.");

@@ -29,6 +29,7 @@ private:
 
     QTemporaryDir m_files;
     QProcess m_process;
+    pid_t m_group = 0; ///< the process and its child
     QUrl m_behind;
     quint16 m_port = 0;
 };
