@@ -33,6 +33,7 @@ private Q_SLOTS:
         m_window->viewModel()->startSearchAll();
         QVERIFY(m_window->waitForSearch());
         look(u"cheapestPriceCurrency"_s);
+        look(u"equipment"_s);
         m_fails = { flightsTool, statusTool };
         m_window->viewModel()->startSelectCalendarDate(hostile(u"day"_s));
         look(u"error"_s);
