@@ -119,6 +119,7 @@ void HttpServer::handle(Exchange *exchange)
     const HttpAnswer answer = m_handler(exchange->request);
     QTimer::singleShot(answer.delay, this, [this, exchange, answer] {
         const QMutexLocker lock(&m_mutex);
+        // The timer goes with this object. NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage)
         m_waiting.remove(exchange);
         exchange->answer = answer;
         MHD_resume_connection(exchange->connection);
