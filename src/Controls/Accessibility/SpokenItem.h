@@ -2,6 +2,7 @@
 
 #include <QAccessibleObject>
 #include <QQuickItem>
+#include <QQuickWindow>
 
 /// Questions about items that assistive technology asks in one way or another.
 namespace Spoken {

@@ -19,7 +19,7 @@ QImage picture(const SurfaceLook &look)
     static QCache<SurfaceLook, QImage> pictures(room);
     if (const QImage *known = pictures.object(look))
         return *known;
-    const QImage image = look.paint();
+    QImage image = look.paint();
     pictures.insert(look, new QImage(image), static_cast<int>(image.sizeInBytes()));
     return image;
 }
