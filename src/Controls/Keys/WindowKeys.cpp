@@ -23,28 +23,36 @@ bool WindowKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (m_isPressing)
         return false;
-    const auto &key = *static_cast<QKeyEvent *>(event);
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        // What is refused as a shortcut comes back as a press.
-        if (isRepeat(key) && (key.key() == m_actingKey || acts(key))) {
-            event->accept();
-            return true;
-        }
-        return false;
     case QEvent::KeyPress:
-        setAltHeld(m_isAltHeld || key.key() == Qt::Key_Alt);
-        return handlePress(key) || moveFromDisabledControl(key.key());
+    case QEvent::KeyRelease:
+        return handleKey(*static_cast<QKeyEvent *>(event));
     case QEvent::FocusOut: // another window gets the release
         setAltHeld(false);
         return false;
-    case QEvent::KeyRelease:
+    default:
+        return WindowWatcher::eventFilter(watched, event);
+    }
+}
+
+bool WindowKeys::handleKey(QKeyEvent &key)
+{
+    switch (key.type()) {
+    case QEvent::ShortcutOverride:
+        // What is refused as a shortcut comes back as a press.
+        if (!isRepeat(key) || (key.key() != m_actingKey && !acts(key)))
+            return false;
+        key.accept();
+        return true;
+    case QEvent::KeyPress:
+        setAltHeld(m_isAltHeld || key.key() == Qt::Key_Alt);
+        return handlePress(key) || moveFromDisabledControl(key.key());
+    default:
         setAltHeld(m_isAltHeld && key.key() != Qt::Key_Alt);
         m_releasedKey = key.nativeScanCode();
         m_releasedAt = momentOf(key);
         return key.key() == m_actingKey || acts(key);
-    default:
-        return WindowWatcher::eventFilter(watched, event);
     }
 }
 

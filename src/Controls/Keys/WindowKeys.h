@@ -32,6 +32,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool handleKey(QKeyEvent &key);
     bool handlePress(const QKeyEvent &press);
     bool moveFromDisabledControl(int key);
     void setAltHeld(bool isHeld);
