@@ -1,6 +1,5 @@
 #include "sample_server/SampleServer.h"
 
-#include "sample_server/HttpServer.h"
 #include "sample_server/StableRandom.h"
 #include "sample_server/Tool.h"
 
@@ -9,8 +8,9 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <thread>
+
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using namespace Sample;
 
 namespace {
@@ -23,7 +23,7 @@ HttpAnswer jsonAnswer(const QJsonValue &id, const QString &member, const QJsonOb
                       int status = 200)
 {
     const QJsonObject message { { u"jsonrpc"_s, u"2.0"_s }, { u"id"_s, id }, { member, content } };
-    return { status, QJsonDocument(message).toJson(QJsonDocument::Compact), {}, {} };
+    return { status, QJsonDocument(message).toJson(QJsonDocument::Compact), {} };
 }
 
 HttpAnswer errorAnswer(int status, const QString &message,
@@ -52,7 +52,7 @@ std::optional<HttpAnswer> httpRefusal(const HttpRequest &request)
     if (request.path != "/mcp")
         return errorAnswer(404, u"Burada bir şey yok; sunucu /mcp adresinde."_s);
     if (request.method != "POST" && request.method != "DELETE")
-        return HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } }, {} };
+        return HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } } };
     const QByteArray type = request.headers.value("content-type").split(';').first().trimmed();
     if (request.method == "POST" && type.toLower() != "application/json")
         return errorAnswer(415, u"İsteğin Content-Type başlığı application/json olmalı."_s);
@@ -77,44 +77,39 @@ QJsonObject initializeResult(const QJsonObject &params)
 
 } // namespace
 
-struct SampleServer::Private
+void SampleServer::setClock(const Clock &clock)
 {
-    explicit Private(SampleServer *server)
-        : q(server)
-    { }
-
-    HttpAnswer answer(const HttpRequest &request);
-    HttpAnswer answerMessage(const HttpRequest &request);
-    QJsonObject resultOf(const QString &method, const QJsonObject &params) const;
-    std::optional<HttpAnswer> sessionRefusal(const HttpRequest &request);
-
-    SampleServer *q;
-    QList<QByteArray> sessions; ///< the one that was named last stands last
-    Clock clock = [] { return QDateTime::currentDateTime(); };
-    std::chrono::milliseconds delay = 0ms;
-    std::chrono::milliseconds jitter = 0ms;
-    int answerCount = 0;
-    HttpServer http { [this](const HttpRequest &request) {
-        HttpAnswer answer = this->answer(request);
-        const int wait = StableRandom(u"jitter", ++answerCount).below(int(jitter.count()) + 1);
-        answer.delay = delay + std::chrono::milliseconds(wait);
-        return answer;
-    } };
-};
-
-HttpAnswer SampleServer::Private::answer(const HttpRequest &request)
-{
-    if (auto refusal = httpRefusal(request))
-        return *refusal;
-    if (request.method == "POST")
-        return answerMessage(request);
-    if (auto refusal = sessionRefusal(request))
-        return *refusal;
-    sessions.removeLast();
-    return {};
+    const QMutexLocker lock(&m_mutex);
+    m_clock = clock;
 }
 
-HttpAnswer SampleServer::Private::answerMessage(const HttpRequest &request)
+void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::milliseconds jitter)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_delay = delay;
+    m_jitter = jitter;
+}
+
+HttpAnswer SampleServer::answer(const HttpRequest &request)
+{
+    QMutexLocker lock(&m_mutex);
+    const int more = StableRandom(u"jitter", ++m_answerCount).below(int(m_jitter.count()) + 1);
+    const auto delay = m_delay + std::chrono::milliseconds(more);
+    HttpAnswer answer;
+    if (auto refusal = httpRefusal(request))
+        answer = *refusal;
+    else if (request.method == "POST")
+        answer = answerMessage(request);
+    else if (auto refusal = sessionRefusal(request))
+        answer = *refusal;
+    else
+        m_sessions.removeLast();
+    lock.unlock();
+    std::this_thread::sleep_for(delay);
+    return answer;
+}
+
+HttpAnswer SampleServer::answerMessage(const HttpRequest &request)
 {
     const QJsonDocument document = QJsonDocument::fromJson(request.body);
     if (document.isNull())
@@ -131,16 +126,16 @@ HttpAnswer SampleServer::Private::answerMessage(const HttpRequest &request)
             return *refusal;
     }
     if (id.isUndefined())
-        return { 202, {}, {}, {} };
+        return { 202, {}, {} };
     try {
         HttpAnswer answer =
             jsonAnswer(id, u"result"_s, resultOf(method, document["params"_L1].toObject()));
         if (opensSession) {
-            if (sessions.size() == mostSessions)
-                sessions.removeFirst();
+            if (m_sessions.size() == mostSessions)
+                m_sessions.removeFirst();
             // Made of random bits.
-            sessions.append(QUuid::createUuid().toByteArray(QUuid::Id128));
-            answer.headers.append({ sessionHeader, sessions.last() });
+            m_sessions.append(QUuid::createUuid().toByteArray(QUuid::Id128));
+            answer.headers.append({ sessionHeader, m_sessions.last() });
         }
         return answer;
     } catch (const RpcError &error) {
@@ -148,7 +143,7 @@ HttpAnswer SampleServer::Private::answerMessage(const HttpRequest &request)
     }
 }
 
-QJsonObject SampleServer::Private::resultOf(const QString &method, const QJsonObject &params) const
+QJsonObject SampleServer::resultOf(const QString &method, const QJsonObject &params)
 {
     if (method == "initialize"_L1)
         return initializeResult(params);
@@ -162,40 +157,24 @@ QJsonObject SampleServer::Private::resultOf(const QString &method, const QJsonOb
 
     const QString name = params["name"_L1].toString();
     const QJsonObject arguments = params["arguments"_L1].toObject();
-    Q_EMIT q->toolCalled(name, arguments);
+    Q_EMIT toolCalled(name, arguments);
     const QJsonObject structured =
-        callTool(name, arguments, { clock(), QStringLiteral(VANTORA_WEB_SITE) });
+        callTool(name, arguments, { m_clock(), QStringLiteral(VANTORA_WEB_SITE) });
     const QByteArray text = QJsonDocument(structured).toJson(QJsonDocument::Compact);
     const QJsonObject content { { u"type"_s, u"text"_s }, { u"text"_s, QString::fromUtf8(text) } };
     return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };
 }
 
 /// Marks the session that the request names as used, or says what is wrong with the request.
-std::optional<HttpAnswer> SampleServer::Private::sessionRefusal(const HttpRequest &request)
+std::optional<HttpAnswer> SampleServer::sessionRefusal(const HttpRequest &request)
 {
     const QByteArray id = request.headers.value(sessionHeader);
     if (id.isEmpty())
         return errorAnswer(400,
                            u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
                            RpcError::SessionUnknown);
-    if (!sessions.removeOne(id))
+    if (!m_sessions.removeOne(id))
         return errorAnswer(404, u"Oturum bulunamadı ya da sona erdi."_s, RpcError::SessionUnknown);
-    sessions.append(id);
+    m_sessions.append(id);
     return std::nullopt;
-}
-
-SampleServer::SampleServer()
-    : d(std::make_unique<Private>(this))
-{ }
-
-SampleServer::~SampleServer() = default;
-
-std::optional<quint16> SampleServer::listen(quint16 port) { return d->http.listen(port); }
-
-void SampleServer::setClock(const Clock &clock) { d->clock = clock; }
-
-void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::milliseconds jitter)
-{
-    d->delay = delay;
-    d->jitter = jitter;
 }

@@ -1,20 +1,19 @@
 #pragma once
 
+#include "sample_server/HttpServer.h"
+
 #include <QDateTime>
 #include <QJsonObject>
+#include <QMutex>
 #include <QObject>
-#include <QString>
 
 #include <chrono>
-#include <functional>
-#include <memory>
-#include <optional>
 
 /// An MCP server over streamable HTTP with JSON answers that stands in for the airline's. It serves
 /// the path "/mcp" on the loopback interface only, and all its data is invented.
 ///
-/// Connections are served in a thread of their own; requests are answered one after the other, each
-/// in a few milliseconds, in the thread of this object, which needs a running event loop.
+/// Requests are answered one after the other, each in a few milliseconds, in threads of the
+/// server's own.
 class SampleServer : public QObject
 {
     Q_OBJECT
@@ -22,12 +21,9 @@ class SampleServer : public QObject
 public:
     using Clock = std::function<QDateTime()>;
 
-    SampleServer();
-    ~SampleServer() override;
-
     /// Starts to listen on 127.0.0.1 and returns the port; 0 lets the system choose a free one.
     /// Absent when that failed, with the reason in errno.
-    std::optional<quint16> listen(quint16 port = 0);
+    std::optional<quint16> listen(quint16 port = 0) { return m_http.listen(port); }
 
     /// The time by which days are past and flights are in the air; the system's when not set.
     void setClock(const Clock &clock);
@@ -37,10 +33,22 @@ public:
                         std::chrono::milliseconds jitter = std::chrono::milliseconds(0));
 
 Q_SIGNALS:
-    /// A tool call was received, before its arguments are checked.
+    /// A tool call was received, before its arguments are checked. Emitted in a thread of the
+    /// server's own.
     void toolCalled(const QString &name, const QJsonObject &arguments);
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    Sample::HttpAnswer answer(const Sample::HttpRequest &request);
+    Sample::HttpAnswer answerMessage(const Sample::HttpRequest &request);
+    QJsonObject resultOf(const QString &method, const QJsonObject &params);
+    std::optional<Sample::HttpAnswer> sessionRefusal(const Sample::HttpRequest &request);
+
+    QMutex m_mutex; ///< of everything below
+    QList<QByteArray> m_sessions; ///< the one that was named last stands last
+    Clock m_clock = [] { return QDateTime::currentDateTime(); };
+    std::chrono::milliseconds m_delay { 0 };
+    std::chrono::milliseconds m_jitter { 0 };
+    int m_answerCount = 0;
+    /// The last member: it goes first, and with it the threads that use the others.
+    Sample::HttpServer m_http { [this](const auto &request) { return answer(request); } };
 };

@@ -3,53 +3,15 @@
 #include "sample_server/SampleServer.h"
 
 #include <QGuiApplication>
-#include <QSemaphore>
-#include <QThread>
 
 #include <optional>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The sample server in a thread of its own, from start() until this object goes.
-class ServerThread : public QThread
-{
-public:
-    ~ServerThread() override
-    {
-        quit();
-        wait();
-    }
-
-    /// Starts the server and returns its port; absent when there is none to be had.
-    std::optional<quint16> listen()
-    {
-        start();
-        m_listened.acquire();
-        return m_port;
-    }
-
-protected:
-    void run() override
-    {
-        SampleServer server;
-        m_port = server.listen();
-        m_listened.release();
-        exec();
-    }
-
-private:
-    QSemaphore m_listened;
-    std::optional<quint16> m_port;
-};
-
-} // namespace
-
 int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
-    ServerThread server;
+    SampleServer server;
     const std::optional<quint16> port = server.listen();
     if (!port) {
         qCritical("The sample server found no free port.");
