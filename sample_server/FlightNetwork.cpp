@@ -151,19 +151,18 @@ void FlightNetwork::add(const AirportSite &base, const AirportSite &outstation,
 {
     const int slots = onlyForTransfers ? transferDeparturesADay : slotsFor(base, outstation);
     const int first = firstNumberOf(base, outstation, onlyForTransfers, m_usedNumbers, 2 * slots);
-    const int index = int(m_services.size());
-    for (int number = first; number < first + 2 * slots; ++number)
-        m_serviceOfNumber.insert(number, index);
-    m_serviceOfPair.insert({ base.code, outstation.code }, index);
-    m_serviceOfPair.insert({ outstation.code, base.code }, index);
     m_services.append({ &base, &outstation, onlyForTransfers, slots, first });
 }
 
 const FlightNetwork::Service *FlightNetwork::serviceBetween(const AirportSite &from,
                                                             const AirportSite &to) const
 {
-    const int index = m_serviceOfPair.value({ from.code, to.code }, -1);
-    return index < 0 ? nullptr : &m_services.at(index);
+    for (const Service &service : m_services) {
+        if ((service.base == &from && service.outstation == &to)
+            || (service.base == &to && service.outstation == &from))
+            return &service;
+    }
+    return nullptr;
 }
 
 bool FlightNetwork::isServed(const AirportSite &from, const AirportSite &to) const
@@ -214,12 +213,12 @@ QList<ScheduledFlight> FlightNetwork::flights(const AirportSite &from, const Air
 
 std::optional<ScheduledFlight> FlightNetwork::flight(int number, QDate date) const
 {
-    const auto index = m_serviceOfNumber.constFind(number);
-    if (index == m_serviceOfNumber.cend())
-        return std::nullopt;
-    const Service &service = m_services.at(*index);
-    const int place = number - service.firstNumber;
-    return makeFlight(service, place % 2 == 0, place / 2, date);
+    for (const Service &service : m_services) {
+        const int place = number - service.firstNumber;
+        if (place >= 0 && place < 2 * service.slots)
+            return makeFlight(service, place % 2 == 0, place / 2, date);
+    }
+    return std::nullopt;
 }
 
 } // namespace Sample

@@ -71,8 +71,6 @@ private:
     ScheduledFlight makeFlight(const Service &service, bool outbound, int slot, QDate date) const;
 
     QList<Service> m_services;
-    QHash<QPair<QString, QString>, int> m_serviceOfPair; ///< index, by codes in both orders
-    QHash<int, int> m_serviceOfNumber; ///< index
     QHash<int, int> m_usedNumbers; ///< how many, by the first number of the family
     QList<const AirportSite *> m_transferAirports;
 };

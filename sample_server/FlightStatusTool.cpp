@@ -4,7 +4,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace Sample {
 
@@ -14,10 +16,26 @@ namespace {
 
 enum Phase { BeforeDeparture, InAir, Landed };
 
-constexpr int alwaysPunctual = 1983;
-constexpr int alwaysDelayed = 1907;
-constexpr int inAirToday = 1;
-constexpr int inAirAndDelayedToday = 2;
+/// A flight whose state of today is the same at any hour.
+struct KnownFlight
+{
+    int number;
+    Phase today;
+    bool isDelayed; ///< on every day
+};
+
+constexpr KnownFlight knownFlights[] { { 1983, BeforeDeparture, false },
+                                       { 1907, BeforeDeparture, true },
+                                       { 1, InAir, false },
+                                       { 2, InAir, true } };
+
+/// Null for all other flights.
+const KnownFlight *knownFlight(int number)
+{
+    const auto *found = std::ranges::find(knownFlights, number, &KnownFlight::number);
+    return found == std::end(knownFlights) ? nullptr : found;
+}
+
 constexpr int secondsDelayIsKnownAhead = 6 * 60 * 60;
 /// How far from today a flight has a status. An itinerary of the last day on sale may end later.
 constexpr int daysWithStatus = ItineraryPlanner::daysOnSale + 2;
@@ -52,30 +70,21 @@ ScheduledFlight flightOf(int number, QDate date, QDate today)
     throw RpcError { u"Bu numarada bir uçuş bulunamadı: VQ%1."_s.arg(number) };
 }
 
-int delayOf(const ScheduledFlight &flight)
+FlightState stateOf(const ScheduledFlight &flight, const QDateTime &now)
 {
     StableRandom random(u"delay", flight.number, flight.date());
     const int minutes = 15 + 5 * random.below(18);
-    if (flight.number == alwaysDelayed || flight.number == inAirAndDelayedToday)
-        return minutes;
-    const bool punctual = flight.number == alwaysPunctual || flight.number == inAirToday;
-    return !punctual && random.oneIn(4) ? minutes : 0;
-}
-
-FlightState stateOf(const ScheduledFlight &flight, const QDateTime &now)
-{
-    const int delay = delayOf(flight);
-    const bool alwaysWaits = flight.number == alwaysPunctual || flight.number == alwaysDelayed;
-    const bool alwaysFlies = flight.number == inAirToday || flight.number == inAirAndDelayedToday;
-    if (flight.date() == now.date() && (alwaysWaits || alwaysFlies))
-        return { alwaysFlies ? InAir : BeforeDeparture, delay };
+    const KnownFlight *known = knownFlight(flight.number);
+    const int delay = (known ? known->isDelayed : random.oneIn(4)) ? minutes : 0;
+    if (known && flight.date() == now.date())
+        return { known->today, delay };
     if (now >= flight.arrival.addSecs(60LL * delay))
         return { Landed, delay };
     if (now >= flight.departure.addSecs(60LL * delay))
         return { InAir, delay };
-    const bool isKnown =
-        flight.number == alwaysDelayed || now.secsTo(flight.departure) <= secondsDelayIsKnownAhead;
-    return { BeforeDeparture, isKnown ? delay : 0 };
+    const bool isToldEarly = known && known->today == BeforeDeparture;
+    const bool isTold = isToldEarly || now.secsTo(flight.departure) <= secondsDelayIsKnownAhead;
+    return { BeforeDeparture, isTold ? delay : 0 };
 }
 
 /// The state in words. Clients look for the stems "delay" and "gecik", "land" and "indi", "air",
@@ -88,10 +97,9 @@ QString statusText(const ScheduledFlight &flight, FlightState state)
                              turkish ? u"İndi"_s : u"Landed"_s };
     const QString delay =
         (turkish ? u"Gecikmeli (%1 dk)"_s : u"Delayed (%1 min)"_s).arg(state.delayMinutes);
-    QString phase = phases[state.phase];
-    if (state.delayMinutes == 0 || (state.phase == Landed && flight.number != alwaysDelayed))
-        return phase;
-    return state.phase == BeforeDeparture ? delay : phase + u", "_s + delay;
+    if (state.delayMinutes == 0)
+        return phases[state.phase];
+    return state.phase == BeforeDeparture ? delay : phases[state.phase] + u", "_s + delay;
 }
 
 QString clockText(const QDateTime &moment) { return moment.toString(u"HH:mm"); }
@@ -110,20 +118,20 @@ void insertTimes(QJsonObject &data, const ScheduledFlight &flight, FlightState s
                 clockText(flight.arrival.addSecs(delaySeconds)));
 }
 
-/// Gate, terminal and belt, of which now and then one is not known.
+/// Gate, terminal and belt, of which now and then one is missing; of known flights none.
 void insertPlaces(QJsonObject &data, const ScheduledFlight &flight, FlightState state)
 {
     StableRandom random(u"places", flight.number, flight.date());
     const QString terminal = QString::number(1 + random.below(3));
     const QString gate = QChar(u'A' + random.below(7)) + QString::number(1 + random.below(24));
     const QString belt = QString::number(1 + random.below(18));
-    const bool fixed = flight.number == alwaysPunctual;
-    if (fixed || !random.oneIn(6))
+    const bool all = knownFlight(flight.number);
+    if (all || !random.oneIn(6))
         data.insert(u"terminal"_s, terminal);
-    if (fixed || !random.oneIn(5))
+    if (all || !random.oneIn(5))
         data.insert(u"gate"_s, gate);
     // A belt is assigned to flights on their way.
-    if (fixed || (state.phase != BeforeDeparture && !random.oneIn(5)))
+    if (all || (state.phase != BeforeDeparture && !random.oneIn(5)))
         data.insert(u"baggage"_s, belt);
 }
 
