@@ -43,20 +43,20 @@ bool isLoopback(const QByteArray &address)
     return host == "localhost"_L1 || QHostAddress(host).isLoopback();
 }
 
-/// What HTTP demands of a request before its message is looked at.
-std::optional<HttpAnswer> httpRefusal(const HttpRequest &request)
+/// What HTTP demands of a request before its message is looked at. Throws the answer to one that
+/// fails it.
+void checkHttp(const HttpRequest &request)
 {
     if (!isLoopback("http://" + request.headers.value("host"))
         || !isLoopback(request.headers.value("origin", "http://localhost")))
-        return errorAnswer(403, u"Yalnızca bu bilgisayardan gelen istekler kabul edilir."_s);
+        throw errorAnswer(403, u"Yalnızca bu bilgisayardan gelen istekler kabul edilir."_s);
     if (request.path != "/mcp")
-        return errorAnswer(404, u"Burada bir şey yok; sunucu /mcp adresinde."_s);
+        throw errorAnswer(404, u"Burada bir şey yok; sunucu /mcp adresinde."_s);
     if (request.method != "POST" && request.method != "DELETE")
-        return HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } } };
+        throw HttpAnswer { 405, {}, { { "Allow", "POST, DELETE" } } };
     const QByteArray type = request.headers.value("content-type").split(';').first().trimmed();
     if (request.method == "POST" && type.toLower() != "application/json")
-        return errorAnswer(415, u"İsteğin Content-Type başlığı application/json olmalı."_s);
-    return std::nullopt;
+        throw errorAnswer(415, u"İsteğin Content-Type başlığı application/json olmalı."_s);
 }
 
 QJsonObject initializeResult(const QJsonObject &params)
@@ -96,14 +96,15 @@ HttpAnswer SampleServer::answer(const HttpRequest &request)
     const int more = StableRandom(u"jitter", ++m_answerCount).below(int(m_jitter.count()) + 1);
     const auto delay = m_delay + std::chrono::milliseconds(more);
     HttpAnswer answer;
-    if (auto refusal = httpRefusal(request))
-        answer = *refusal;
-    else if (request.method == "POST")
-        answer = answerMessage(request);
-    else if (auto refusal = sessionRefusal(request))
-        answer = *refusal;
-    else
-        m_sessions.removeLast();
+    try {
+        checkHttp(request);
+        if (request.method == "POST")
+            answer = answerMessage(request);
+        else
+            m_sessions.removeOne(usedSession(request));
+    } catch (const HttpAnswer &refusal) {
+        answer = refusal;
+    }
     lock.unlock();
     std::this_thread::sleep_for(delay);
     return answer;
@@ -113,18 +114,16 @@ HttpAnswer SampleServer::answerMessage(const HttpRequest &request)
 {
     const QJsonDocument document = QJsonDocument::fromJson(request.body);
     if (document.isNull())
-        return errorAnswer(400, u"İstek geçerli bir JSON belgesi değil."_s, RpcError::ParseError);
+        throw errorAnswer(400, u"İstek geçerli bir JSON belgesi değil."_s, RpcError::ParseError);
     const QString method = document["method"_L1].toString();
     const QJsonValue id = document["id"_L1];
     if (document["jsonrpc"_L1] != "2.0"_L1 || method.isEmpty()
         || !(id.isUndefined() || id.isString() || id.isDouble()))
-        return errorAnswer(400, u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s);
+        throw errorAnswer(400, u"İstek geçerli bir JSON-RPC 2.0 iletisi değil."_s);
 
     const bool opensSession = method == "initialize"_L1;
-    if (!opensSession) {
-        if (auto refusal = sessionRefusal(request))
-            return *refusal;
-    }
+    if (!opensSession)
+        usedSession(request);
     if (id.isUndefined())
         return { 202, {}, {} };
     try {
@@ -165,16 +164,14 @@ QJsonObject SampleServer::resultOf(const QString &method, const QJsonObject &par
     return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };
 }
 
-/// Marks the session that the request names as used, or says what is wrong with the request.
-std::optional<HttpAnswer> SampleServer::sessionRefusal(const HttpRequest &request)
+QByteArray SampleServer::usedSession(const HttpRequest &request)
 {
     const QByteArray id = request.headers.value(sessionHeader);
     if (id.isEmpty())
-        return errorAnswer(400,
-                           u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
-                           RpcError::SessionUnknown);
+        throw errorAnswer(400, u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
+                          RpcError::SessionUnknown);
     if (!m_sessions.removeOne(id))
-        return errorAnswer(404, u"Oturum bulunamadı ya da sona erdi."_s, RpcError::SessionUnknown);
+        throw errorAnswer(404, u"Oturum bulunamadı ya da sona erdi."_s, RpcError::SessionUnknown);
     m_sessions.append(id);
-    return std::nullopt;
+    return id;
 }

@@ -41,7 +41,9 @@ private:
     Sample::HttpAnswer answer(const Sample::HttpRequest &request);
     Sample::HttpAnswer answerMessage(const Sample::HttpRequest &request);
     QJsonObject resultOf(const QString &method, const QJsonObject &params);
-    std::optional<Sample::HttpAnswer> sessionRefusal(const Sample::HttpRequest &request);
+    /// The session that the request names, after it is marked as used. Throws the answer when there
+    /// is none.
+    QByteArray usedSession(const Sample::HttpRequest &request);
 
     QMutex m_mutex; ///< of everything below
     QList<QByteArray> m_sessions; ///< the one that was named last stands last
