@@ -92,10 +92,6 @@ public:
             m_answers.insert(count, ScriptedAnswer::text(flightsReply(count)));
     }
 
-    bool isBusy() const
-    {
-        return viewModel()->isLoading() || viewModel()->isSearchingFlightsOnly();
-    }
     /// Whether what anything in the window has asked for is under way.
     bool isAsking() const
     {
@@ -113,18 +109,13 @@ public:
         m_window->setColor(background);
         return frame;
     }
-    void click(const QQuickItem *item) const
-    {
-        const QPointF middle(item->width() / 2, item->height() / 2);
-        QTest::mouseClick(m_window, Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
-    }
     /// A search until its flights, so many, are on the screen.
     double search(int count) const
     {
         m_server.setAnswer(flightsTool, m_answers.value(count));
         return untilFrame(
             m_window, [this] { viewModel()->startSearchAll(); },
-            [&] { return viewModel()->filteredFlightsList()->count() == count && !isBusy(); });
+            [&] { return viewModel()->filteredFlightsList()->count() == count && !isSearching(); });
     }
     void answerSlowly() const
     {
@@ -197,8 +188,8 @@ void measurePresses(const Window &window)
         window.answerSlowly();
         day.append(untilFrame(
             window.window(), [&] { window.click(window.someOtherDay()); },
-            [&] { return window.isBusy(); }));
-        while (window.isBusy())
+            [&] { return window.isSearching(); }));
+        while (window.isSearching())
             wait(500);
     }
     print("frame", median(frame));
@@ -280,8 +271,8 @@ void measureHostileReplies(const Window &window, ServerThread &server)
         const double grown = (memoryKiB("VmHWM") - before) / 1024;
         server.setAnswer(reply.tool, ScriptedAnswer::content());
         QTextStream(stderr) << QString::asprintf(
-            "%-44s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.what),
-            away.clock, away.processor, grown);
+            "%-28s%-30s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.tool),
+            qPrintable(reply.what), away.clock, away.processor, grown);
         stall = std::max(stall, away.processor);
         memory = std::max(memory, grown);
     }

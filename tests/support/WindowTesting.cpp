@@ -11,12 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString accessibleName(QQuickItem *item)
-{
-    QAccessibleInterface *node = accessible(item);
-    return node ? node->text(QAccessible::Name) : QString();
-}
-
 void focusAccessibly(QAccessibleInterface *node)
 {
     node->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
@@ -56,13 +50,6 @@ QList<QQuickItem *> TestWindow::itemsOfType(const QByteArray &type) const
         const QByteArray name = item->metaObject()->className();
         return name == type || name.startsWith(type + "_QML");
     });
-}
-
-QQuickItem *TestWindow::called(const QString &name) const
-{
-    return itemsIn(m_window->contentItem(),
-                   [&name](QQuickItem *item) { return accessibleName(item) == name; })
-        .value(0);
 }
 
 QAccessibleInterface *TestWindow::told(const QString &name) const

@@ -8,7 +8,6 @@
 
 #include <memory>
 
-QString accessibleName(QQuickItem *item);
 /// Moves the keyboard there as assistive technology does.
 void focusAccessibly(QAccessibleInterface *node);
 
@@ -29,8 +28,6 @@ public:
     /// The visible item of this object name, or else the first of this QML type; null when there
     /// is neither.
     QQuickItem *item(const QString &name) const;
-    /// The visible item that assistive technology knows by this name.
-    QQuickItem *called(const QString &name) const;
     /// What assistive technology comes upon under this name from the window down; null when
     /// nothing.
     QAccessibleInterface *told(const QString &name) const;

@@ -13,8 +13,6 @@ bool hasResults(const Stage &stage)
         && !viewModel->filteredFlights().isEmpty();
 }
 
-bool showSearch(Stage &stage) { return hasResults(stage); }
-
 /// A server near by may have answered before the start of the search returns.
 bool showLoading(Stage &stage)
 {
@@ -75,40 +73,35 @@ bool isShown(const Stage &stage, const QString &objectName)
     return item;
 }
 
-bool openSheet(Stage &stage, const QString &button, const QString &panel)
+/// Presses the button and waits for the item.
+bool open(Stage &stage, const QString &button, const QString &shown)
 {
-    return stage.press(button) && stage.waitUntil([&] { return isShown(stage, panel); });
+    return stage.press(button) && stage.waitUntil([&] { return isShown(stage, shown); });
+}
+
+auto opened(const QString &button, const QString &shown)
+{
+    return [=](Stage &stage) { return open(stage, button, shown); };
+}
+
+/// What is opened has the keyboard. Then types the text, presses the key and waits for the last
+/// item.
+auto typed(const QString &button, const QString &opened, const QString &text, Qt::Key key,
+           const QString &shown)
+{
+    return [=](Stage &stage) {
+        if (!open(stage, button, opened))
+            return false;
+        stage.type(text);
+        stage.key(key);
+        return stage.waitUntil([&] { return isShown(stage, shown); });
+    };
 }
 
 bool showRoundTrip(Stage &stage)
 {
     stage.viewModel()->setTripType(TripType::roundTrip);
     return stage.waitUntil([&] { return isShown(stage, u"returnDate"_s); });
-}
-
-bool showDatePanel(Stage &stage) { return openSheet(stage, u"departureDate"_s, u"monthView"_s); }
-
-bool showOriginPicker(Stage &stage)
-{
-    return openSheet(stage, u"originButton"_s, u"airportPicker"_s);
-}
-
-/// The keyboard is in the picker's field.
-bool showPickerQuery(Stage &stage)
-{
-    if (!showOriginPicker(stage))
-        return false;
-    stage.type(u"lon"_s);
-    stage.key(Qt::Key_Down);
-    return stage.waitUntil([&] { return isShown(stage, u"airportPicker"_s); });
-}
-
-bool showPickerEmpty(Stage &stage)
-{
-    if (!showOriginPicker(stage))
-        return false;
-    stage.type(u"atlantis"_s);
-    return stage.waitUntil([&] { return isShown(stage, u"noAirports"_s); });
 }
 
 /// Tab goes from the top of the window to the search button.
@@ -124,65 +117,24 @@ bool showKeyboardFocus(Stage &stage)
     return false;
 }
 
-bool showStatusEmpty(Stage &stage)
-{
-    return openSheet(stage, u"flightStatusButton"_s, u"statusEmptyPanel"_s);
-}
-
-/// Types over the number that the sheet proposes.
-bool askForStatus(Stage &stage, const QString &number, const QString &panel)
-{
-    if (!showStatusEmpty(stage))
-        return false;
-    stage.type(number);
-    stage.key(Qt::Key_Return);
-    return stage.waitUntil([&] { return isShown(stage, panel); });
-}
-
-bool showStatus(Stage &stage)
-{
-    return showStatusEmpty(stage) && stage.press(u"statusQueryButton"_s)
-        && stage.waitUntil([&] { return isShown(stage, u"statusResultCard"_s); });
-}
-
-bool showStatusDelayed(Stage &stage)
-{
-    return askForStatus(stage, u"vq1907"_s, u"statusResultCard"_s);
-}
-
-bool showStatusError(Stage &stage)
-{
-    return askForStatus(stage, u"VQ404"_s, u"statusErrorPanel"_s);
-}
-
-bool showCityGuide(Stage &stage)
-{
-    return openSheet(stage, u"cityGuideButton"_s, u"cityGuidePage"_s);
-}
-
-bool showPromotions(Stage &stage)
-{
-    if (!showCityGuide(stage))
-        return false;
-    // The keyboard is on the tabs.
-    stage.key(Qt::Key_Right);
-    return stage.waitUntil([&] { return isShown(stage, u"promotionsPage"_s); });
-}
-
 /// An airport that no server knows: without a guide the sheet goes on loading.
 bool showCityGuideLoading(Stage &stage)
 {
     stage.viewModel()->setDestinationCode(u"LUX"_s);
-    return openSheet(stage, u"cityGuideButton"_s, u"guideLoadingPanel"_s);
+    return open(stage, u"cityGuideButton"_s, u"guideLoadingPanel"_s);
 }
 
 } // namespace
 
 const QList<Scene> &allScenes()
 {
+    const QString statusButton = u"flightStatusButton"_s;
+    const QString statusPanel = u"statusEmptyPanel"_s;
+    const QString guideButton = u"cityGuideButton"_s;
+    const QString guidePage = u"cityGuidePage"_s;
     static const QList<Scene> scenes {
         { u"search"_s, u"the results of the search that the window starts by itself"_s,
-          showSearch },
+          hasResults },
         { u"loading"_s, u"a search under way, over the results of the one before"_s, showLoading,
           true },
         { u"error"_s, u"a failed search, over the results of the one before"_s, showError },
@@ -191,17 +143,28 @@ const QList<Scene> &allScenes()
         { u"empty"_s, u"a day without flights"_s, showEmpty },
         { u"direct-only"_s, u"the direct flights alone"_s, showDirectOnly },
         { u"round-trip"_s, u"the search card with a day of return"_s, showRoundTrip },
-        { u"date-panel"_s, u"the month under the day of departure"_s, showDatePanel },
-        { u"origin-picker"_s, u"the airports for the departure"_s, showOriginPicker },
-        { u"picker-query"_s, u"the airports that match a text"_s, showPickerQuery },
-        { u"picker-empty"_s, u"a text that no airport matches"_s, showPickerEmpty },
+        { u"date-panel"_s, u"the month under the day of departure"_s,
+          opened(u"departureDate"_s, u"monthView"_s) },
+        { u"origin-picker"_s, u"the airports for the departure"_s,
+          opened(u"originButton"_s, u"airportPicker"_s) },
+        { u"picker-query"_s, u"the airports that match a text"_s,
+          typed(u"originButton"_s, u"airportPicker"_s, u"lon"_s, Qt::Key_Down,
+                u"airportPicker"_s) },
+        { u"picker-empty"_s, u"a text that no airport matches"_s,
+          typed(u"originButton"_s, u"airportPicker"_s, u"atlantis"_s, Qt::Key_Down,
+                u"noAirports"_s) },
         { u"keyboard-focus"_s, u"the keyboard on the search button"_s, showKeyboardFocus },
-        { u"flight-status"_s, u"the status of a punctual flight"_s, showStatus },
-        { u"flight-status-delayed"_s, u"the status of a delayed flight"_s, showStatusDelayed },
-        { u"flight-status-empty"_s, u"the status sheet before a question"_s, showStatusEmpty },
-        { u"flight-status-error"_s, u"a flight number that does not exist"_s, showStatusError },
-        { u"city-guide"_s, u"the guide of the destination"_s, showCityGuide },
-        { u"promotions"_s, u"the airline's promotions"_s, showPromotions },
+        { u"flight-status"_s, u"the status of a punctual flight"_s,
+          typed(statusButton, statusPanel, {}, Qt::Key_Return, u"statusResultCard"_s) },
+        { u"flight-status-delayed"_s, u"the status of a delayed flight"_s,
+          typed(statusButton, statusPanel, u"vq1907"_s, Qt::Key_Return, u"statusResultCard"_s) },
+        { u"flight-status-empty"_s, u"the status sheet before a question"_s,
+          opened(statusButton, statusPanel) },
+        { u"flight-status-error"_s, u"a flight number that does not exist"_s,
+          typed(statusButton, statusPanel, u"VQ404"_s, Qt::Key_Return, u"statusErrorPanel"_s) },
+        { u"city-guide"_s, u"the guide of the destination"_s, opened(guideButton, guidePage) },
+        { u"promotions"_s, u"the airline's promotions"_s,
+          typed(guideButton, guidePage, {}, Qt::Key_Right, u"promotionsPage"_s) },
         { u"city-guide-loading"_s, u"a guide that does not come"_s, showCityGuideLoading, true },
     };
     return scenes;

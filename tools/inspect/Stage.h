@@ -25,14 +25,7 @@ public:
     /// Presses the visible item of this name. False when there is none.
     bool press(const QString &objectName) const { return pressAccessibly(named(objectName)); }
     /// The same for what assistive technology calls so.
-    bool pressCalled(const QString &name) const
-    {
-        const auto isCalled = [&name](QQuickItem *item) {
-            QAccessibleInterface *node = accessible(item);
-            return node && node->text(QAccessible::Name) == name;
-        };
-        return pressAccessibly(itemsIn(m_window->contentItem(), isCalled).value(0));
-    }
+    bool pressCalled(const QString &name) const { return pressAccessibly(called(name)); }
     /// Scrolls the window's page until the item begins at its top. False when there is no such
     /// item.
     bool scrollTo(const QString &objectName) const;

@@ -4,6 +4,12 @@
 
 #include <QTest>
 
+QString accessibleName(QQuickItem *item)
+{
+    QAccessibleInterface *node = accessible(item);
+    return node ? node->text(QAccessible::Name) : QString();
+}
+
 bool pressAccessibly(QQuickItem *item) { return pressAccessibly(accessible(item)); }
 
 bool pressAccessibly(QAccessibleInterface *node)
@@ -21,10 +27,7 @@ FlightSearchViewModel *WindowDriver::viewModel() const
 
 bool WindowDriver::waitForSearch(std::chrono::milliseconds time) const
 {
-    const auto hasEnded = [this] {
-        return viewModel()->hasSearched() && !viewModel()->isLoading()
-            && !viewModel()->isSearchingFlightsOnly();
-    };
+    const auto hasEnded = [this] { return viewModel()->hasSearched() && !isSearching(); };
     return QTest::qWaitFor(hasEnded, static_cast<int>(time.count()));
 }
 
@@ -45,6 +48,13 @@ QQuickItem *WindowDriver::named(const QString &objectName) const
 {
     return itemsIn(m_window->contentItem(),
                    [&objectName](QQuickItem *item) { return item->objectName() == objectName; })
+        .value(0);
+}
+
+QQuickItem *WindowDriver::called(const QString &name) const
+{
+    return itemsIn(m_window->contentItem(),
+                   [&name](QQuickItem *item) { return accessibleName(item) == name; })
         .value(0);
 }
 

@@ -14,6 +14,8 @@ inline QAccessibleInterface *accessible(QQuickItem *item)
     return QAccessible::queryAccessibleInterface(item);
 }
 
+QString accessibleName(QQuickItem *item);
+
 /// Presses it as assistive technology does. False when there is nothing to press.
 bool pressAccessibly(QQuickItem *item);
 bool pressAccessibly(QAccessibleInterface *node);
@@ -28,6 +30,10 @@ public:
 
     QQuickWindow *window() const { return m_window; }
     FlightSearchViewModel *viewModel() const;
+    bool isSearching() const
+    {
+        return viewModel()->isLoading() || viewModel()->isSearchingFlightsOnly();
+    }
     /// Runs the event loop until no search is running; false when the time is over.
     bool waitForSearch(std::chrono::milliseconds time = std::chrono::seconds(30)) const;
 
@@ -36,6 +42,8 @@ public:
     static QList<QQuickItem *> itemsIn(QQuickItem *root, const Condition &isWanted);
     /// The visible item of this object name; null when there is none.
     QQuickItem *named(const QString &objectName) const;
+    /// The visible item that assistive technology knows by this name; null when there is none.
+    QQuickItem *called(const QString &name) const;
     /// The first visible item that shows this text and nothing else, of the sheet or menu on top if
     /// there is one; null when there is none.
     QQuickItem *saying(const QString &text) const;
