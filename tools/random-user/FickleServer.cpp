@@ -1,6 +1,5 @@
 #include "FickleServer.h"
 
-#include "support/ServerFaults.h"
 #include "support/ToolAnswers.h"
 
 #include <QDate>
@@ -38,6 +37,13 @@ std::chrono::milliseconds FickleServer::idleTime()
     return std::chrono::milliseconds(m_idle.elapsed());
 }
 
+const ServerFaults::Fault &FickleServer::oneOf(const QList<ServerFaults::Fault> &faults)
+{
+    const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
+    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    return fault;
+}
+
 ScriptedAnswer FickleServer::open()
 {
     m_idle.restart();
@@ -45,9 +51,7 @@ ScriptedAnswer FickleServer::open()
     m_refusedSession = false;
     if (!oneIn(6))
         return good;
-    const auto &faults = ServerFaults::inOpening();
-    const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
-    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    const ServerFaults::Fault &fault = oneOf(ServerFaults::inOpening());
     m_refusedSession = !fault.text.isEmpty();
     return fault.change(good);
 }
@@ -63,9 +67,7 @@ ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
     }
     if (!oneIn(3))
         return good;
-    const auto &faults = ServerFaults::inCalls();
-    const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
-    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    const ServerFaults::Fault &fault = oneOf(ServerFaults::inCalls());
     return fault.change(good);
 }
 
@@ -93,28 +95,24 @@ ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
         }
         return flightsAnswer(offers);
     }
-    if (isEmpty)
-        return ScriptedAnswer::content();
-    if (tool != promotionsTool)
-        return ScriptedAnswer::content(
-            strange({ u"status"_s, u"origin"_s, u"gate"_s, u"aircraft"_s, u"scheduledDeparture"_s,
-                      u"cityName"_s, u"overview"_s, u"bestTimeToVisit"_s }));
-    QJsonArray promotions;
-    for (int count = m_random.bounded(30); count > 0; --count)
-        promotions.append(
-            strange({ u"title"_s, u"description"_s, u"discount"_s, u"validUntil"_s, u"route"_s }));
-    return ScriptedAnswer::content({ { u"promotions"_s, promotions } });
+    static const QJsonObject known = knownAnswers();
+    return ScriptedAnswer::content(isEmpty ? QJsonObject() : strange(known[tool]).toObject());
 }
 
-/// Some of these members, with any text.
-QJsonObject FickleServer::strange(QStringList keys)
+QJsonValue FickleServer::strange(const QJsonValue &json)
 {
+    if (json.isString())
+        return strangeText();
+    QJsonArray array;
+    for (int count = json.isArray() ? m_random.bounded(30) : 0; count > 0; --count)
+        array.append(strange(json[0]));
     QJsonObject object;
-    for (const QString &key : std::as_const(keys)) {
+    const QStringList keys = json.toObject().keys();
+    for (const QString &key : keys) {
         if (!oneIn(3))
-            object.insert(key, strangeText());
+            object.insert(key, strange(json[key]));
     }
-    return object;
+    return json.isArray() ? QJsonValue(array) : object;
 }
 
 QString FickleServer::strangeText()

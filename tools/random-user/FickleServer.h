@@ -1,13 +1,11 @@
 #pragma once
 
-#include "support/ScriptedServer.h"
+#include "support/ServerFaults.h"
 
 #include <QElapsedTimer>
 #include <QHash>
 #include <QMap>
 #include <QRandomGenerator>
-
-#include <optional>
 
 /// What a tool was sent that its asker may show: of each list a number of its own, and how long it
 /// is.
@@ -37,10 +35,13 @@ public:
     int callCount() const { return m_callCount; }
 
 private:
+    /// Notes that it was met.
+    const ServerFaults::Fault &oneOf(const QList<ServerFaults::Fault> &faults);
     ScriptedAnswer open();
     ScriptedAnswer answer(const ReceivedRequest &request);
     ScriptedAnswer goodAnswer(const ReceivedRequest &request);
-    QJsonObject strange(QStringList keys);
+    /// Some of its members, lists of any length, with any text.
+    QJsonValue strange(const QJsonValue &json);
     QString strangeText();
     bool oneIn(int count) { return m_random.bounded(count) == 0; }
 
