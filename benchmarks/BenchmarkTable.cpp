@@ -2,6 +2,7 @@
 // misses its goal is no failure; a figure that is missing is.
 
 #include "benchmarks/Figures.h"
+#include "sample_server/SampleServer.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -72,28 +73,10 @@ double median(const QList<Figures> &runs, const QString &name)
     return ::median(values);
 }
 
-/// The sample server in a process of its own, from construction to destruction.
-class SampleServer
+QString endpoint(SampleServer &server)
 {
-public:
-    SampleServer()
-    {
-        m_process.start(besideThis(u"../bin/vantora-sample-server"_s), {});
-        if (!m_process.waitForReadyRead())
-            fail(u"the sample server does not start"_s);
-        m_port = QString::fromUtf8(m_process.readLine()).split(u' ').value(1).trimmed();
-    }
-    ~SampleServer()
-    {
-        m_process.terminate();
-        m_process.waitForFinished();
-    }
-    QString endpoint() const { return u"http://127.0.0.1:%1/mcp"_s.arg(m_port); }
-
-private:
-    QProcess m_process;
-    QString m_port;
-};
+    return u"http://127.0.0.1:%1/mcp"_s.arg(server.listen().value());
+}
 
 class Table
 {
@@ -140,14 +123,15 @@ private:
 /// The process from its start to its first frame or cards, alternating with the bare window.
 void compareStarts(Table &table, int runs)
 {
-    const SampleServer server;
+    SampleServer server;
+    const QString address = endpoint(server);
     QList<Figures> bare;
     QList<Figures> frame;
     QList<Figures> cards;
     for (int i = 0; i < runs; ++i) {
         bare.append(run(u"bare-window"_s));
         frame.append(run(u"window-start"_s));
-        cards.append(run(u"window-start"_s, { server.endpoint() }));
+        cards.append(run(u"window-start"_s, { address }));
     }
     const auto compare = [&](const QString &what, const QList<Figures> &figures,
                              const QString &name, double divisor, const QString &unit,
@@ -168,9 +152,9 @@ void judgeOpenWindow(Table &table, int searches)
     const Figures open = run(u"window-figures"_s);
     const QString pitch = QString::number(at(open, u"pitch"_s));
     const double bareScroll = at(run(u"bare-window"_s, { u"--scroll"_s, pitch }), u"scroll"_s);
-    const SampleServer server;
-    const double growth =
-        at(run(u"window-start"_s, { server.endpoint(), QString::number(searches) }), u"growth"_s);
+    SampleServer server;
+    const QStringList manySearches { endpoint(server), QString::number(searches) };
+    const double growth = at(run(u"window-start"_s, manySearches), u"growth"_s);
     const double frame = at(open, u"frame"_s);
     table.compare(u"reply of 2,000 flights to records / its JSON alone"_s, at(open, u"read"_s),
                   at(open, u"parse"_s), u" ms"_s, 2.5);
