@@ -2,15 +2,17 @@
 
 #include <QByteArray>
 #include <QFuture>
-#include <QList>
+#include <QMap>
 #include <QUrl>
 
 #include <chrono>
 #include <memory>
-#include <utility>
+#include <mutex>
+#include <thread>
+#include <vector>
 
-/// Names as received.
-using HttpHeaders = QList<std::pair<QByteArray, QByteArray>>;
+/// Values by name; the names of an answer's are in lower case.
+using HttpHeaders = QMap<QByteArray, QByteArray>;
 
 /// Any HTTP answer, whatever its status.
 struct HttpAnswer
@@ -46,10 +48,12 @@ struct HttpSettings
     QByteArray authorities = {};
 };
 
+class HttpExchange;
+
 /// Posts to one address by libcurl, on a thread of its own: whatever a server sends, the thread
 /// that asks is not held up. Over HTTP/2 the requests share one connection, which is kept; over
 /// HTTP/1.1 each has a connection of its own. Cookies, by which the front of a server may know
-/// which of its machines a session lives on, are kept as long as the object.
+/// which of its machines a session lives on, are kept as long as the object. One thread uses it.
 class HttpTransport
 {
 public:
@@ -63,10 +67,21 @@ public:
     void stop();
 
 private:
-    class Exchange;
-    class Line;
+    void run();
+    /// False when there is nothing more to do.
+    bool takeAdded();
+    void takeResults();
+    void removeEnded();
 
-    QUrl m_url;
-    HttpSettings m_settings;
-    std::unique_ptr<Line> m_line;
+    const QUrl m_url;
+    const HttpSettings m_settings;
+    QFuture<QByteArray> m_proxy; ///< the look-up that was begun last
+    const std::shared_ptr<void> m_share; ///< libcurl's cookies and sessions of TLS
+    const std::shared_ptr<void> m_transfers; ///< libcurl's connections and what goes over them
+    std::mutex m_mutex; ///< for the next two
+    std::vector<std::unique_ptr<HttpExchange>> m_added;
+    bool m_isStopped = false;
+    std::vector<std::unique_ptr<HttpExchange>> m_exchanges; ///< the thread's, as is the next
+    bool m_isHttp1 = false; ///< what the server last spoke
+    std::thread m_thread;
 };

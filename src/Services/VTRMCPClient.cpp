@@ -8,10 +8,11 @@
 #include "Services/PromotionsTool.h"
 #include "Services/ServiceAddresses.h"
 
+#include <QCoroSignal>
+
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QStringDecoder>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -59,12 +60,9 @@ QString utf8Text(const QByteArray &bytes)
 /// The session that an answer to "initialize" opens; an McpError when it opens none.
 QString readSessionId(const HttpAnswer &answer)
 {
-    const auto header =
-        std::find_if(answer.headers.begin(), answer.headers.end(), [](const auto &candidate) {
-            return candidate.first.compare("mcp-session-id", Qt::CaseInsensitive) == 0;
-        });
-    if (header != answer.headers.end() && !header->second.isEmpty())
-        return QString::fromLatin1(header->second);
+    const QByteArray sessionId = answer.headers.value("mcp-session-id");
+    if (!sessionId.isEmpty())
+        return QString::fromLatin1(sessionId);
     throw McpError(McpError::Domain::Client, answer.status,
                    u"No mcp-session-id header: "_s + utf8Text(answer.body));
 }
@@ -111,8 +109,7 @@ void VTRMCPClient::shutDown()
 {
     m_isShutDown = true;
     m_transport.stop();
-    for (const auto &pause : std::exchange(m_pauses, {}))
-        pause->finish();
+    Q_EMIT isShuttingDown();
     // Awaiting tasks are resumed by posted events, and no event loop follows. The number of rounds
     // is that of the awaits inside one another, with room to spare.
     for (int round = 0; m_callsUnderWay > 0 && round < 32; ++round) {
@@ -134,31 +131,22 @@ QCoro::Task<QString> VTRMCPClient::getSessionId()
         co_return co_await running;
     }
 
-    QPromise<QString> promise;
-    promise.start();
-    m_initTask = promise.future();
-    try {
-        const QString sessionId = co_await initialize();
-        m_sessionId = sessionId;
-        m_isInitialized = true;
-        m_initTask.reset();
-        promise.addResult(sessionId);
-    } catch (...) {
-        // The failed task stays: later calls get its error without asking the server again.
-        promise.setException(McpError::current().asFinal());
-    }
-    const QFuture<QString> settled = promise.future();
-    promise.finish();
-    co_return settled.result();
-}
-
-QCoro::Task<QString> VTRMCPClient::initialize()
-{
-    const QFuture<HttpAnswer> exchange = m_transport.post(commonHeaders(), initializeBody());
-    const HttpAnswer answer = co_await exchange;
     // The body of a refusal becomes its description, and may be large.
-    const QFuture<QString> sessionId = QtConcurrent::run(&m_readerPool, readSessionId, answer);
-    co_return co_await sessionId;
+    m_initTask = m_transport.post(commonHeaders(), initializeBody())
+                     .then(&m_readerPool, [](const QFuture<HttpAnswer> &exchange) {
+                         try {
+                             return readSessionId(exchange.result());
+                         } catch (...) {
+                             throw McpError::current().asFinal();
+                         }
+                     });
+    const QFuture<QString> opening = *m_initTask;
+    // A failed task stays: later calls get its error without asking the server again.
+    const QString sessionId = co_await opening;
+    m_sessionId = sessionId;
+    m_isInitialized = true;
+    m_initTask.reset();
+    co_return sessionId;
 }
 
 QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject arguments)
@@ -166,7 +154,7 @@ QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject
     for (int repetition = 1;; ++repetition) {
         const QString sessionId = co_await getSessionId();
         HttpHeaders headers = commonHeaders();
-        headers.append({ "mcp-session-id", sessionId.toLatin1() });
+        headers.insert("mcp-session-id", sessionId.toLatin1());
         const qint64 id = m_requestId++;
         const QFuture<HttpAnswer> exchange =
             m_transport.post(headers, toolCallBody(id, name, arguments));
@@ -176,28 +164,14 @@ QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject
         m_isInitialized = false;
         m_sessionId.reset();
         m_initTask.reset();
-        const QFuture<void> pause = pauseBefore(repetition);
-        co_await pause;
+        // The first repetition is free: a session may simply have grown old.
+        if (repetition > 1 && !m_isShutDown) {
+            const std::chrono::milliseconds grown(50 << std::min(repetition, 10));
+            const auto pause =
+                qCoro(this, &VTRMCPClient::isShuttingDown, std::min(grown, m_longestPause));
+            co_await pause;
+        }
     }
-}
-
-QFuture<void> VTRMCPClient::pauseBefore(int repetition)
-{
-    const auto pause = std::make_shared<QPromise<void>>();
-    pause->start();
-    QFuture<void> end = pause->future();
-    // The first is free: a session may simply have grown old.
-    if (repetition == 1 || m_isShutDown) {
-        pause->finish();
-        return end;
-    }
-    const std::chrono::milliseconds grown(50 << std::min(repetition, 10));
-    m_pauses.append(pause);
-    QTimer::singleShot(std::min(grown, m_longestPause), this, [this, pause] {
-        m_pauses.removeOne(pause);
-        pause->finish();
-    });
-    return end;
 }
 
 QCoro::Task<JsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)

@@ -18,7 +18,6 @@
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
-#include <QPromise>
 #include <QScopeGuard>
 #include <QThreadPool>
 #include <QUrl>
@@ -77,6 +76,9 @@ public:
     /// A larger body is parsed on the thread pool.
     static constexpr qsizetype largestBodyParsedOnMainThread = 256 * 1024;
 
+Q_SIGNALS:
+    void isShuttingDown();
+
 private:
     friend struct VTRMCPClientTestAccess;
 
@@ -86,12 +88,8 @@ private:
     /// Ends every exchange and starts no other. Tasks under way end before this returns: with an
     /// error, or with their result when its body was being read already.
     void shutDown();
-    QCoro::Task<QString> initialize();
     /// The body of the first answer that is neither 400 nor 404.
     QCoro::Task<QByteArray> exchangeToolCall(QString name, QJsonObject arguments);
-    /// Ends after the pause that is due before a call is repeated for the nth time; at once when
-    /// the application quits.
-    QFuture<void> pauseBefore(int repetition);
 
     /// Calls a tool and reads its result, off the main thread when it is large.
     template<typename Record>
@@ -106,7 +104,6 @@ private:
     bool m_isShutDown = false;
     int m_callsUnderWay = 0;
     std::chrono::milliseconds m_longestPause = std::chrono::seconds(2);
-    QList<std::shared_ptr<QPromise<void>>> m_pauses; ///< that have not ended
 };
 
 template<typename Record>
