@@ -45,53 +45,48 @@ class CutReplyTest : public ClientTest
     Q_OBJECT
 
 private Q_SLOTS:
-    void calls_data()
+    void ends_data()
     {
         QTest::addColumn<ScriptedAnswer>("answer");
+        QTest::addColumn<bool>("isSession"); // or else of a tool
         QTest::addColumn<int>("spareBytes");
-        for (const char *folder : { "calendar", "flights", "status", "promotions", "guide" }) {
-            const ScriptedAnswer whole =
-                recorded(QString::fromLatin1(folder) + u"/alternative-keys.json"_s);
-            QTest::addRow("%s", folder) << whole << 0;
-            QTest::addRow("%s, in chunks", folder) << inChunks(whole) << 1;
-        }
+        const auto rows = [](const char *name, const ScriptedAnswer &whole, bool isSession) {
+            QTest::newRow(name) << whole << isSession << 0;
+            QTest::addRow("%s, in chunks", name) << inChunks(whole) << isSession << 1;
+        };
+        for (const char *folder : { "calendar", "flights", "status", "promotions", "guide" })
+            rows(folder, recorded(QString::fromLatin1(folder) + u"/alternative-keys.json"_s),
+                 false);
+        rows("initialize", ScriptedAnswer::session("s"), true);
     }
-    void calls()
+    void ends()
     {
         QFETCH(ScriptedAnswer, answer);
+        QFETCH(bool, isSession);
         QFETCH(int, spareBytes);
-        m_server->enqueue({ answer });
-        const auto result = settle(call()).value;
-        QVERIFY(result && !result->toJson().isEmpty());
+        const auto ask = [&](const ScriptedAnswer &sent) {
+            if (isSession) {
+                VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
+                m_server->onInitialize = [sent](const ReceivedRequest &) { return sent; };
+            } else {
+                m_server->enqueue({ sent });
+            }
+            return settle(call());
+        };
+        const auto result = ask(answer).value;
+        QVERIFY(result);
+        QCOMPARE(result->toJson().isEmpty(), isSession);
+        const QString failure = isSession ? closedAtStart : closed;
         const qsizetype length = answer.bytes().size();
         for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
-            m_server->enqueue({ cut(answer, cutAt) });
-            const auto outcome = settle(call());
+            const auto outcome = ask(cut(answer, cutAt));
             const bool isSpare = cutAt < length && cutAt >= length - spareBytes;
-            if (!isSpare || outcome.errorText() != closed)
-                QCOMPARE(outcome.errorText(), cutAt < length - spareBytes ? closed : QString());
+            if (!isSpare || outcome.errorText() != failure)
+                QCOMPARE(outcome.errorText(), cutAt < length - spareBytes ? failure : QString());
             QCOMPARE(outcome.value.value_or(*result).toJson(), result->toJson());
         }
-        QCOMPARE(m_server->toolCalls().size(), length + 2);
-    }
-
-    void opening()
-    {
-        for (const bool isInChunks : { false, true }) {
-            const ScriptedAnswer session = ScriptedAnswer::session("s");
-            const ScriptedAnswer answer = isInChunks ? inChunks(session) : session;
-            const qsizetype length = answer.bytes().size();
-            for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
-                VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
-                m_server->onInitialize = [&](const ReceivedRequest &) {
-                    return cut(answer, cutAt);
-                };
-                const QString text = settle(call()).errorText();
-                const bool isSpare = isInChunks && cutAt == length - 1;
-                if (!isSpare || text != closedAtStart)
-                    QCOMPARE(text, cutAt < length && !isSpare ? closedAtStart : QString());
-            }
-        }
+        if (!isSession)
+            QCOMPARE(m_server->toolCalls().size(), length + 2);
     }
 };
 
