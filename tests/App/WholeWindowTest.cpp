@@ -1,9 +1,7 @@
 #include "App/Application.h"
 #include "Services/ServiceAddresses.h"
 #include "inspect/SeenTexts.h"
-#include "inspect/WindowDriver.h"
-#include "support/ScriptedServer.h"
-#include "support/ToolAnswers.h"
+#include "support/WindowTesting.h"
 
 #include <QFontInfo>
 #include <QGuiApplication>
@@ -141,9 +139,11 @@ private:
         see(u"help"_s);
     }
 
-    /// Waits until the lines are those of the state.
+    /// Waits until the lines are those of the state. No text may read markup, which can fetch.
     void see(const QString &state)
     {
+        for (const QString &text : textsReadAsMarkup(m_driver.window()))
+            m_faults += text + u" is read as markup."_s;
         const QStringList expected = m_expected.take(u'[' + state + u']');
         QStringList seen;
         if (QTest::qWaitFor([&] { return (seen = seenLines(m_driver.window())) == expected; }))

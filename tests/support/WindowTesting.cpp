@@ -16,6 +16,17 @@ void focusAccessibly(QAccessibleInterface *node)
     node->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
 }
 
+QStringList textsReadAsMarkup(const QQuickWindow *window)
+{
+    QStringList texts;
+    WindowDriver::itemsIn(window->contentItem(), [&texts](QQuickItem *item) {
+        if (item->inherits("QQuickText") && item->property("textFormat").toInt() != Qt::PlainText)
+            texts.append(item->property("text").toString());
+        return false;
+    });
+    return texts;
+}
+
 TestWindow::TestWindow(const QByteArray &controls)
 {
     QTest::failOnWarning(QRegularExpression(u"."_s));
@@ -130,6 +141,7 @@ void WindowTest::init()
 
 void WindowTest::cleanup()
 {
+    QCOMPARE(textsReadAsMarkup(m_window->window()), QStringList());
     m_window.reset();
     QDesktopServices::unsetUrlHandler(u"https"_s);
     ClientTest::cleanup();
