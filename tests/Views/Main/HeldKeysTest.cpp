@@ -24,9 +24,7 @@ private Q_SLOTS:
         add("Return SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
         add("space SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
         add("Return cabinClass", u"0 1 0 IST"_s);
-        add("space cabinClass", u"0 1 0 IST"_s);
         add("Return departureDate", u"0 1 0 IST"_s);
-        add("space departureDate", u"0 1 0 IST"_s);
         add("Return QuickRouteButton", u"0 0 2 IST"_s, u"0 0 4 IST"_s);
         add("space searchButton", u"0 0 2 IST"_s, u"0 0 4 IST"_s);
         add("space swapButton", u"0 0 0 LHR"_s);

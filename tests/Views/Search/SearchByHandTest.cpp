@@ -124,70 +124,35 @@ private Q_SLOTS:
 
     void everyChoiceAsSeenAndAsSent()
     {
-        const auto adults = [](int number) {
-            return QJsonArray { QJsonObject { { u"passengerType"_s, u"ADT"_s },
-                                              { u"quantity"_s, number } } };
-        };
-        const QString tripTypes = u"Tek Yön · Gidiş - Dönüş"_s;
-        waitForTheCalendar();
-        QStringList shown { u"Economy Class"_s, u"2 Haftalık Fiyatlar"_s, u"1 Yetişkin"_s };
-        // Where the choice is shown, in which order the choices come, and what each is on the wire.
+        // In which order the choices come, and what each is on the wire.
         using Choices = QList<std::pair<QString, QJsonValue>>;
-        const auto tryAll = [&](qsizetype place, const QString &tool, const QString &argument,
-                                const Choices &choices) {
+        const auto tryAll = [this](const QString &menu, const QString &tool,
+                                   const QString &argument, const Choices &choices) {
             QStringList titles;
             for (const auto &choice : choices)
                 titles.append(choice.first);
             for (const auto &[title, sent] : choices) {
-                m_window->click(m_window->saying(shown.at(place)));
+                m_window->click(m_window->named(menu));
                 QTRY_COMPARE(seenLines(m_window->window()).join(u'|'), titles.join(u'|'));
                 m_window->click(m_window->saying(title));
-                shown[place] = title;
-                expectSeen(tripTypes + u" | "_s + shown.join(u" | "_s));
-                QCOMPARE(search(tool).value(argument), sent);
+                QTRY_COMPARE(m_window->textOf(menu), title);
+                const QJsonValue value = search(tool).value(argument);
+                QCOMPARE(value.isArray() ? value[0]["quantity"_L1] : value, sent);
             }
         };
-        tryAll(0, calendarTool, u"cabinClass"_s,
+        waitForTheCalendar();
+        tryAll(u"cabinClass"_s, calendarTool, u"cabinClass"_s,
                { { u"Economy Class"_s, u"ECONOMY"_s }, { u"Business Class"_s, u"BUSINESS"_s } });
-        tryAll(1, calendarTool, u"timeRange"_s,
+        tryAll(u"timeRange"_s, calendarTool, u"timeRange"_s,
                { { u"1 Haftalık Fiyatlar"_s, u"1_WEEK"_s },
                  { u"2 Haftalık Fiyatlar"_s, u"2_WEEKS"_s },
                  { u"3 Haftalık Fiyatlar"_s, u"3_WEEKS"_s },
                  { u"1 Aylık (En Geniş)"_s, u"4_WEEKS"_s } });
-        tryAll(2, flightsTool, u"passengers"_s,
-               { { u"1 Yetişkin"_s, adults(1) },
-                 { u"2 Yetişkin"_s, adults(2) },
-                 { u"3 Yetişkin"_s, adults(3) },
-                 { u"4 Yetişkin"_s, adults(4) } });
-    }
-
-    void routesAsSeenAndAsSent()
-    {
-        const auto expect = [this](const QString &route, const QString &sent) {
-            expectSeen(route);
-            QTRY_VERIFY(!m_window->viewModel()->isLoading());
-            const QJsonObject arguments = lastQuestion(flightsTool);
-            QCOMPARE(arguments["from"_L1].toString() + u"–"_s + arguments["to"_L1].toString(),
-                     sent);
-        };
-        const QString ist = u"Kalkış Yeri / IST / • Istanbul Airport | Varış Yeri / "_s;
-        const QString saw =
-            u"Kalkış Yeri / SAW / • Sabiha Gokcen Airport | Varış Yeri / AYT / • Antalya Airport"_s;
-        for (const auto &[route, seen] :
-             { std::pair(u"IST → JFK"_s, ist + u"JFK / • John F. Kennedy Airport"_s),
-               { u"IST → CDG"_s, ist + u"CDG / • Charles de Gaulle Airport"_s },
-               { u"IST → DXB"_s, ist + u"DXB / • Dubai International Airport"_s },
-               { u"IST → FRA"_s, ist + u"FRA / • Frankfurt Airport"_s },
-               { u"IST → LHR"_s, ist + u"LHR / • Heathrow Airport"_s },
-               { u"SAW → AYT"_s, saw } }) {
-            m_window->click(m_window->called(route + u" uçuşlarını ara"_s));
-            expect(seen, QString(route).replace(u" → "_s, u"–"_s));
-        }
-        m_window->click(m_window->called(u"Kalkış ve varışı değiştir"_s));
-        m_window->viewModel()->startSearchAll();
-        expect(
-            u"Kalkış Yeri / AYT / • Antalya Airport | Varış Yeri / SAW / • Sabiha Gokcen Airport"_s,
-            u"AYT–SAW"_s);
+        tryAll(u"passengers"_s, flightsTool, u"passengers"_s,
+               { { u"1 Yetişkin"_s, 1 },
+                 { u"2 Yetişkin"_s, 2 },
+                 { u"3 Yetişkin"_s, 3 },
+                 { u"4 Yetişkin"_s, 4 } });
     }
 
     void daysAsSeenAndAsSent()
@@ -227,8 +192,6 @@ private Q_SLOTS:
         const QJsonObject oneWay = search(flightsTool);
         QCOMPARE(oneWay["tripType"_L1].toString(), u"one_way"_s);
         QVERIFY(!oneWay.contains(u"returnDate"_s));
-        expectSeen(QLocale(QLocale::Turkish)
-                       .toString(QDate::currentDate().addDays(-1), u"d MMMM yyyy dddd"_s));
     }
 
 private:
