@@ -178,9 +178,16 @@ private:
             m_faults += u"Escape did not close the sheet."_s;
     }
 
+    /// When it stands still: what has just come is still being laid out.
     void click(const QString &text)
     {
-        if (QTest::qWaitFor([&] { return m_driver.saying(text) != nullptr; }))
+        QPointF place(-1, -1);
+        const auto standsStill = [&] {
+            const QQuickItem *item = m_driver.saying(text);
+            const QPointF last = place;
+            return item && (place = item->mapToScene(QPointF())) == last;
+        };
+        if (QTest::qWaitFor(standsStill))
             m_driver.click(m_driver.saying(text));
         else
             m_faults += u"\"%1\" is not seen."_s.arg(text);
