@@ -24,15 +24,20 @@ QString formatted(double amount, const QString &currencyCode)
 {
     if (currencyCode.size() != 3)
         return {};
+    // Making a formatter takes ten times as long as a text, and one answer has one currency.
+    thread_local icu::number::LocalizedNumberFormatter formatter;
+    thread_local QString madeFor;
     UErrorCode status = U_ZERO_ERROR;
-    const icu::UnicodeString text =
-        icu::number::NumberFormatter::withLocale(
-            icu::Locale::forLanguageTag(languageTag().toStdString(), status))
-            .unit(icu::CurrencyUnit(icu::ConstChar16Ptr(currencyCode.utf16()), status))
-            .precision(icu::number::Precision::integer())
-            .roundingMode(UNUM_ROUND_HALFEVEN)
-            .formatDouble(amount, status)
-            .toString(status);
+    const QString language = languageTag();
+    if (const QString wanted = language + u' ' + currencyCode; madeFor != wanted) {
+        formatter = icu::number::NumberFormatter::withLocale(
+                        icu::Locale::forLanguageTag(language.toStdString(), status))
+                        .unit(icu::CurrencyUnit(icu::ConstChar16Ptr(currencyCode.utf16()), status))
+                        .precision(icu::number::Precision::integer())
+                        .roundingMode(UNUM_ROUND_HALFEVEN);
+        madeFor = U_SUCCESS(status) ? wanted : QString();
+    }
+    const icu::UnicodeString text = formatter.formatDouble(amount, status).toString(status);
     return U_FAILURE(status) ? QString() : QString::fromUtf16(text.getBuffer(), text.length());
 }
 
