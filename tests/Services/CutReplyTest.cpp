@@ -2,23 +2,10 @@
 #include "support/ServerFaults.h"
 #include "support/ToolAnswers.h"
 
-#include <QFile>
-#include <QJsonDocument>
-
 using namespace Qt::StringLiterals;
 using namespace ServerFaults;
 
 namespace {
-
-/// The reply of a data file, small enough to be cut everywhere.
-ScriptedAnswer recorded(const QString &file)
-{
-    QFile data(QFINDTESTDATA(u"data/"_s + file));
-    if (!data.open(QIODevice::ReadOnly))
-        qFatal("No data file %s", qPrintable(file));
-    return ScriptedAnswer::content(
-        QJsonDocument::fromJson(data.readAll()).object().value("reply"_L1).toObject());
-}
 
 ScriptedAnswer inChunks(const ScriptedAnswer &answer)
 {
@@ -54,9 +41,11 @@ private Q_SLOTS:
             QTest::newRow(name) << whole << isSession << 0;
             QTest::addRow("%s, in chunks", name) << inChunks(whole) << isSession << 1;
         };
-        for (const char *folder : { "calendar", "flights", "status", "promotions", "guide" })
-            rows(folder, recorded(QString::fromLatin1(folder) + u"/alternative-keys.json"_s),
+        const QJsonObject answers = knownAnswers();
+        for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
+            rows(qPrintable(answer.key()), ScriptedAnswer::content(answer.value().toObject()),
                  false);
+        }
         rows("initialize", ScriptedAnswer::session("s"), true);
     }
     void ends()

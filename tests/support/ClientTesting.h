@@ -54,7 +54,11 @@ struct Outcome
     std::function<void()> whenEnded = [] {};
 
     bool hasEnded() const { return value || error; }
-    QString errorText() const { return error ? error->localizedDescription() : QString(); }
+    QString errorText() const
+    {
+        const QString otherwise = hasEnded() ? QString() : QStringLiteral("It has not ended.");
+        return error ? error->localizedDescription() : otherwise;
+    }
 };
 
 template<typename T>
