@@ -1,7 +1,7 @@
 #include "inspect/SeenTexts.h"
 
+#include "Controls/Accessibility/AccessibleTree.h"
 #include "Controls/Accessibility/QtInternals.h"
-#include "Controls/Accessibility/TopLayer.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -98,7 +98,7 @@ Seen read(const QQuickItem *item, QRectF view, qreal opacity)
 
 Seen readAll(const QQuickWindow *window)
 {
-    return read(TopLayer::of(window), QRectF(0, 0, window->width(), window->height()), 1);
+    return read(AccessibleTree::top(window), QRectF(0, 0, window->width(), window->height()), 1);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "inspect/WindowDriver.h"
 
-#include "Controls/Accessibility/TopLayer.h"
+#include "Controls/Accessibility/AccessibleTree.h"
 
 #include <QTest>
 
@@ -63,7 +63,7 @@ QQuickItem *WindowDriver::saying(const QString &text) const
     const auto says = [&text](QQuickItem *item) {
         return item->inherits("QQuickText") && item->property("text") == text;
     };
-    return itemsIn(TopLayer::of(m_window), says).value(0);
+    return itemsIn(AccessibleTree::top(m_window), says).value(0);
 }
 
 void WindowDriver::click(QQuickItem *item) const

@@ -1,24 +1,6 @@
 #include "Controls/Accessibility/QtInternals.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
-
-QtInternals::Kind QtInternals::kindOf(const QString &className)
-{
-    static constexpr std::array kinds {
-        std::pair("QQuickApplicationWindow", Kind::Window),
-        std::pair("QQuickPopupItem", Kind::PopupItem),
-        std::pair("QQuickText", Kind::Text),
-        std::pair("QQuickAbstractButton", Kind::Control),
-        std::pair("QQuickComboBox", Kind::Control),
-    };
-    for (const auto &[name, kind] : kinds) {
-        if (className == QLatin1StringView(name))
-            return kind;
-    }
-    return Kind::Other;
-}
 
 QObject *QtInternals::accessibleAttached(const QQuickItem *item)
 {
@@ -38,5 +20,3 @@ const QObject *QtInternals::popupOf(const QQuickItem *item)
 {
     return item->inherits("QQuickPopupItem") ? item->parent() : nullptr;
 }
-
-bool QtInternals::isMenu(const QObject *popup) { return popup->inherits("QQuickMenu"); }

@@ -1,6 +1,6 @@
 #include "Controls/Accessibility/Speech.h"
 
-#include "Controls/Accessibility/SpokenItem.h"
+#include "Controls/Accessibility/AccessibleLeaf.h"
 #include "Controls/Look/ShownText.h"
 
 #include <QAccessible>
@@ -14,10 +14,10 @@ namespace {
 
 /// A text that is read out when it appears. Its parent is the window, but it is not among the
 /// window's children.
-class SpokenMessage : public SpokenLeaf
+class Announcement : public AccessibleLeaf
 {
 public:
-    SpokenMessage(QWindow *window, const QString &text)
+    Announcement(QWindow *window, const QString &text)
         : m_window(window)
         , m_text(text)
     { }
@@ -55,7 +55,7 @@ void Speech::say(const QString &text)
     if (QAccessible::accessibleInterface(id))
         QAccessible::deleteAccessibleInterface(id);
     id = QAccessible::registerAccessibleInterface(
-        new SpokenMessage(window, ShownText::of(text, false)));
+        new Announcement(window, ShownText::of(text, false)));
     QAccessibleEvent event(QAccessible::accessibleInterface(id), QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&event);
 }

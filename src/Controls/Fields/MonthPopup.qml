@@ -46,7 +46,7 @@ Popup {
     }
     onClosed: focusReturn.restore()
     // A day of another month may stand in the same place.
-    onCursorChanged: days.sayCurrentRow()
+    onCursorChanged: days.announceCurrentRow()
 
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.hoverDuration }
@@ -59,7 +59,7 @@ Popup {
         id: focusReturn
     }
 
-    SpokenDialog {
+    FocusScope {
         id: view
 
         objectName: "monthView"
@@ -149,7 +149,7 @@ Popup {
                 }
             }
 
-            SpokenList {
+            AccessibleList {
                 id: days
 
                 implicitWidth: grid.implicitWidth

@@ -53,7 +53,7 @@ T.Dialog {
         shadowRadius: 30
         shadowOffset: 12
     }
-    contentItem: SpokenDialog {
+    contentItem: FocusScope {
         focus: true
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title

@@ -3,13 +3,16 @@ import QtQuick.Templates as T
 import Vantora.Controls
 
 /// A window in which the style's rules hold: a held key acts once, Tab goes on from a control that
-/// was disabled, and a tool tip shows what is cut short.
+/// was disabled, a tool tip shows what is cut short, and assistive technology has what a user can
+/// reach.
 T.ApplicationWindow {
     id: window
 
     readonly property alias isAltHeld: keys.isAltHeld
 
     color: VTRTheme.background
+
+    AccessibleTree {}
 
     WindowKeys {
         id: keys

@@ -103,7 +103,7 @@ T.ComboBox {
         }
     }
 
-    component Rows: SpokenList {
+    component Rows: AccessibleList {
         id: rows
 
         required property T.ComboBox control

@@ -12,6 +12,7 @@ T.MenuBar {
     implicitHeight: contentHeight + topPadding + bottomPadding
     leftPadding: 20
     topPadding: 4
+    Accessible.role: Accessible.MenuBar
     Accessible.name: "Menü çubuğu"
 
     background: Rectangle {

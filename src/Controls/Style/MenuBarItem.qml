@@ -22,7 +22,6 @@ T.MenuBarItem {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     horizontalPadding: 8
     verticalPadding: 4
-    Accessible.role: Accessible.MenuItem
     Accessible.name: text.replace("&", "")
     Accessible.onPressAction: item.menu.open()
 

@@ -70,7 +70,7 @@ VTRCard {
             }
         }
 
-        SpokenList {
+        AccessibleList {
             id: days
 
             Layout.fillWidth: true

@@ -14,7 +14,7 @@ VTRCard {
     /// All that the card shows, in words.
     readonly property string spokenStatus: FlightStatusFormat.spokenStatus(result)
 
-    SpokenWhole {
+    Item {
         width: parent.width
         height: rows.implicitHeight
         Accessible.role: Accessible.StaticText

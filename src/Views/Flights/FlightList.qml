@@ -39,7 +39,7 @@ FocusScope {
         rowCount: Math.ceil(area.page.height / area.cardPitch) + 1
     }
 
-    SpokenList {
+    AccessibleList {
         anchors.fill: parent
         Accessible.name: "Uçuşlar"
         count: area.count

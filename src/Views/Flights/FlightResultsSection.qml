@@ -27,7 +27,6 @@ VTRCard {
     component HeadingText: PlainText {
         font.pixelSize: 18
         font.weight: Font.Bold
-        Accessible.ignored: true
     }
 
     /// Tells what is under way, or what came of it.

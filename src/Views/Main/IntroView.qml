@@ -9,11 +9,6 @@ Column {
         family: VTRTheme.fontFamily, pixelSize: 26, weight: Font.ExtraBold
     })
 
-    component Heading: PlainText {
-        // The whole line is told as one.
-        Accessible.ignored: true
-    }
-
     spacing: VTRTheme.spacing
 
     Row {
@@ -21,7 +16,7 @@ Column {
         Accessible.role: Accessible.Heading
         Accessible.name: "Tarihlere Göre En Ucuz Uçuşları Keşfedin"
 
-        Heading {
+        PlainText {
             font: intro.headingFont
             text: "Tarihlere Göre"
         }
@@ -33,7 +28,7 @@ Column {
             endColor: VTRTheme.redGradient.end
         }
 
-        Heading {
+        PlainText {
             font: intro.headingFont
             text: "Keşfedin"
         }

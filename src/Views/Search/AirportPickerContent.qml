@@ -23,7 +23,7 @@ FocusScope {
 
     function tellRow() {
         isInRows = true;
-        rows.sayCurrentRow();
+        rows.announceCurrentRow();
     }
 
     /// Moves in the list; false for a key that does not. Home and End are the text's until the arrows
@@ -122,7 +122,7 @@ FocusScope {
         }
     }
 
-    SpokenList {
+    AccessibleList {
         id: rows
 
         anchors.top: top.bottom

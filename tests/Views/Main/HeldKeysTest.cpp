@@ -21,8 +21,8 @@ private Q_SLOTS:
         };
         add("Return FlightList", u"1 0 0 IST"_s, u"2 0 0 IST"_s);
         add("space FlightList", u"1 0 0 IST"_s, u"2 0 0 IST"_s);
-        add("Return SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
-        add("space SpokenList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
+        add("Return AccessibleList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
+        add("space AccessibleList", u"0 0 1 IST"_s, u"0 0 2 IST"_s);
         add("Return cabinClass", u"0 1 0 IST"_s);
         add("Return departureDate", u"0 1 0 IST"_s);
         add("Return QuickRouteButton", u"0 0 2 IST"_s, u"0 0 4 IST"_s);

@@ -30,7 +30,7 @@ private Q_SLOTS:
         QTRY_COMPARE(barHeight(0) / barHeight(13), 4000.0 / 5300.0);
         QCOMPARE(questions().size(), 2);
 
-        m_window->press("Home Right Return", u"SpokenList"_s);
+        m_window->press("Home Right Return", u"AccessibleList"_s);
         QCOMPARE(m_window->viewModel()->selectedDate(), u"2026-12-02"_s);
         QCOMPARE(m_window->item(u"DayStrip"_s)->property("currentIndex"), 1);
         QVERIFY(m_window->waitForSearch());

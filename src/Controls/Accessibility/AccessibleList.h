@@ -8,15 +8,15 @@
 
 /// Makes a view one list for assistive technology: how many rows it has, in which order, and
 /// which of them has the keyboard, whichever of them exist as items. The view lies inside it, and
-/// its items are ignored. While `isActive`, each move of `currentRow` is spoken.
+/// its items are no part of the tree. While `isActive`, each move of `currentRow` is announced.
 ///
 /// `Accessible.name` says what the list holds.
-class SpokenList : public QQuickItem
+class AccessibleList : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int count MEMBER m_count NOTIFY countChanged)
-    /// A function that returns what is said of a row.
+    /// A function that returns the accessible name of a row.
     Q_PROPERTY(QJSValue textOf MEMBER m_textOf WRITE setTextOf REQUIRED)
     /// A function that returns the item that shows a row; null where there is none.
     Q_PROPERTY(QJSValue itemOf MEMBER m_itemOf WRITE setItemOf REQUIRED)
@@ -29,7 +29,7 @@ class SpokenList : public QQuickItem
 
 public:
     using QQuickItem::QQuickItem;
-    ~SpokenList() override;
+    ~AccessibleList() override;
 
     int count() const { return m_count; }
     void setTextOf(const QJSValue &function) { m_textOf = function; }
@@ -44,12 +44,11 @@ public:
     QQuickItem *itemOfRow(int row) const;
     /// Null for a row that there is not.
     QAccessibleInterface *row(int row);
-    /// -1 for an interface that is no row.
-    static int rowOf(const QAccessibleInterface *node);
+    QAccessibleInterface *makeInterface();
 
-    /// Says the current row again, as after a change of its text. It is said once, when everything
-    /// that goes with the change has been done.
-    Q_INVOKABLE void sayCurrentRow();
+    /// Announces the current row again, as after a change of its text: once, when everything that
+    /// goes with the change has been done.
+    Q_INVOKABLE void announceCurrentRow();
 
 Q_SIGNALS:
     void countChanged();
@@ -71,5 +70,5 @@ private:
     int m_currentRow = -1;
     int m_selectedRow = -1;
     bool m_isActive = false;
-    bool m_isSaying = false;
+    bool m_isAnnouncing = false;
 };

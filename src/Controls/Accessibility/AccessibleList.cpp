@@ -1,7 +1,8 @@
-#include "Controls/Accessibility/SpokenList.h"
+#include "Controls/Accessibility/AccessibleList.h"
 
-#include "Controls/Accessibility/SpokenItem.h"
-#include "Controls/Accessibility/TopLayer.h"
+#include "Controls/Accessibility/AccessibleItem.h"
+#include "Controls/Accessibility/AccessibleLeaf.h"
+#include "Controls/Accessibility/AccessibleTree.h"
 #include "Controls/Look/ShownText.h"
 
 #include <QPointer>
@@ -9,10 +10,10 @@
 
 namespace {
 
-class SpokenRow : public SpokenLeaf, public QAccessibleActionInterface
+class AccessibleRow : public AccessibleLeaf, public QAccessibleActionInterface
 {
 public:
-    SpokenRow(SpokenList *rows, int row)
+    AccessibleRow(AccessibleList *rows, int row)
         : m_rows(rows)
         , m_row(row)
     { }
@@ -37,7 +38,7 @@ public:
     QRect rect() const override
     {
         const QQuickItem *item = isValid() ? m_rows->itemOfRow(m_row) : nullptr;
-        return item ? Spoken::screenRect(item) : QRect();
+        return item ? AccessibleTree::screenRect(item) : QRect();
     }
 
     QAccessible::State state() const override
@@ -47,7 +48,7 @@ public:
             state.invalid = true;
             return state;
         }
-        state = Spoken::baseState(m_rows);
+        state = AccessibleTree::stateOf(m_rows);
         state.offscreen = !m_rows->window() || !m_rows->window()->geometry().intersects(rect());
         state.focusable = state.selectable = true;
         state.focused = m_rows->isActive() && m_rows->currentRow() == m_row;
@@ -66,7 +67,7 @@ public:
 
     void doAction(const QString &action) override
     {
-        if (!isValid() || !m_rows->isEnabled() || !TopLayer::holds(m_rows))
+        if (!isValid() || !m_rows->isEnabled() || !AccessibleTree::isReachable(m_rows))
             return;
         if (action == pressAction())
             Q_EMIT m_rows->rowPressed(m_row);
@@ -77,71 +78,88 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
-    QPointer<SpokenList> m_rows;
+    QPointer<AccessibleList> m_rows;
     int m_row;
+};
+
+class AccessibleListInterface : public AccessibleItem
+{
+public:
+    explicit AccessibleListInterface(AccessibleList *list)
+        : AccessibleItem(list)
+        , m_list(list)
+    { }
+
+    QAccessible::Role role() const override { return QAccessible::List; }
+    QAccessibleInterface *child(int index) const override { return m_list->row(index); }
+    int childCount() const override { return m_list->count(); }
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        const auto *row = dynamic_cast<const AccessibleRow *>(child);
+        return row ? row->row() : -1;
+    }
+
+private:
+    AccessibleList *m_list;
 };
 
 } // namespace
 
-SpokenList::~SpokenList()
+AccessibleList::~AccessibleList()
 {
     for (const QAccessible::Id id : std::as_const(m_rows))
         QAccessible::deleteAccessibleInterface(id);
 }
 
-void SpokenList::setCurrentRow(int row)
+void AccessibleList::setCurrentRow(int row)
 {
     if (m_currentRow == row)
         return;
     m_currentRow = row;
     Q_EMIT currentRowChanged();
-    sayCurrentRow();
+    announceCurrentRow();
 }
 
-void SpokenList::setActive(bool isActive)
+void AccessibleList::setActive(bool isActive)
 {
     if (m_isActive == isActive)
         return;
     m_isActive = isActive;
     Q_EMIT isActiveChanged();
-    sayCurrentRow();
+    announceCurrentRow();
 }
 
-QString SpokenList::textOfRow(int row) const { return m_textOf.call({ row }).toString(); }
+QString AccessibleList::textOfRow(int row) const { return m_textOf.call({ row }).toString(); }
 
-QQuickItem *SpokenList::itemOfRow(int row) const
+QQuickItem *AccessibleList::itemOfRow(int row) const
 {
     return qobject_cast<QQuickItem *>(m_itemOf.call({ row }).toQObject());
 }
 
-int SpokenList::rowOf(const QAccessibleInterface *node)
-{
-    const auto *spokenRow = dynamic_cast<const SpokenRow *>(node);
-    return spokenRow ? spokenRow->row() : -1;
-}
+QAccessibleInterface *AccessibleList::makeInterface() { return new AccessibleListInterface(this); }
 
-QAccessibleInterface *SpokenList::row(int row)
+QAccessibleInterface *AccessibleList::row(int row)
 {
     if (row < 0 || row >= m_count)
         return nullptr;
     QAccessible::Id &id = m_rows[row];
     if (QAccessibleInterface *known = id ? QAccessible::accessibleInterface(id) : nullptr)
         return known;
-    id = QAccessible::registerAccessibleInterface(new SpokenRow(this, row));
+    id = QAccessible::registerAccessibleInterface(new AccessibleRow(this, row));
     return QAccessible::accessibleInterface(id);
 }
 
-void SpokenList::sayCurrentRow()
+void AccessibleList::announceCurrentRow()
 {
-    if (m_isSaying || !m_isActive || !QAccessible::isActive())
+    if (m_isAnnouncing || !m_isActive || !QAccessible::isActive())
         return;
-    m_isSaying = true;
-    QMetaObject::invokeMethod(this, &SpokenList::reportCurrentRow, Qt::QueuedConnection);
+    m_isAnnouncing = true;
+    QMetaObject::invokeMethod(this, &AccessibleList::reportCurrentRow, Qt::QueuedConnection);
 }
 
-void SpokenList::reportCurrentRow()
+void AccessibleList::reportCurrentRow()
 {
-    m_isSaying = false;
+    m_isAnnouncing = false;
     QAccessibleInterface *current = m_isActive ? row(m_currentRow) : nullptr;
     if (!current)
         return;
