@@ -40,7 +40,7 @@ Button {
 
     function step(days: int) {
         edited(DateEditing.addDays(value, days));
-        Speech.say(DateEditing.fullText(value));
+        ScreenReader.announce(DateEditing.fullText(value));
     }
 
     background: FieldSurface {

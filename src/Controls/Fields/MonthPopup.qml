@@ -30,7 +30,7 @@ Popup {
     function showMonth(step: int) {
         cursor = DateEditing.addMonths(cursor, step);
         if (!days.activeFocus)
-            Speech.say(DateEditing.monthText(cursor));
+            ScreenReader.announce(DateEditing.monthText(cursor));
     }
 
     x: 0

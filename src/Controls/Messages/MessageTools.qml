@@ -26,7 +26,7 @@ Row {
         onClicked: {
             Clipboard.copy(tools.text);
             justCopied.restart();
-            Speech.say(text);
+            ScreenReader.announce(text);
         }
     }
 

@@ -41,9 +41,9 @@ T.ComboBox {
     /// arrows make in a closed one is read out.
     function announceChoice() {
         if (!wasOpen)
-            Speech.say(displayText + ", " + (currentIndex + 1) + " / " + count);
+            ScreenReader.announce(displayText + ", " + (currentIndex + 1) + " / " + count);
         else if (activeFocus)
-            Speech.focus(box);
+            ScreenReader.focus(box);
         wasOpen = false;
     }
 

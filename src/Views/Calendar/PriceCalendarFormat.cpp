@@ -57,8 +57,8 @@ QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
     return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
 }
 
-QString PriceCalendarFormat::spokenDay(CountedListModel *days, int row,
-                                       const QString &currency) const
+QString PriceCalendarFormat::accessibleName(CountedListModel *days, int row,
+                                            const QString &currency) const
 {
     const auto price = days->index(row).data(Qt::UserRole).value<DailyPrice>();
     QStringList parts;

@@ -31,7 +31,6 @@ public:
     Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
     /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.
     Q_INVOKABLE QString bestPriceText(const BestPrice &best, const QString &calendarCurrency) const;
-    /// What a screen reader says of the day in `row` of `days`: "5 Ara Cumartesi, 4850 TRY, en
-    /// uygun gün".
-    Q_INVOKABLE QString spokenDay(CountedListModel *days, int row, const QString &currency) const;
+    /// Of the day in `row` of `days`: "5 Ara Cumartesi, 4850 TRY, en uygun gün".
+    Q_INVOKABLE QString accessibleName(CountedListModel *days, int row, const QString &currency) const;
 };

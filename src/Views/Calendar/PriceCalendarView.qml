@@ -80,7 +80,7 @@ VTRCard {
             Layout.preferredHeight: divider.y + divider.height + 16 + calendar.tileHeight + 4
             Accessible.name: "Günler"
             count: strip.count
-            textOf: row => PriceCalendarFormat.spokenDay(calendar.shown.days, row, calendar.currency)
+            textOf: row => PriceCalendarFormat.accessibleName(calendar.shown.days, row, calendar.currency)
             itemOf: row => strip.itemAtIndex(row)
             currentRow: strip.currentIndex
             selectedRow: strip.selectedIndex

@@ -17,7 +17,7 @@ ScrollSheetContent {
     hasDivider: false
     onActiveTabChanged: page.scrollTo(0)
     // That it loads is read with the sheet, which has just opened.
-    onIsLoadingChanged: if (!isLoading) Speech.say(viewModel.guideInfo.city + " rehberi yüklendi")
+    onIsLoadingChanged: if (!isLoading) ScreenReader.announce(viewModel.guideInfo.city + " rehberi yüklendi")
     Component.onCompleted: {
         viewModel.startLoading(destinationCode);
         tabBar.currentSegment.focus = true;

@@ -18,7 +18,7 @@ QString FlightStatusFormat::estimateText(const QString &scheduled, const QString
     return estimated.isEmpty() || estimated == scheduled ? QString() : u"Tahmini: "_s + estimated;
 }
 
-QString FlightStatusFormat::spokenStatus(const FlightStatusResult &result) const
+QString FlightStatusFormat::accessibleName(const FlightStatusResult &result) const
 {
     const QString departureEstimate =
         estimateText(result.scheduledDeparture, result.estimatedDepartureText());

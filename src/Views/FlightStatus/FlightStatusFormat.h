@@ -17,6 +17,6 @@ public:
 
     /// "Tahmini: 12:05"; empty when nothing else is expected than what is scheduled.
     Q_INVOKABLE QString estimateText(const QString &scheduled, const QString &estimated) const;
-    /// What a screen reader says of the flight: number, status, airports and times, places.
-    Q_INVOKABLE QString spokenStatus(const FlightStatusResult &result) const;
+    /// The whole card, for assistive technology: number, status, airports and times, places.
+    Q_INVOKABLE QString accessibleName(const FlightStatusResult &result) const;
 };

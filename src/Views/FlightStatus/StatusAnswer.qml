@@ -14,16 +14,17 @@ ColumnLayout {
     readonly property string errorMessage: viewModel.errorMessage
     readonly property bool hasNothing: !viewModel.hasResult && !isLoading
 
-    /// Tells what is under way, or what came of it.
-    function tell() {
-        Speech.say(isLoading ? loading.text
-                             : viewModel.hasErrorMessage ? error.heading + ". " + errorMessage : card.spokenStatus);
+    /// Announces what is under way, or what came of it.
+    function announce() {
+        ScreenReader.announce(isLoading ? loading.text
+                                        : viewModel.hasErrorMessage ? error.heading + ". " + errorMessage
+                                                                    : card.accessibleName);
     }
 
     spacing: VTRTheme.padding
-    onIsLoadingChanged: tell()
+    onIsLoadingChanged: announce()
     // Refused before it was asked.
-    onErrorMessageChanged: if (!isLoading && viewModel.hasErrorMessage) tell()
+    onErrorMessageChanged: if (!isLoading && viewModel.hasErrorMessage) announce()
 
     ErrorBanner {
         objectName: "statusErrorBanner"

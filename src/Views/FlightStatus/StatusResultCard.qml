@@ -12,13 +12,13 @@ VTRCard {
     readonly property color statusColor: result.isDelayed ? VTRTheme.vtrRed
                                                           : result.isInAir ? VTRTheme.blue : VTRTheme.bestGreen
     /// All that the card shows, in words.
-    readonly property string spokenStatus: FlightStatusFormat.spokenStatus(result)
+    readonly property string accessibleName: FlightStatusFormat.accessibleName(result)
 
     Item {
         width: parent.width
         height: rows.implicitHeight
         Accessible.role: Accessible.StaticText
-        Accessible.name: card.spokenStatus
+        Accessible.name: card.accessibleName
 
         ColumnLayout {
             id: rows

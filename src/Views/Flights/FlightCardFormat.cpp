@@ -20,7 +20,7 @@ QString FlightCardFormat::lowSeatWarning(const FlightOption &flight) const
     return u"Son %1 Koltuk!"_s.arg(*flight.seatAvailability);
 }
 
-QString FlightCardFormat::spokenFlight(const FlightOption &flight) const
+QString FlightCardFormat::accessibleName(const FlightOption &flight) const
 {
     QStringList parts { flight.flightNumber,
                         u"%1 %2 kalkış"_s.arg(flight.origin, flight.departureTime),
@@ -36,7 +36,7 @@ QString FlightCardFormat::spokenFlight(const FlightOption &flight) const
     return parts.join(u", "_s);
 }
 
-QString FlightCardFormat::spokenCount(int flights) const
+QString FlightCardFormat::countText(int flights) const
 {
     return flights == 0 ? u"Bu tarihte tarifeli uçuş bulunamadı"_s
                         : u"%1 uçuş bulundu"_s.arg(flights);

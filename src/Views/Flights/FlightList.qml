@@ -43,7 +43,7 @@ FocusScope {
         anchors.fill: parent
         Accessible.name: "Uçuşlar"
         count: area.count
-        textOf: row => FlightCardFormat.spokenFlight(area.flights.at(row))
+        textOf: row => FlightCardFormat.accessibleName(area.flights.at(row))
         itemOf: row => {
             for (let i = 0; i < repeater.count; ++i) {
                 const card = repeater.itemAt(i); // null while it is being made

@@ -29,14 +29,15 @@ VTRCard {
         font.weight: Font.Bold
     }
 
-    /// Tells what is under way, or what came of it.
-    function tell() {
-        Speech.say(isSearching ? "Uçuşlar yükleniyor..."
-                               : viewModel.hasErrorMessage ? viewModel.errorMessage
-                                                           : FlightCardFormat.spokenCount(viewModel.filteredFlights.count));
+    /// Announces what is under way, or what came of it.
+    function announce() {
+        ScreenReader.announce(isSearching ? "Uçuşlar yükleniyor..."
+                                          : viewModel.hasErrorMessage
+                                            ? viewModel.errorMessage
+                                            : FlightCardFormat.countText(viewModel.filteredFlights.count));
     }
 
-    onIsSearchingChanged: tell()
+    onIsSearchingChanged: announce()
 
     // The flights of a search may come after another one has lowered the flag.
     Connections {
@@ -44,11 +45,11 @@ VTRCard {
 
         function onFilteredFlightsChanged() {
             if (!section.isSearching && section.viewModel.filteredFlights.areNew())
-                section.tell();
+                section.announce();
         }
         function onErrorMessageChanged() {
             if (!section.isSearching && section.viewModel.hasErrorMessage)
-                section.tell();
+                section.announce();
         }
     }
 
@@ -108,7 +109,7 @@ VTRCard {
             currentOption: section.viewModel.activeFilter
             onChosen: option => {
                 section.viewModel.applyFilter(option);
-                section.tell();
+                section.announce();
             }
         }
 

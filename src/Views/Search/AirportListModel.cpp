@@ -41,7 +41,7 @@ QString AirportListModel::codeAt(int row) const
     return row >= 0 && row < m_matches.size() ? m_matches.at(row).code : QString();
 }
 
-QString AirportListModel::spokenAt(int row) const
+QString AirportListModel::accessibleName(int row) const
 {
     if (row < 0 || row >= m_matches.size())
         return {};

@@ -23,8 +23,8 @@ public:
     /// The row of the airport with this code; -1 when it is not among the matches.
     Q_INVOKABLE int rowOf(const QString &code) const;
     Q_INVOKABLE QString codeAt(int row) const;
-    /// What a screen reader says of the airport: everything that its row shows.
-    Q_INVOKABLE QString spokenAt(int row) const;
+    /// Everything that the row shows, for assistive technology.
+    Q_INVOKABLE QString accessibleName(int row) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

@@ -21,7 +21,7 @@ FocusScope {
     /// The arrows moved last: a screen reader follows them through the rows, until something is typed.
     property bool isInRows: false
 
-    function tellRow() {
+    function announceRow() {
         isInRows = true;
         rows.announceCurrentRow();
     }
@@ -47,7 +47,7 @@ FocusScope {
     function showRow(row: int) {
         list.currentIndex = row;
         list.positionViewAtIndex(row, ListView.Contain);
-        tellRow();
+        announceRow();
     }
 
     function takeMarked() {
@@ -68,14 +68,16 @@ FocusScope {
 
     Component.onCompleted: filter("")
 
-    // What is found is told when the typing pauses.
+    // What is found is announced when the typing pauses.
     Timer {
         id: news
 
         interval: 500
-        onTriggered: Speech.say(airports.count > 0 ? airports.spokenAt(list.currentIndex) + ", " + (list.currentIndex + 1)
-                                                     + " / " + airports.count
-                                                   : nothing.heading)
+        onTriggered: {
+            const row = list.currentIndex;
+            ScreenReader.announce(airports.count > 0 ? airports.accessibleName(row) + ", " + (row + 1) + " / " + airports.count
+                                                     : nothing.heading);
+        }
     }
 
     AirportListModel {
@@ -112,7 +114,7 @@ FocusScope {
                 onTextChanged: {
                     picker.filter(text);
                     if (picker.isInRows)
-                        Speech.focus(field);
+                        ScreenReader.focus(field);
                     picker.isInRows = false;
                     news.restart();
                 }
@@ -133,7 +135,7 @@ FocusScope {
         width: parent.width - VTRTheme.padding
         Accessible.name: "Havalimanları"
         count: airports.count
-        textOf: row => airports.spokenAt(row)
+        textOf: row => airports.accessibleName(row)
         itemOf: row => list.itemAtIndex(row)
         currentRow: list.currentIndex
         selectedRow: airports.count > 0 ? airports.rowOf(picker.selectedCode) : -1

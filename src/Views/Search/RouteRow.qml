@@ -64,7 +64,7 @@ Item {
             text: "Kalkış ve varışı değiştir"
             onClicked: {
                 row.viewModel.swapAirports();
-                Speech.say(origin.text + ". " + destination.text);
+                ScreenReader.announce(origin.text + ". " + destination.text);
                 // Pressed again on the way, the airports turn back from where they are.
                 exchange.from = 1 - row.away;
                 exchange.restart();

@@ -142,7 +142,7 @@ private:
         QTRY_COMPARE(cardText(), u"VQ1983|VANTORA|"_s + text);
         QCOMPARE(m_window->named(u"statusBadge"_s)->property("color").value<QColor>(), colour);
         QCOMPARE(m_window->named(u"statusDetails"_s) != nullptr, text.contains(u"Terminal"));
-        const QString name = m_window->named(cardName)->property("spokenStatus").toString();
+        const QString name = m_window->named(cardName)->property("accessibleName").toString();
         for (const QString &part : text.split(u'|'))
             QVERIFY2(name.contains(part), qPrintable(name + u" lacks "_s + part));
     }

@@ -4,8 +4,8 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 
-/// Speaks to the users of a screen reader.
-class Speech : public QObject
+/// What a screen reader is told beside the tree.
+class ScreenReader : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
@@ -15,7 +15,7 @@ public:
     using QObject::QObject;
 
     /// Has the text read out, wherever the user is; for what happened and is seen on the screen.
-    Q_INVOKABLE static void say(const QString &text);
+    Q_INVOKABLE static void announce(const QString &text);
     /// Reports that the item has the focus, as after a menu of it has closed.
     Q_INVOKABLE static void focus(QQuickItem *item);
 };

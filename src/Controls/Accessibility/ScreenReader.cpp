@@ -1,4 +1,4 @@
-#include "Controls/Accessibility/Speech.h"
+#include "Controls/Accessibility/ScreenReader.h"
 
 #include "Controls/Accessibility/AccessibleLeaf.h"
 #include "Controls/Look/ShownText.h"
@@ -43,7 +43,7 @@ private:
 
 } // namespace
 
-void Speech::say(const QString &text)
+void ScreenReader::announce(const QString &text)
 {
     QWindow *window = QGuiApplication::focusWindow();
     if (!QAccessible::isActive() || !window || text.isEmpty())
@@ -60,7 +60,7 @@ void Speech::say(const QString &text)
     QAccessible::updateAccessibility(&event);
 }
 
-void Speech::focus(QQuickItem *item)
+void ScreenReader::focus(QQuickItem *item)
 {
     QAccessibleEvent event(item, QAccessible::Focus);
     QAccessible::updateAccessibility(&event);
