@@ -156,8 +156,8 @@ void WindowTest::find(const ScriptedAnswer &flights)
 
 void WindowTest::waitForTheCalendar() const
 {
-    QTRY_VERIFY(m_window->item(u"CalendarSlot"_s));
-    QTRY_COMPARE(m_window->item(u"CalendarSlot"_s)->property("openness"), 1.0);
+    QTRY_VERIFY(m_window->item(u"fareChart"_s));
+    QTRY_COMPARE(m_window->item(u"fareChart"_s)->property("openness"), 1.0);
 }
 
 ScriptedAnswer calendarAnswer()

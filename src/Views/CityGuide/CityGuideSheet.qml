@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Layouts
 import Vantora
 import Vantora.Controls
 
@@ -16,8 +17,58 @@ Sheet {
     sheetWidth: 560
     sheetHeight: 500
 
-    CityGuideContent {
+    ScrollSheetContent {
+        id: content
+
+        readonly property CityGuideViewModel viewModel: CityGuideViewModel {}
+        readonly property bool isLoading: viewModel.isLoading
+        /// 0 is the guide, 1 the promotions.
+        property int activeTab: 0
+
         sheet: guideSheet
-        destinationCode: guideSheet.search.destinationCode
+        symbol: "map.circle.fill"
+        hasDivider: false
+        onActiveTabChanged: page.scrollTo(0)
+        // That it loads is read with the sheet, which has just opened.
+        onIsLoadingChanged: if (!isLoading) ScreenReader.announce(viewModel.guideInfo.city + " rehberi yüklendi")
+        Component.onCompleted: {
+            viewModel.startLoading(guideSheet.search.destinationCode);
+            tabBar.currentSegment.focus = true;
+        }
+
+        headerContent: SegmentedControl {
+            id: tabBar
+
+            objectName: "guideTabs"
+            Layout.fillWidth: true
+            Accessible.name: "Rehber sekmeleri"
+            model: [content.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
+            currentIndex: content.activeTab
+            onActivated: index => content.activeTab = index
+        }
+
+        LoadingPanel {
+            objectName: "guideLoadingPanel"
+            Layout.fillWidth: true
+            visible: content.isLoading
+            padding: 50
+            text: "Rehber bilgileri yükleniyor..."
+            textSize: VTRTheme.calloutSize
+            textColor: VTRTheme.textMuted
+        }
+
+        CityGuidePage {
+            objectName: "cityGuidePage"
+            Layout.fillWidth: true
+            visible: !content.isLoading && content.activeTab === 0 && content.viewModel.hasGuideInfo
+            guide: content.viewModel.guideInfo
+        }
+
+        PromotionsPage {
+            objectName: "promotionsPage"
+            Layout.fillWidth: true
+            visible: !content.isLoading && content.activeTab === 1
+            promotions: content.viewModel.promotions
+        }
     }
 }

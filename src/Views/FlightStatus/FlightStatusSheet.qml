@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Layouts
 import Vantora
 import Vantora.Controls
 
@@ -13,7 +14,22 @@ Sheet {
     sheetWidth: 580
     sheetHeight: 480
 
-    FlightStatusContent {
+    ScrollSheetContent {
+        id: content
+
+        readonly property FlightStatusViewModel viewModel: FlightStatusViewModel {}
+
         sheet: statusSheet
+        symbol: "airplane.circle.fill"
+
+        StatusQueryRow {
+            Layout.fillWidth: true
+            viewModel: content.viewModel
+        }
+
+        StatusAnswer {
+            Layout.fillWidth: true
+            viewModel: content.viewModel
+        }
     }
 }

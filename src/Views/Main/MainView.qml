@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 import Vantora.Controls
@@ -11,6 +13,15 @@ FocusScope {
     property alias showCityGuideSheet: cityGuideSheet.isOpen
 
     Component.onCompleted: viewModel.startSearchAll()
+
+    Connections {
+        target: mainView.viewModel
+
+        function onErrorMessageChanged() {
+            if (mainView.viewModel.hasErrorMessage)
+                error.message = mainView.viewModel.errorMessage;
+        }
+    }
 
     // Keys that the controls leave alone scroll the page.
     Keys.forwardTo: [scrollPage]
@@ -54,23 +65,42 @@ FocusScope {
                 }
             }
 
-            ErrorSlot {
+            FoldingSlot {
                 id: error
 
+                /// It stays while the banner leaves.
+                property string message
+                readonly property real bannerTop: topInPage + gap
+
+                objectName: "errorSlot"
                 width: parent.width
                 page: scrollPage
                 topInPage: content.y + top.height
                 gap: content.gap
-                viewModel: mainView.viewModel
+                isOpen: mainView.viewModel.hasErrorMessage
+
+                ErrorBanner {
+                    width: error.width
+                    text: error.message
+                }
             }
 
-            CalendarSlot {
+            // The chart fades and slides in when a calendar with days arrives, and out when one without
+            // any does.
+            FoldingSlot {
+                id: chart
+
                 objectName: "fareChart"
                 width: parent.width
                 page: scrollPage
                 topInPage: error.topInPage + error.height
                 gap: content.gap
-                viewModel: mainView.viewModel
+                isOpen: mainView.viewModel.calendarPrices.count > 0
+
+                PriceCalendarView {
+                    width: chart.width
+                    viewModel: mainView.viewModel
+                }
             }
 
             Item {

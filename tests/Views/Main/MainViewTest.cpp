@@ -132,7 +132,7 @@ private Q_SLOTS:
 
         const QString reason = u"Bakımdayız. "_s.repeated(80).trimmed();
         failToFind(reason);
-        QTRY_COMPARE(m_window->item(u"ErrorSlot"_s)->property("openness"), 1.0);
+        QTRY_COMPARE(m_window->item(u"errorSlot"_s)->property("openness"), 1.0);
         m_window->layOut();
         QCOMPARE(card->mapToScene({}).y(), before);
         QVERIFY(resultsText().contains(u"önceki aramaya ait: IST–LHR"));
@@ -167,7 +167,7 @@ private Q_SLOTS:
         const QPointF before = day("CalendarTileView", 1)->mapToScene({});
         m_window->click(day("CalendarTileView", 1));
         QVERIFY(m_window->waitForSearch());
-        QTRY_COMPARE(m_window->item(u"ErrorSlot"_s)->property("openness"), 1.0);
+        QTRY_COMPARE(m_window->item(u"errorSlot"_s)->property("openness"), 1.0);
         m_window->layOut();
         QCOMPARE(day("CalendarTileView", 1)->mapToScene({}), before);
         const qreal banner = m_window->item(u"ErrorBanner"_s)->mapToItem(page(), QPointF()).y();
