@@ -79,12 +79,6 @@ QDateTime DateEditing::moved(const QDateTime &moment, int key) const
 
 int DateEditing::year(const QDateTime &moment) const { return moment.date().year(); }
 int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
-int DateEditing::day(const QDateTime &moment) const { return moment.date().day(); }
-
-bool DateEditing::isSameDay(const QDateTime &moment, const QDateTime &other) const
-{
-    return moment.date() == other.date();
-}
 
 bool DateEditing::isSameMonth(const QDateTime &moment, const QDateTime &other) const
 {

@@ -34,8 +34,6 @@ public:
     Q_INVOKABLE int year(const QDateTime &moment) const;
     /// Counts from 0.
     Q_INVOKABLE int month(const QDateTime &moment) const;
-    Q_INVOKABLE int day(const QDateTime &moment) const;
-    Q_INVOKABLE bool isSameDay(const QDateTime &moment, const QDateTime &other) const;
     Q_INVOKABLE bool isSameMonth(const QDateTime &moment, const QDateTime &other) const;
     /// Whether it lies on an earlier day; no day is earlier than an invalid one.
     Q_INVOKABLE bool isEarlier(const QDateTime &moment, const QDateTime &other) const;

@@ -5,19 +5,18 @@ import Vantora.Controls
 Button {
     id: cell
 
+    required property int index
     required property int day
     required property int month
     required property int year
     required property bool today
-    /// Where the keyboard is, with the time of day to keep.
+    /// A moment of the month shown, with the time of day to keep.
     required property date cursor
-    required property date chosen
+    required property bool isChosen
     required property date dimmedBefore
 
     readonly property date date: DateEditing.onDay(cursor, year, month, day)
     readonly property bool isShownMonth: month === DateEditing.month(cursor)
-    readonly property bool isAtCursor: isShownMonth && day === DateEditing.day(cursor)
-    readonly property bool isChosen: isShownMonth && DateEditing.isSameDay(date, chosen)
     readonly property bool isDimmed: !isShownMonth || DateEditing.isEarlier(date, dimmedBefore)
 
     implicitWidth: 36

@@ -199,9 +199,9 @@ Popup {
                         model: calendar.source
                         delegate: MonthDay {
                             cursor: monthPopup.cursor
-                            chosen: monthPopup.value
+                            isChosen: index === days.selectedRow
                             dimmedBefore: monthPopup.dimmedBefore
-                            showsFocus: isAtCursor && days.activeFocus
+                            showsFocus: index === days.currentRow && days.activeFocus
                             onClicked: monthPopup.take(date)
                         }
                     }

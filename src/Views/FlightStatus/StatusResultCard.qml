@@ -14,117 +14,110 @@ VTRCard {
     /// All that the card shows, in words.
     readonly property string accessibleName: FlightStatusFormat.accessibleName(result)
 
-    Item {
+    ColumnLayout {
         width: parent.width
-        height: rows.implicitHeight
+        spacing: 14
         Accessible.role: Accessible.StaticText
         Accessible.name: card.accessibleName
 
-        ColumnLayout {
-            id: rows
+        RowLayout {
+            spacing: VTRTheme.spacing
 
-            width: parent.width
-            spacing: 14
-
-            RowLayout {
-                spacing: VTRTheme.spacing
-
-                PlainText {
-                    Layout.maximumWidth: 200
-                    text: card.result.flightNumber
-                    elide: Text.ElideRight
-                    font.pixelSize: 20
-                    font.weight: Font.Bold
-                }
-
-                Tag {
-                    text: "VANTORA"
-                    weight: Font.Normal
-                    verticalPadding: 3
-                }
-
-                Item { Layout.fillWidth: true }
-
-                StatusBadge {
-                    objectName: "statusBadge"
-                    Layout.fillWidth: true
-                    Layout.maximumWidth: implicitWidth
-                    text: card.result.status
-                    color: card.statusColor
-                }
+            PlainText {
+                Layout.maximumWidth: 200
+                text: card.result.flightNumber
+                elide: Text.ElideRight
+                font.pixelSize: 20
+                font.weight: Font.Bold
             }
 
-            Divider {
+            Tag {
+                text: "VANTORA"
+                weight: Font.Normal
+                verticalPadding: 3
+            }
+
+            Item { Layout.fillWidth: true }
+
+            StatusBadge {
+                objectName: "statusBadge"
                 Layout.fillWidth: true
+                Layout.maximumWidth: implicitWidth
+                text: card.result.status
+                color: card.statusColor
             }
+        }
 
-            RowLayout {
-                spacing: VTRTheme.padding
+        Divider {
+            Layout.fillWidth: true
+        }
 
-                StatusRouteEnd {
-                    objectName: "statusDeparture"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    Layout.alignment: Qt.AlignTop
-                    code: card.result.originAirport
-                    city: card.result.originCity
-                    scheduled: card.result.scheduledDeparture
-                    estimated: card.result.estimatedDeparture
-                }
+        RowLayout {
+            spacing: VTRTheme.padding
 
-                Symbol {
-                    name: "airplane"
-                    size: 22
-                    color: VTRTheme.textSecondary
-                }
-
-                StatusRouteEnd {
-                    objectName: "statusArrival"
-                    Layout.fillWidth: true
-                    Layout.preferredWidth: 1
-                    Layout.alignment: Qt.AlignTop
-                    alignment: Text.AlignRight
-                    code: card.result.destinationAirport
-                    city: card.result.destinationCity
-                    scheduled: card.result.scheduledArrival
-                    estimated: card.result.estimatedArrival
-                }
-            }
-
-            Flow {
-                id: details
-
-                objectName: "statusDetails"
+            StatusRouteEnd {
+                objectName: "statusDeparture"
                 Layout.fillWidth: true
-                visible: terminal.hasValue || gate.hasValue || belt.hasValue
-                spacing: VTRTheme.spacing
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
+                code: card.result.originAirport
+                city: card.result.originCity
+                scheduled: card.result.scheduledDeparture
+                estimated: card.result.estimatedDeparture
+            }
 
-                StatusDetail {
-                    id: terminal
+            Symbol {
+                name: "airplane"
+                size: 22
+                color: VTRTheme.textSecondary
+            }
 
-                    symbol: "building.2"
-                    label: "Terminal"
-                    value: card.result.terminal
-                    widest: details.width
-                }
+            StatusRouteEnd {
+                objectName: "statusArrival"
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
+                alignment: Text.AlignRight
+                code: card.result.destinationAirport
+                city: card.result.destinationCity
+                scheduled: card.result.scheduledArrival
+                estimated: card.result.estimatedArrival
+            }
+        }
 
-                StatusDetail {
-                    id: gate
+        Flow {
+            id: details
 
-                    symbol: "door.left.hand.open"
-                    label: "Kapı"
-                    value: card.result.gate
-                    widest: details.width
-                }
+            objectName: "statusDetails"
+            Layout.fillWidth: true
+            visible: terminal.hasValue || gate.hasValue || belt.hasValue
+            spacing: VTRTheme.spacing
 
-                StatusDetail {
-                    id: belt
+            StatusDetail {
+                id: terminal
 
-                    symbol: "bag.badge.questionmark"
-                    label: "Bagaj"
-                    value: card.result.baggageBelt
-                    widest: details.width
-                }
+                symbol: "building.2"
+                label: "Terminal"
+                value: card.result.terminal
+                widest: details.width
+            }
+
+            StatusDetail {
+                id: gate
+
+                symbol: "door.left.hand.open"
+                label: "Kapı"
+                value: card.result.gate
+                widest: details.width
+            }
+
+            StatusDetail {
+                id: belt
+
+                symbol: "bag.badge.questionmark"
+                label: "Bagaj"
+                value: card.result.baggageBelt
+                widest: details.width
             }
         }
     }

@@ -85,7 +85,6 @@ Item {
                 text: card.lowSeatWarning
                 color: VTRTheme.gold
                 fillOpacity: 0.15
-                weight: Font.Bold
             }
         }
 
