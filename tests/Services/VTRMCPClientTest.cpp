@@ -19,8 +19,8 @@ private Q_SLOTS:
         const auto third = watch(VTRMCPClient::shared().getSessionId());
         QTRY_COMPARE(m_server->heldCount(), 1);
         m_server->release();
-        QVERIFY2(settle(first).value, qPrintable(settle(first).errorText()));
-        QVERIFY2(settle(second).value, qPrintable(settle(second).errorText()));
+        QCOMPARE(settle(first).errorText(), QString());
+        QCOMPARE(settle(second).errorText(), QString());
         QCOMPARE(settle(third).value.value_or(QString()), u"shared"_s);
 
         QCOMPARE(m_server->requests().size(), 3);
@@ -64,40 +64,46 @@ private Q_SLOTS:
         QCOMPARE(m_server->requests().at(1).header("Cookie"), "machine=7");
     }
 
-    void initializeAnswers()
+    void initializeAnswers_data()
     {
-        // `session` is what the call then names; without one `text` is the error's.
-        const auto answer = [this](const char *name, const ScriptedAnswer &answer,
-                                   const QByteArray &session, const QString &text = {}) {
-            m_server->onInitialize = [answer](const ReceivedRequest &) { return answer; };
-            VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
-            const qsizetype before = m_server->toolCalls().size();
-            const auto outcome = settle(call());
-            const QList<ReceivedRequest> calls = m_server->toolCalls().sliced(before);
-            if (!session.isEmpty()) {
-                QVERIFY2(outcome.value && calls.size() == 1, name);
-                QVERIFY2(calls.first().header("mcp-session-id") == session, name);
-                return;
-            }
-            QVERIFY2(outcome.error && calls.isEmpty(), name);
-            QVERIFY2(outcome.error->domain() == McpError::Domain::Client, name);
-            QVERIFY2(outcome.error->code() == answer.status, name);
-            QCOMPARE(outcome.errorText(), u"No mcp-session-id header: "_s + text);
+        QTest::addColumn<ScriptedAnswer>("answer");
+        QTest::addColumn<QByteArray>("session"); // that the call then names; empty for none
+        QTest::addColumn<QString>("text"); // of the error, when there is none
+        const auto row = [](const char *name, const ScriptedAnswer &answer,
+                            const QByteArray &session, const QString &text = {}) {
+            QTest::newRow(name) << answer << session << text;
         };
         const auto text = &ScriptedAnswer::text;
         const QByteArray anyCharacter = "!~/+=\"" + QByteArray(4000, 'x');
-        answer("mixed case", text("{}", 200).withHeader("Mcp-Session-Id", "s1"), "s1");
-        answer("server error", ScriptedAnswer::session("s1", 500), "s1");
-        answer("no JSON", text("event: x", 200).withHeader("mcp-session-id", "s1"), "s1");
-        answer("long, with every kind of character", ScriptedAnswer::session(anyCharacter),
-               anyCharacter);
-
-        answer("no header", text("bakımda", 200), "", u"bakımda"_s);
-        answer("empty header", text("boş", 200).withHeader("mcp-session-id", ""), "", u"boş"_s);
-        answer("unavailable", text("{\"a\":1}", 503), "", u"{\"a\":1}"_s);
-        answer("challenge", text("kimsin", 401).withHeader("WWW-Authenticate", "Basic realm=\"x\""),
-               "", u"kimsin"_s);
-        answer("cut UTF-8", text("caf\xc3", 200), "");
+        row("mixed case", text("{}", 200).withHeader("Mcp-Session-Id", "s1"), "s1");
+        row("server error", ScriptedAnswer::session("s1", 500), "s1");
+        row("no JSON", text("event: x", 200).withHeader("mcp-session-id", "s1"), "s1");
+        row("every kind of character", ScriptedAnswer::session(anyCharacter), anyCharacter);
+        row("no header", text("bakımda", 200), "", u"bakımda"_s);
+        row("empty header", text("boş", 200).withHeader("mcp-session-id", ""), "", u"boş"_s);
+        row("unavailable", text("{\"a\":1}", 503), "", u"{\"a\":1}"_s);
+        row("challenge", text("kimsin", 401).withHeader("WWW-Authenticate", "Basic realm=\"x\""),
+            "", u"kimsin"_s);
+        row("cut UTF-8", text("caf\xc3", 200), "");
+    }
+    void initializeAnswers()
+    {
+        QFETCH(ScriptedAnswer, answer);
+        QFETCH(QByteArray, session);
+        QFETCH(QString, text);
+        m_server->onInitialize = [answer](const ReceivedRequest &) { return answer; };
+        const auto outcome = settle(call());
+        const QList<ReceivedRequest> calls = m_server->toolCalls();
+        if (!session.isEmpty()) {
+            QCOMPARE(outcome.errorText(), QString());
+            QCOMPARE(calls.size(), 1);
+            QCOMPARE(calls.first().header("mcp-session-id"), session);
+            return;
+        }
+        QCOMPARE(outcome.errorText(), u"No mcp-session-id header: "_s + text);
+        QCOMPARE(outcome.error->domain(), McpError::Domain::Client);
+        QCOMPARE(outcome.error->code(), answer.status);
+        QCOMPARE(calls.size(), 0);
     }
 
     void aLostSessionIsOpenedAnew()
