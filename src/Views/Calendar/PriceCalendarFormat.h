@@ -32,5 +32,6 @@ public:
     /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.
     Q_INVOKABLE QString bestPriceText(const BestPrice &best, const QString &calendarCurrency) const;
     /// Of the day in `row` of `days`: "5 Ara Cumartesi, 4850 TRY, en uygun gün".
-    Q_INVOKABLE QString accessibleName(CountedListModel *days, int row, const QString &currency) const;
+    Q_INVOKABLE QString accessibleName(CountedListModel *days, int row,
+                                       const QString &currency) const;
 };
