@@ -161,7 +161,7 @@ private Q_SLOTS:
         QTcpSocket idle;
         idle.connectToHost(QHostAddress::LocalHost, m_port);
         QTRY_COMPARE(idle.state(), QAbstractSocket::ConnectedState);
-        QTRY_COMPARE_WITH_TIMEOUT(idle.state(), QAbstractSocket::UnconnectedState, 60'000);
+        QTRY_COMPARE_WITH_TIMEOUT(idle.state(), QAbstractSocket::UnconnectedState, 40'000);
     }
 
 private:

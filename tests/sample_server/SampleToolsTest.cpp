@@ -242,8 +242,10 @@ private Q_SLOTS:
                                                     { u"VQ2"_s, 0, u"delayed in air "_s },
                                                     { u"VQ2"_s, 5, QString() } }) {
             for (const int hour : { 0, 12, 23 }) {
-                const QDateTime now(noon().date(), QTime(hour, 30), noon().timeZone());
-                const QJsonObject data = statusOf(number, dayText(day), now);
+                const QDate today = noon().date().addDays(hour); // another one for each hour
+                const QDateTime now(today, QTime(hour, 30), noon().timeZone());
+                const QJsonObject data =
+                    statusOf(number, today.addDays(day).toString(Qt::ISODate), now);
                 FlightStatusResult read;
                 read.status = data["status"_L1].toString();
                 QCOMPARE(number + u' ' + (read.isDelayed() ? u"delayed "_s : QString())
