@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// One reply, within every limit of size.
+/// A reply that is made to hurt, within every limit.
 struct HostileReply
 {
     QString what;
@@ -12,4 +12,4 @@ struct HostileReply
     std::function<ScriptedAnswer()> answer;
 };
 
-const QList<HostileReply> &hostileReplies();
+QList<HostileReply> hostileReplies();

@@ -271,7 +271,7 @@ void measureHostileReplies(const Window &window, ServerThread &server)
         const double grown = (memoryKiB("VmHWM") - before) / 1024;
         server.setAnswer(reply.tool, ScriptedAnswer::content());
         QTextStream(stderr) << QString::asprintf(
-            "%-28s%-30s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.tool),
+            "%-28s%-36s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.tool),
             qPrintable(reply.what), away.clock, away.processor, grown);
         stall = std::max(stall, away.processor);
         memory = std::max(memory, grown);
