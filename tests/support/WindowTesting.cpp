@@ -16,17 +16,6 @@ void focusAccessibly(QAccessibleInterface *node)
     node->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
 }
 
-QStringList textsReadAsMarkup(const QQuickWindow *window)
-{
-    QStringList texts;
-    WindowDriver::itemsIn(window->contentItem(), [&texts](QQuickItem *item) {
-        if (item->inherits("QQuickText") && item->property("textFormat").toInt() != Qt::PlainText)
-            texts.append(item->property("text").toString());
-        return false;
-    });
-    return texts;
-}
-
 TestWindow::TestWindow(const QByteArray &controls)
 {
     QTest::failOnWarning(QRegularExpression(u"."_s));
@@ -141,11 +130,9 @@ void WindowTest::init()
 
 void WindowTest::cleanup()
 {
-    const QStringList markup = textsReadAsMarkup(m_window->window());
     m_window.reset();
     QDesktopServices::unsetUrlHandler(u"https"_s);
     ClientTest::cleanup();
-    QCOMPARE(markup.join(u'|'), QString());
 }
 
 void WindowTest::find(const ScriptedAnswer &flights)

@@ -10,8 +10,6 @@
 
 /// Moves the keyboard there as assistive technology does.
 void focusAccessibly(QAccessibleInterface *node);
-/// The visible texts in which markup would be read: it can fetch an image.
-QStringList textsReadAsMarkup(const QQuickWindow *window);
 
 /// A window that a test uses as a user would. It has the keyboard. A test that has one fails when
 /// Qt or QML warns of anything.
