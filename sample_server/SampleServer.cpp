@@ -166,7 +166,7 @@ QJsonObject SampleServer::resultOf(const QString &method, const QJsonObject &par
 
 QByteArray SampleServer::usedSession(const HttpRequest &request)
 {
-    const QByteArray id = request.headers.value(sessionHeader);
+    QByteArray id = request.headers.value(sessionHeader);
     if (id.isEmpty())
         throw errorAnswer(400, u"Mcp-Session-Id başlığı eksik; önce \"initialize\" gönderilmeli."_s,
                           RpcError::SessionUnknown);
