@@ -283,7 +283,7 @@ private:
         clock.start();
         VTRMCPClientTestAccess::destroyShared();
         QVERIFY2(clock.elapsed() < 1000, qPrintable(QString::number(clock.elapsed())));
-        QVERIFY(outcome.hasEnded());
+        QTRY_VERIFY(outcome.hasEnded());
     }
 
     bool putFrontBefore(const HttpLimits &limits = {})

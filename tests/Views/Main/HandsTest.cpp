@@ -230,6 +230,7 @@ private Q_SLOTS:
     void tabReachesEveryControlOnceAndReturns()
     {
         QTRY_COMPARE(m_window->count("FlightCardView"), 3);
+        QTRY_COMPARE(m_window->count("BestPriceBadge"), 1);
         m_window->press("Tab");
         QList<QQuickItem *> visited;
         do {
