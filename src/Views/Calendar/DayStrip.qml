@@ -72,6 +72,8 @@ ListView {
         }
     }
 
+    // Qt makes buffered items later, and warns when the days have become fewer meanwhile.
+    cacheBuffer: 0
     orientation: ListView.Horizontal
     boundsBehavior: Flickable.StopAtBounds
     interactive: contentWidth > width
