@@ -1,7 +1,7 @@
 # Every outside library, each with the Debian packages that provide it.
 
 # qt6-base-dev, qt6-declarative-dev, libgl-dev
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick QuickControls2)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent Test Qml Quick)
 # qcoro-qt6-dev
 find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
 # libcurl4-openssl-dev

@@ -69,7 +69,7 @@ set(CPACK_DEBIAN_VANTORA-SAMPLE-SERVER_PACKAGE_SECTION devel)
 string(JOIN ", " CPACK_DEBIAN_VANTORA_PACKAGE_DEPENDS
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript
   qml6-module-qtquick qml6-module-qtquick-layouts qml6-module-qtquick-templates
-  qml6-module-qtquick-window qml6-module-qtquick-controls
+  qml6-module-qtquick-window
   libgl1-mesa-dri qt6-wayland ca-certificates tzdata xdg-utils)
 set(CPACK_DEBIAN_VANTORA_PACKAGE_SUGGESTS vantora-sample-server)
 set(CPACK_DEBIAN_VANTORA-SAMPLE-SERVER_PACKAGE_DEPENDS tzdata)

@@ -77,12 +77,6 @@ QJsonObject initializeResult(const QJsonObject &params)
 
 } // namespace
 
-void SampleServer::setClock(const Clock &clock)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_clock = clock;
-}
-
 void SampleServer::setAnswerDelay(std::chrono::milliseconds delay, std::chrono::milliseconds jitter)
 {
     const QMutexLocker lock(&m_mutex);
@@ -157,8 +151,8 @@ QJsonObject SampleServer::resultOf(const QString &method, const QJsonObject &par
     const QString name = params["name"_L1].toString();
     const QJsonObject arguments = params["arguments"_L1].toObject();
     Q_EMIT toolCalled(name, arguments);
-    const QJsonObject structured =
-        callTool(name, arguments, { m_clock(), QStringLiteral(VANTORA_WEB_SITE) });
+    const QJsonObject structured = callTool(
+        name, arguments, { QDateTime::currentDateTime(), QStringLiteral(VANTORA_WEB_SITE) });
     const QByteArray text = QJsonDocument(structured).toJson(QJsonDocument::Compact);
     const QJsonObject content { { u"type"_s, u"text"_s }, { u"text"_s, QString::fromUtf8(text) } };
     return { { u"content"_s, QJsonArray { content } }, { u"structuredContent"_s, structured } };

@@ -2,7 +2,6 @@
 
 #include "sample_server/HttpServer.h"
 
-#include <QDateTime>
 #include <QJsonObject>
 #include <QMutex>
 #include <QObject>
@@ -19,14 +18,10 @@ class SampleServer : public QObject
     Q_OBJECT
 
 public:
-    using Clock = std::function<QDateTime()>;
-
     /// Starts to listen on 127.0.0.1 and returns the port; 0 lets the system choose a free one.
     /// Absent when that failed, with the reason in errno.
     std::optional<quint16> listen(quint16 port = 0) { return m_http.listen(port); }
 
-    /// The time by which days are past and flights are in the air; the system's when not set.
-    void setClock(const Clock &clock);
     /// Holds back every answer for `delay` and a pseudo-random time up to `jitter`, without
     /// blocking other requests. With jitter, answers to different connections overtake one another.
     void setAnswerDelay(std::chrono::milliseconds delay,
@@ -47,7 +42,6 @@ private:
 
     QMutex m_mutex; ///< of everything below
     QList<QByteArray> m_sessions; ///< the one that was named last stands last
-    Clock m_clock = [] { return QDateTime::currentDateTime(); };
     std::chrono::milliseconds m_delay { 0 };
     std::chrono::milliseconds m_jitter { 0 };
     int m_answerCount = 0;

@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QNetworkProxyFactory>
 #include <QPalette>
-#include <QQuickStyle>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QWindow>
@@ -36,22 +35,6 @@ void embedFonts()
     QGuiApplication::setFont(font);
 }
 
-} // namespace
-
-void prepareApplication()
-{
-    chooseDrawing();
-    embedFonts();
-    QGuiApplication::setApplicationName(u"vantora"_s);
-    // The desktop file's name; it names "vantora" as the window class on X11.
-    QGuiApplication::setDesktopFileName(u"example.vantora_air.vantora"_s);
-    QNetworkProxyFactory::setUseSystemConfiguration(true);
-
-    QQuickStyle::setStyle(u"Basic"_s);
-}
-
-namespace {
-
 /// What the first screen has free for a window, without the title bar that it gets.
 QSize roomForTheWindow()
 {
@@ -72,6 +55,16 @@ void setFrameColours(const QColor &background)
 }
 
 } // namespace
+
+void prepareApplication()
+{
+    chooseDrawing();
+    embedFonts();
+    QGuiApplication::setApplicationName(u"vantora"_s);
+    // The desktop file's name; it names "vantora" as the window class on X11.
+    QGuiApplication::setDesktopFileName(u"example.vantora_air.vantora"_s);
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
+}
 
 bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
 {

@@ -32,7 +32,7 @@ void chooseDrawing()
 {
     const bool isChosen = qEnvironmentVariableIsSet("QT_QUICK_BACKEND")
         || qEnvironmentVariableIsSet("QSG_RHI_BACKEND");
-    // OpenGL would be emulated by the processor, for the same picture: four times the work for a
+    // OpenGL would be emulated by the processor, for the same picture: five times the work for a
     // frame, and half of the memory again.
     if (!isChosen && !hasGraphicsHardware())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

@@ -16,7 +16,7 @@ std::optional<double> asNumber(const QJsonValue &value)
 
 std::optional<qint64> asInteger(const QJsonValue &value)
 {
-    // What is no integer becomes the default, whichever that is.
+    // toInteger() returns its default for what is no integer: two defaults tell the cases apart.
     const qint64 integer = value.toInteger(0);
     return value.toInteger(1) == integer ? std::optional(integer) : std::nullopt;
 }

@@ -19,13 +19,13 @@ public:
     QFuture<HttpAnswer> answer() { return m_promise.future(); }
     CURL *easy() const { return m_easy; }
     bool hasEnded() const { return m_hasEnded; }
-    /// Whether the answer came so, as far as it came.
+    /// Whether the answer, or what has arrived of it, is HTTP/1.
     bool isHttp1() const;
 
     /// Makes the handle for libcurl to perform. False as long as the proxy is not known, and when
     /// it has been made before.
     bool prepare(CURLSH *share, bool waitsForHttp2);
-    /// What libcurl came to. True when the handle is to be performed again.
+    /// Handles libcurl's result. True when the handle is to be performed again, after a redirect.
     bool takeResult(CURLcode code);
     /// Ends it if it has taken too long.
     void checkTime();

@@ -12,7 +12,7 @@ public:
         Client, ///< the protocol: "VTRMCPClient"
         Network, ///< no usable HTTP answer arrived; the code is a CURLcode, or -1
         Json, ///< the answer is no JSON document; the code is a QJsonParseError::ParseError
-        Internal, ///< the program itself failed, from want of memory for instance
+        Internal, ///< the program itself failed, for example out of memory
     };
 
     McpError(Domain domain, int code, const QString &localizedDescription)

@@ -14,7 +14,7 @@ QString tooLarge();
 /// The system does not tell in time which proxy it wants.
 QString proxyUnknown();
 QString applicationQuits();
-/// The program itself failed, from want of memory for instance.
+/// The program itself failed, for example out of memory.
 QString unexpected();
 /// The answer is no JSON document.
 QString notJson();

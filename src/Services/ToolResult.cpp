@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Three bytes may become a record of a kilobyte. Texts are not told from structure: what they hold
-/// of these characters is far from the limits.
+/// An object of three bytes can become a record of a kilobyte. Characters inside strings count too;
+/// honest replies stay far below the limits.
 bool isTooMuch(const QByteArray &json)
 {
     constexpr int mostContainers = 80'000;

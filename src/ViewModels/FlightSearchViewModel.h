@@ -92,8 +92,8 @@ public:
     /// `flights` as sorted or reduced by `activeFilter`.
     QList<FlightOption> filteredFlights() const { return m_filteredFlights.flights(); }
     FlightSortOption activeFilter() const { return m_activeFilter; }
-    /// A full search is running. Of several at once the first to end lowers this, and its flights
-    /// may not be the last to come; so with the next.
+    /// A full search is running. When searches overlap, the first to finish clears this, though
+    /// another still runs and its flights may come later. The same holds for the next one.
     bool isLoading() const { return m_isLoading; }
     /// The flights of another day are being loaded.
     bool isSearchingFlightsOnly() const { return m_isSearchingFlightsOnly; }

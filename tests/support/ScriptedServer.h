@@ -86,9 +86,9 @@ public:
 
     QUrl endpoint() const;
 
-    /// Answers "initialize"; as it comes it opens "session-1", "session-2" and so on.
+    /// Answers "initialize"; by default it opens "session-1", "session-2" and so on.
     std::function<ScriptedAnswer(const ReceivedRequest &)> onInitialize;
-    /// Answers every tool call; as it comes with an empty result.
+    /// Answers every tool call; by default with an empty result.
     std::function<ScriptedAnswer(const ReceivedRequest &)> onToolCall;
     /// Answers the next tool calls in turn, before `onToolCall` is asked.
     void enqueue(const QList<ScriptedAnswer> &answers) { m_queue += answers; }

@@ -85,7 +85,8 @@ Popup {
                 turned += event.angleDelta.y / 120;
                 const notches = Math.trunc(turned);
                 turned -= notches;
-                monthPopup.showMonth(-notches);
+                if (notches !== 0)
+                    monthPopup.showMonth(-notches);
             }
         }
 

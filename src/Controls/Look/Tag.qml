@@ -8,7 +8,7 @@ Item {
     required property string text
     property color color: VTRTheme.vtrRed
     property real fillOpacity: 0.2
-    /// The ground; as it comes a tint of `color`.
+    /// The background; by default a tint of `color`.
     property color fill: VTRTheme.withOpacity(color, fillOpacity)
     property int weight: Font.Bold
     property int size: 10

@@ -29,7 +29,7 @@ RowLayout {
         font.weight: Font.Bold
         text: row.viewModel.flightNumber
         onTextChanged: row.viewModel.flightNumber = text
-        onAccepted: row.viewModel.startSearchStatus()
+        onAccepted: if (!row.viewModel.isLoading) row.viewModel.startSearchStatus()
     }
 
     DateField {
