@@ -73,6 +73,10 @@ Flickable {
         }
     }
 
+    function showFocusItem() {
+        showItem(Window.window?.activeFocusItem ?? null);
+    }
+
     // Not only for the look: of an item that moves wholly behind something opaque, such as the menu
     // bar, the software renderer leaves the old picture on the screen.
     clip: true
@@ -108,8 +112,9 @@ Flickable {
     Connections {
         target: page.Window.window
 
+        // Later: the keyboard may move because the page scrolls, to a card that is made for its new place.
         function onActiveFocusItemChanged() {
-            page.showItem(page.Window.window.activeFocusItem);
+            Qt.callLater(page.showFocusItem);
         }
     }
 

@@ -27,7 +27,7 @@ private Q_SLOTS:
         const QSet<QRgb> tiles { tileColour(0).rgba(), tileColour(1).rgba(), tileColour(2).rgba() };
         QCOMPARE(bars.size(), 3);
         QCOMPARE(tiles.size(), 3);
-        QTRY_COMPARE(barHeight(0) / barHeight(13), 4000.0 / 5300.0);
+        QTRY_COMPARE(barHeight(0) / barHeight(8), 4000.0 / 4800.0);
         QCOMPARE(questions().size(), 2);
 
         m_window->press("Home Right Return", u"AccessibleList"_s);
