@@ -73,10 +73,6 @@ Flickable {
         }
     }
 
-    function showFocusItem() {
-        showItem(Window.window?.activeFocusItem ?? null);
-    }
-
     // Not only for the look: of an item that moves wholly behind something opaque, such as the menu
     // bar, the software renderer leaves the old picture on the screen.
     clip: true
@@ -112,10 +108,17 @@ Flickable {
     Connections {
         target: page.Window.window
 
-        // Later: the keyboard may move because the page scrolls, to a card that is made for its new place.
         function onActiveFocusItemChanged() {
-            Qt.callLater(page.showFocusItem);
+            following.restart();
         }
+    }
+
+    // Later: the keyboard may move because the page scrolls, to a card that is made for its new place.
+    Timer {
+        id: following
+
+        interval: 0
+        onTriggered: page.showItem(page.Window.window?.activeFocusItem ?? null)
     }
 
     WheelHandler {
