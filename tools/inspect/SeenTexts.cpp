@@ -1,7 +1,6 @@
 #include "inspect/SeenTexts.h"
 
 #include "Controls/Accessibility/AccessibleTree.h"
-#include "Controls/Accessibility/QtInternals.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -76,7 +75,7 @@ Seen read(const QQuickItem *item, QRectF view, qreal opacity)
     if (item->clip())
         view &= place;
     const QString text = item->property("text").toString().trimmed();
-    const bool isText = QtInternals::isText(item) || item->inherits("QQuickTextInput")
+    const bool isText = item->inherits("QQuickText") || item->inherits("QQuickTextInput")
         || item->inherits("GradientText");
     if (isText && !isSymbol(item) && view.contains(place.center()) && !text.isEmpty())
         seen = { place, { text }, { text } };

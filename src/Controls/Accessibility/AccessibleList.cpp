@@ -105,28 +105,18 @@ private:
 
 } // namespace
 
+AccessibleList::AccessibleList(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    for (const auto changed :
+         { &AccessibleList::currentRowChanged, &AccessibleList::isActiveChanged })
+        connect(this, changed, this, &AccessibleList::announceCurrentRow);
+}
+
 AccessibleList::~AccessibleList()
 {
     for (const QAccessible::Id id : std::as_const(m_rows))
         QAccessible::deleteAccessibleInterface(id);
-}
-
-void AccessibleList::setCurrentRow(int row)
-{
-    if (m_currentRow == row)
-        return;
-    m_currentRow = row;
-    Q_EMIT currentRowChanged();
-    announceCurrentRow();
-}
-
-void AccessibleList::setActive(bool isActive)
-{
-    if (m_isActive == isActive)
-        return;
-    m_isActive = isActive;
-    Q_EMIT isActiveChanged();
-    announceCurrentRow();
 }
 
 QString AccessibleList::textOfRow(int row) const { return m_textOf.call({ row }).toString(); }

@@ -21,24 +21,22 @@ class AccessibleList : public QQuickItem
     /// A function that returns the item that shows a row; null where there is none.
     Q_PROPERTY(QJSValue itemOf MEMBER m_itemOf WRITE setItemOf REQUIRED)
     /// -1 for none.
-    Q_PROPERTY(int currentRow MEMBER m_currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
+    Q_PROPERTY(int currentRow MEMBER m_currentRow NOTIFY currentRowChanged)
     /// The row chosen so far; -1 for none.
     Q_PROPERTY(int selectedRow MEMBER m_selectedRow NOTIFY selectedRowChanged)
     /// The keyboard is in the list.
-    Q_PROPERTY(bool isActive MEMBER m_isActive WRITE setActive NOTIFY isActiveChanged)
+    Q_PROPERTY(bool isActive MEMBER m_isActive NOTIFY isActiveChanged)
 
 public:
-    using QQuickItem::QQuickItem;
+    explicit AccessibleList(QQuickItem *parent = nullptr);
     ~AccessibleList() override;
 
     int count() const { return m_count; }
     void setTextOf(const QJSValue &function) { m_textOf = function; }
     void setItemOf(const QJSValue &function) { m_itemOf = function; }
     int currentRow() const { return m_currentRow; }
-    void setCurrentRow(int row);
     int selectedRow() const { return m_selectedRow; }
     bool isActive() const { return m_isActive; }
-    void setActive(bool isActive);
 
     QString textOfRow(int row) const;
     QQuickItem *itemOfRow(int row) const;

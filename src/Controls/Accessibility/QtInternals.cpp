@@ -12,8 +12,6 @@ QObject *QtInternals::accessibleAttached(const QQuickItem *item)
     return last == children.rend() ? nullptr : *last;
 }
 
-bool QtInternals::isText(const QQuickItem *item) { return item->inherits("QQuickText"); }
-
 bool QtInternals::isOverlay(const QQuickItem *item) { return item->inherits("QQuickOverlay"); }
 
 const QObject *QtInternals::popupOf(const QQuickItem *item)

@@ -9,7 +9,6 @@ namespace QtInternals {
 /// Where QML's `Accessible` keeps what is set for the item; null where nothing is.
 QObject *accessibleAttached(const QQuickItem *item);
 
-bool isText(const QQuickItem *item);
 /// Whether the window's popups lie in the item.
 bool isOverlay(const QQuickItem *item);
 /// The Popup, Menu or Dialog that is drawn by the item; null for other items.

@@ -60,7 +60,7 @@ Button {
             color: VTRTheme.textSecondary
         }
         PlainText {
-            readonly property string toolTip: text === field.fullText ? "" : field.fullText
+            toolTip: text === field.fullText ? "" : field.fullText
 
             Layout.fillWidth: true
             Layout.preferredWidth: DateEditing.widestFullText(font)

@@ -19,7 +19,14 @@ quint64 momentOf(const QKeyEvent &key)
 
 } // namespace
 
-bool WindowKeys::eventFilter(QObject *watched, QEvent *event)
+void WindowKeys::setWindow(QQuickWindow *window)
+{
+    m_window = window;
+    window->installEventFilter(this);
+    Q_EMIT windowChanged();
+}
+
+bool WindowKeys::eventFilter(QObject *, QEvent *event)
 {
     if (m_isPressing)
         return false;
@@ -32,7 +39,7 @@ bool WindowKeys::eventFilter(QObject *watched, QEvent *event)
         setAltHeld(false);
         return false;
     default:
-        return WindowWatcher::eventFilter(watched, event);
+        return false;
     }
 }
 

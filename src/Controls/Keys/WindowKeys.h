@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Controls/Keys/WindowWatcher.h"
+#include <QPointer>
+#include <QQmlEngine>
+#include <QQuickWindow>
 
 class QKeyEvent;
 
@@ -13,19 +15,24 @@ class QKeyEvent;
 /// others: a release may not be the last. So a key acts when it goes down: what Qt's controls do
 /// when Space is pressed and released happens then, for Return and Enter as well, and the release
 /// goes nowhere.
-class WindowKeys : public WindowWatcher
+class WindowKeys : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
+    /// Set once. Its events are seen here before it sees them.
+    Q_PROPERTY(QQuickWindow *window READ window WRITE setWindow NOTIFY windowChanged REQUIRED)
     /// Menus show their access keys.
     Q_PROPERTY(bool isAltHeld READ isAltHeld NOTIFY isAltHeldChanged)
 
 public:
-    using WindowWatcher::WindowWatcher;
+    using QObject::QObject;
 
+    QQuickWindow *window() const { return m_window; }
+    void setWindow(QQuickWindow *window);
     bool isAltHeld() const { return m_isAltHeld; }
 
 Q_SIGNALS:
+    void windowChanged();
     void isAltHeldChanged();
 
 protected:
@@ -41,6 +48,7 @@ private:
     /// Whether the key acts on what has the keyboard now; otherwise it moves or types.
     bool acts(const QKeyEvent &key) const;
 
+    QPointer<QQuickWindow> m_window;
     /// The key whose last press acted, until another one goes down; 0 for none.
     int m_actingKey = 0;
     /// The last release: which key, and when, in milliseconds.

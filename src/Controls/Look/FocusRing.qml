@@ -15,4 +15,5 @@ Rectangle {
     border.width: 2
     border.color: Qt.lighter(VTRTheme.blue, 1.25)
     antialiasing: true
+    onVisibleChanged: (Window.window as ApplicationWindow)?.toolTip.showFor(control, visible)
 }

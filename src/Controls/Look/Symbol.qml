@@ -9,8 +9,9 @@ Item {
     property int size: VTRTheme.bodySize
     property color color: VTRTheme.textPrimary
 
-    readonly property bool isCircled: SymbolCatalogue.isCircled(name)
-    readonly property bool isDisc: SymbolCatalogue.isDisc(name)
+    readonly property var look: SymbolCatalogue.symbols[name]
+    readonly property bool isCircled: look.isCircled ?? false
+    readonly property bool isDisc: look.isDisc ?? false
     // Glyphs of the icon font fill their em square less than the design's symbols fill theirs.
     readonly property int glyphSize: isCircled || isDisc ? Math.round(size * 0.72) : Math.round(size * 1.2)
 
@@ -28,11 +29,10 @@ Item {
         antialiasing: true
     }
 
-    PlainText {
+    CutText {
         anchors.centerIn: parent
-        Accessible.ignored: true
-        text: SymbolCatalogue.character(symbol.name)
-        rotation: SymbolCatalogue.rotation(symbol.name)
+        shownText: symbol.look.character
+        rotation: symbol.look.rotation ?? 0
         color: symbol.isDisc ? VTRTheme.textPrimary : symbol.color
         // One size for all: for each size of a font Qt asks the system, in each of two threads.
         scale: symbol.glyphSize / font.pixelSize

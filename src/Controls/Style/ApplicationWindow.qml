@@ -9,6 +9,7 @@ T.ApplicationWindow {
     id: window
 
     readonly property alias isAltHeld: keys.isAltHeld
+    readonly property alias toolTip: tip
 
     color: VTRTheme.background
 
@@ -21,6 +22,6 @@ T.ApplicationWindow {
     }
 
     ToolTip {
-        window: window
+        id: tip
     }
 }

@@ -8,6 +8,8 @@ Button {
 
     readonly property string toolTip: text
 
+    onHoveredChanged: (Window.window as ApplicationWindow)?.toolTip.showFor(button, hovered)
+
     implicitWidth: 28
     implicitHeight: 28
     radius: height / 2

@@ -1,49 +1,63 @@
 import QtQuick
+import QtQuick.Templates as T
 import Vantora.Controls
 
-/// The whole of a text that is cut short, beside the text, while the pointer rests on it or the
-/// keyboard is on its control. One serves a window. Assistive technology has whole texts anyway.
-RoundedSurface {
+/// A text beside an item, under the pointer or with the keyboard, for what the item's look does not
+/// say. One serves a window. Assistive technology has whole texts anyway.
+T.ToolTip {
     id: tip
 
-    required property Window window
     readonly property real gap: 6
 
-    parent: finder.root
-    // Over sheets and menus.
-    z: 2000000
-    visible: finder.text.length > 0
-    x: Math.max(gap, Math.min(finder.place.x, (parent ? parent.width : 0) - width - gap))
+    /// Shows, after a short rest, what an item and those in it say in their properties `toolTip`; or
+    /// hides it again.
+    function showFor(item: Item, isWanted: bool) {
+        if (isWanted || item === parent)
+            hide();
+        const texts = isWanted ? textsIn(item) : [];
+        if (texts.length === 0)
+            return;
+        parent = item;
+        show(texts.join("\n"));
+    }
+
+    function textsIn(item: Item): var {
+        const own = (item as PlainText)?.toolTip || (item as ToolButton)?.toolTip;
+        const shown = Array.from(item.children).filter(child => child.visible);
+        return shown.reduce((texts, child) => texts.concat(textsIn(child)), own ? [own] : []);
+    }
+
+    // The item that Qt draws it by.
+    Component.onCompleted: contentItem.parent.Accessible.ignored = true
+
+    x: 0
     y: {
-        const below = finder.place.y + finder.place.height + gap;
-        return parent && below + height > parent.height ? Math.max(gap, finder.place.y - height - gap) : below;
+        const below = parent ? parent.height + gap : 0;
+        const isInWindow = parent && parent.mapToItem(null, 0, below + height).y <= parent.Window.height;
+        return isInWindow ? below : -height - gap;
     }
-    width: label.width + 20
-    height: label.height + 14
-    radius: 6
-    color: Qt.lighter(VTRTheme.cardBgLight, 1.35)
-    borderColor: Qt.rgba(1, 1, 1, 0.16)
-    borderWidth: 1
-    shadowColor: Qt.rgba(0, 0, 0, 0.45)
-    shadowRadius: 12
-    shadowOffset: 4
+    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    margins: gap
+    horizontalPadding: 10
+    verticalPadding: 7
+    delay: 500
 
-    ToolTipFinder {
-        id: finder
-
-        window: tip.window
+    background: RoundedSurface {
+        radius: 6
+        color: Qt.lighter(VTRTheme.cardBgLight, 1.35)
+        borderColor: Qt.rgba(1, 1, 1, 0.16)
+        borderWidth: 1
+        shadowColor: Qt.rgba(0, 0, 0, 0.45)
+        shadowRadius: 12
+        shadowOffset: 4
     }
-
-    PlainText {
-        id: label
-
-        x: 10
-        y: 7
-        width: Math.min(Math.ceil(implicitWidth), 480)
+    contentItem: PlainText {
         wrapMode: Text.Wrap
         maximumLineCount: 30
-        text: finder.text
+        text: tip.text
         font.pixelSize: VTRTheme.calloutSize
         Accessible.ignored: true
     }
+    contentWidth: Math.min(Math.ceil(contentItem.implicitWidth), 480)
 }

@@ -17,15 +17,16 @@ Item {
 
     implicitHeight: layout.implicitHeight
 
-    NumberAnimation {
+    // A spring of response 0.35 s and damping fraction 0.7, in the steps of 16 ms that Qt takes.
+    SpringAnimation {
         id: exchange
 
         target: row
         property: "away"
         to: 0
-        duration: Motion.swapDuration
-        easing.type: Easing.BezierSpline
-        easing.bezierCurve: Motion.swapCurve
+        spring: 4.22
+        damping: 0.331
+        epsilon: 0.001
     }
 
     // Both backgrounds lie under both airports, which cross them when they change places.
@@ -66,7 +67,7 @@ Item {
                 row.viewModel.swapAirports();
                 ScreenReader.announce(origin.text + ". " + destination.text);
                 // Pressed again on the way, the airports turn back from where they are.
-                exchange.from = 1 - row.away;
+                row.away = 1 - row.away;
                 exchange.restart();
             }
         }

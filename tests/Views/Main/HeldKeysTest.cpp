@@ -56,7 +56,10 @@ private:
     /// typed into the field with the keyboard, or where the flights leave from.
     QString outcome() const
     {
-        const auto isPopUp = [](QQuickItem *shown) { return shown->inherits("QQuickPopupItem"); };
+        const auto isPopUp = [](QQuickItem *shown) {
+            return shown->inherits("QQuickPopupItem")
+                && shown->parent()->property("modal").toBool();
+        };
         const auto open = TestWindow::itemsIn(m_window->window()->contentItem(), isPopUp).size();
         const QQuickItem *keyboard = m_window->window()->activeFocusItem();
         const QString typed = keyboard->inherits("QQuickTextField")
