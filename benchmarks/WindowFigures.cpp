@@ -84,10 +84,7 @@ public:
         if (!loadMainWindow(m_engine, u"Vantora"_s))
             std::exit(1);
         m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
-        QStringList days;
-        for (int day = 0; day < 14; ++day)
-            days.append(QDate::currentDate().addDays(7 + day).toString(Qt::ISODate));
-        m_server.setAnswer(calendarTool, calendarAnswer(days));
+        m_server.setAnswer(calendarTool, calendarAnswer(14, QDate::currentDate().addDays(7)));
         for (const int count : { 12, manyFlights, mostFlights })
             m_answers.insert(count, ScriptedAnswer::text(flightsReply(count)));
     }
@@ -119,10 +116,8 @@ public:
     }
     void answerSlowly() const
     {
-        ScriptedAnswer answer = m_answers.value(12);
-        answer.pieceSize = answer.body.size() / 5;
-        answer.pieceInterval = 200;
-        m_server.setAnswer(flightsTool, answer);
+        const ScriptedAnswer answer = m_answers.value(12);
+        m_server.setAnswer(flightsTool, answer.inChunks(answer.body.size() / 5, 200));
     }
     /// From the top of a flight's card to that of the next.
     double cardPitch() const

@@ -2,7 +2,6 @@
 #include "Models/DateText.h"
 #include "Models/FlightOption.h"
 #include "Models/FlightStatusResult.h"
-#include "Models/MoneyText.h"
 #include "Models/PriceCalendar.h"
 #include "Models/SearchOptions.h"
 #include "support/ParsedJson.h"

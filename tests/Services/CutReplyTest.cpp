@@ -5,26 +5,6 @@
 using namespace Qt::StringLiterals;
 using namespace ServerFaults;
 
-namespace {
-
-ScriptedAnswer inChunks(const ScriptedAnswer &answer)
-{
-    ScriptedAnswer chunked = answer;
-    chunked.pieceSize = 100;
-    return { .raw = chunked.bytes() };
-}
-
-/// The first bytes of it, and then the end of the connection.
-ScriptedAnswer cut(const ScriptedAnswer &answer, qsizetype length)
-{
-    ScriptedAnswer cut { .ending = ScriptedAnswer::Ending::close, .cutAfter = 0 };
-    if (length > 0)
-        cut.raw = answer.bytes().first(length);
-    return cut;
-}
-
-} // namespace
-
 /// A connection that ends after any byte of an answer gives one error, and a whole answer the
 /// result. Whether the very last byte of chunks may be missing depends on the version of libcurl.
 class CutReplyTest : public ClientTest
@@ -39,7 +19,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("spareBytes");
         const auto rows = [](const char *name, const ScriptedAnswer &whole, bool isSession) {
             QTest::newRow(name) << whole << isSession << 0;
-            QTest::addRow("%s, in chunks", name) << inChunks(whole) << isSession << 1;
+            QTest::addRow("%s, in chunks", name) << whole.inChunks(100) << isSession << 1;
         };
         const QJsonObject answers = knownAnswers();
         for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
@@ -66,9 +46,10 @@ private Q_SLOTS:
         QVERIFY(result);
         QCOMPARE(result->toJson().isEmpty(), isSession);
         const QString failure = isSession ? closedAtStart : closed;
-        const qsizetype length = answer.bytes().size();
+        const QByteArray bytes = answer.bytes();
+        const qsizetype length = bytes.size();
         for (qsizetype cutAt = 0; cutAt <= length; ++cutAt) {
-            const auto outcome = ask(cut(answer, cutAt));
+            const auto outcome = ask(ScriptedAnswer { .raw = bytes }.cut(cutAt));
             const bool isSpare = cutAt < length && cutAt >= length - spareBytes;
             if (!isSpare || outcome.errorText() != failure)
                 QCOMPARE(outcome.errorText(), cutAt < length - spareBytes ? failure : QString());

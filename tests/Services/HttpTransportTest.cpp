@@ -18,24 +18,21 @@ const QString noProxy =
 
 const char *const withoutFront = "HTTP/2 needs nghttpx (Debian: nghttp2-proxy).";
 
-/// Names a proxy, or nothing before it may.
-class ProxyFactory : public QNetworkProxyFactory
+/// Answers no query before it may.
+class SlowProxyFactory : public QNetworkProxyFactory
 {
 public:
-    explicit ProxyFactory(const QNetworkProxy &proxy, QSemaphore *permission = nullptr)
-        : m_proxy(proxy)
-        , m_permission(permission)
+    explicit SlowProxyFactory(QSemaphore &permission)
+        : m_permission(permission)
     { }
     QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &) override
     {
-        if (m_permission)
-            m_permission->acquire();
-        return { m_proxy };
+        m_permission.acquire();
+        return { QNetworkProxy::NoProxy };
     }
 
 private:
-    QNetworkProxy m_proxy;
-    QSemaphore *m_permission;
+    QSemaphore &m_permission;
 };
 
 } // namespace
@@ -50,7 +47,7 @@ private Q_SLOTS:
     {
         m_front.reset();
         ClientTest::cleanup();
-        QNetworkProxyFactory::setApplicationProxyFactory(nullptr);
+        QNetworkProxy::setApplicationProxy({});
     }
 
     void callsShareOneConnection()
@@ -72,10 +69,8 @@ private Q_SLOTS:
         QTest::addColumn<ScriptedAnswer>("answer");
         QTest::addColumn<QString>("text");
         const ScriptedAnswer good = ScriptedAnswer::content();
-        ScriptedAnswer cut = ScriptedAnswer::text(QByteArray(30'000, ' '));
-        cut.cutAfter = 20'000;
-        cut.ending = ScriptedAnswer::Ending::close;
-        QTest::newRow("resets a stream") << cut << closed;
+        QTest::newRow("resets a stream")
+            << ScriptedAnswer::text(QByteArray(30'000, ' ')).cut(20'000) << closed;
         QTest::newRow("sends 400 KB of headers")
             << good.withHeader("a", ("x\r\na: " + QByteArray(50'000, 'x')).repeated(8)) << closed;
         QTest::newRow("sends 2,000 headers")
@@ -106,15 +101,13 @@ private Q_SLOTS:
             QSKIP(withoutFront);
         QVERIFY(settle(call()).value);
         // Between two calls.
-        m_front->stop();
-        m_front->start();
+        m_front->restart();
         QCOMPARE(settle(call()).errorText(), QString());
         // During one.
         m_server->enqueue({ ScriptedAnswer::content().held() });
         const auto cut = watch(call());
         QTRY_COMPARE(m_server->heldCount(), 1);
-        m_front->stop();
-        m_front->start();
+        m_front->restart();
         const QString cutText = settle(cut).errorText();
         // Some versions of libcurl ask once more by themselves, and find nobody.
         QVERIFY2(cutText == closed
@@ -130,8 +123,7 @@ private Q_SLOTS:
         QTest::qWait(100);
         m_server->release();
         QCOMPARE(settle(last).errorText(), QString());
-        m_front->stop();
-        m_front->start();
+        m_front->restart();
         QCOMPARE(settle(call()).errorText(), QString());
         QCOMPARE(m_server->toolCalls().size(), 5);
     }
@@ -142,20 +134,18 @@ private Q_SLOTS:
         QTest::addColumn<QString>("location"); // %1 is the server's port
         QTest::addColumn<int>("count");
         QTest::addColumn<QString>("text");
-        const auto row = [](const char *what, int status, const QString &location, int count,
-                            const QString &text) {
-            QTest::newRow(what) << status << location << count << text;
-        };
-        row("temporary", 307, u"/mcp/"_s, 1, QString());
-        row("for good", 308, u"/mcp/"_s, 1, QString());
-        row("by its whole address", 308, u"https://127.0.0.1:%1/mcp/?a=b"_s, 1, QString());
-        row("five times", 307, u"/mcp/"_s, 5, QString());
-        row("without end", 307, u"/mcp/"_s, 1000, invalid);
-        row("to another method", 302, u"/mcp/"_s, 1, invalid);
-        row("to another host", 307, u"https://localhost:%1/mcp/"_s, 1, invalid);
-        row("to another port", 307, u"https://127.0.0.1:1/mcp/"_s, 1, invalid);
-        row("to another scheme", 307, u"http://127.0.0.1:%1/mcp/"_s, 1, invalid);
-        row("with a password", 307, u"https://a:b@127.0.0.1:%1/mcp/"_s, 1, invalid);
+        QTest::newRow("temporary") << 307 << u"/mcp/"_s << 1 << QString();
+        QTest::newRow("for good") << 308 << u"/mcp/"_s << 1 << QString();
+        QTest::newRow("by its whole address")
+            << 308 << u"https://127.0.0.1:%1/mcp/?a=b"_s << 1 << QString();
+        QTest::newRow("five times") << 307 << u"/mcp/"_s << 5 << QString();
+        QTest::newRow("without end") << 307 << u"/mcp/"_s << 1000 << invalid;
+        QTest::newRow("to another method") << 302 << u"/mcp/"_s << 1 << invalid;
+        QTest::newRow("to another host") << 307 << u"https://localhost:%1/mcp/"_s << 1 << invalid;
+        QTest::newRow("to another port") << 307 << u"https://127.0.0.1:1/mcp/"_s << 1 << invalid;
+        QTest::newRow("to another scheme") << 307 << u"http://127.0.0.1:%1/mcp/"_s << 1 << invalid;
+        QTest::newRow("with a password")
+            << 307 << u"https://a:b@127.0.0.1:%1/mcp/"_s << 1 << invalid;
     }
     void redirects()
     {
@@ -228,8 +218,7 @@ private Q_SLOTS:
     void aProxyThatCannotBeFoundOut()
     {
         QSemaphore permission;
-        QNetworkProxyFactory::setApplicationProxyFactory(
-            new ProxyFactory(QNetworkProxy::NoProxy, &permission));
+        QNetworkProxyFactory::setApplicationProxyFactory(new SlowProxyFactory(permission));
         HttpSettings settings;
         settings.limits.findingProxy = 200ms;
         VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s), settings);
@@ -247,8 +236,8 @@ private Q_SLOTS:
     void aProxyThatRefuses()
     {
         const auto ask = [](const QUrl &proxy) {
-            QNetworkProxyFactory::setApplicationProxyFactory(new ProxyFactory(
-                { QNetworkProxy::HttpProxy, proxy.host(), static_cast<quint16>(proxy.port()) }));
+            QNetworkProxy::setApplicationProxy(
+                { QNetworkProxy::HttpProxy, proxy.host(), static_cast<quint16>(proxy.port()) });
             VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s));
             return settle(call()).errorText();
         };

@@ -7,7 +7,6 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include <functional>
 #include <tuple>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +23,7 @@ const QList<Offer> fourFlights {
 };
 
 const QHash<QString, ScriptedAnswer> good {
-    { calendarTool, calendarAnswer({ u"2026-03-06"_s, u"2026-03-07"_s }, u"EUR"_s) },
+    { calendarTool, calendarAnswer(2, QDate(2026, 3, 6), u"EUR"_s) },
     { flightsTool, flightsAnswer(fourFlights) },
 };
 
@@ -125,7 +124,7 @@ private Q_SLOTS:
         search();
         m_answers = { { calendarTool, ScriptedAnswer::failure(u"%1\ndolu"_s) },
                       { flightsTool, flightsAnswer({ { u"9"_s } }) } };
-        const QString console = whatIsWritten([this] { search(); });
+        const QString console = consoleTextDuring([this] { search(); });
         QVERIFY(!m_model->errorMessage());
         QCOMPARE(console, u"Price calendar fetch error: %1 dolu\n"_s);
         QCOMPARE(state(), u"searched, best day, flights: 9, days: 2, currency: EUR"_s);
@@ -135,7 +134,7 @@ private Q_SLOTS:
     {
         m_answers = { { calendarTool, ScriptedAnswer::content().held() },
                       { flightsTool, ScriptedAnswer::content().held() } };
-        const QString console = whatIsWritten([this] {
+        const QString console = consoleTextDuring([this] {
             m_model->startSearchAll();
             QTRY_COMPARE(m_server->heldCount(), 2);
             QVERIFY(QMetaObject::invokeMethod(qApp, "aboutToQuit"));
@@ -233,13 +232,6 @@ private:
             QCOMPARE(rows.at(i).row(), after.toLower().indexOf(before.at(i)));
         QCOMPARE(counts.size(), before.size() == after.size() ? 0 : 1);
     }
-    /// To the console, meanwhile; it is free again for what the test says then.
-    static QString whatIsWritten(const std::function<void()> &act)
-    {
-        ConsoleCapture capture;
-        act();
-        return capture.text();
-    }
     QString state() const
     {
         const QString flights = numbers(m_model->filteredFlights());
@@ -259,11 +251,7 @@ private:
     /// Of the last search for flights.
     QJsonObject lastArguments() const
     {
-        const QList<ReceivedRequest> calls = m_server->toolCalls();
-        return std::find_if(
-                   calls.rbegin(), calls.rend(),
-                   [](const ReceivedRequest &request) { return request.tool() == flightsTool; })
-            ->arguments();
+        return m_server->toolCalls(flightsTool).constLast().arguments();
     }
 
     std::unique_ptr<FlightSearchViewModel> m_model;

@@ -1,7 +1,6 @@
 #include "Views/Calendar/PriceCalendarFormat.h"
 #include "Views/ExternalLinks.h"
 
-#include <QLocale>
 #include <QTest>
 
 using namespace Qt::StringLiterals;

@@ -5,9 +5,8 @@
 
 #include <QCoroTask>
 
-#include <QEventLoop>
 #include <QTest>
-#include <QTimer>
+#include <QTestEventLoop>
 
 #include <functional>
 #include <memory>
@@ -51,7 +50,6 @@ struct Outcome
 {
     std::optional<T> value;
     std::optional<McpError> error;
-    std::function<void()> whenEnded = [] {};
 
     bool hasEnded() const { return value || error; }
     QString errorText() const
@@ -73,7 +71,7 @@ QCoro::Task<> note(QCoro::Task<T> task, PendingOutcome<T> outcome)
     } catch (const McpError &error) {
         outcome->error = error;
     }
-    outcome->whenEnded();
+    QTestEventLoop::instance().exitLoop();
 }
 
 /// Watches a task without waiting for it.
@@ -90,12 +88,12 @@ PendingOutcome<T> watch(QCoro::Task<T> task)
 template<typename T>
 Outcome<T> settle(const PendingOutcome<T> &outcome)
 {
-    if (!outcome->hasEnded()) {
-        QEventLoop loop;
-        QTimer::singleShot(10'000, &loop, &QEventLoop::quit);
-        outcome->whenEnded = [&loop] { loop.quit(); };
-        loop.exec();
-        outcome->whenEnded = [] {};
+    QTestEventLoop &loop = QTestEventLoop::instance();
+    bool isInTime = true;
+    // The end of any task leaves the loop.
+    while (!outcome->hasEnded() && isInTime && !QTest::currentTestFailed()) {
+        loop.enterLoop(10);
+        isInTime = !loop.timeout();
     }
     return *outcome;
 }

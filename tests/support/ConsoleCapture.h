@@ -3,36 +3,22 @@
 #include <QTemporaryFile>
 
 #include <cstdio>
+#include <functional>
 #include <unistd.h>
 
-/// Collects what is written to standard output while it lives.
-class ConsoleCapture
+/// What is written to standard output meanwhile.
+inline QString consoleTextDuring(const std::function<void()> &act)
 {
-public:
-    ConsoleCapture()
-    {
-        if (!m_file.open())
-            qFatal("No temporary file for the console's text.");
-        std::fflush(stdout);
-        m_output = ::dup(STDOUT_FILENO);
-        ::dup2(m_file.handle(), STDOUT_FILENO);
-    }
-    ~ConsoleCapture()
-    {
-        std::fflush(stdout);
-        ::dup2(m_output, STDOUT_FILENO);
-        ::close(m_output);
-    }
-    Q_DISABLE_COPY_MOVE(ConsoleCapture)
-
-    QString text()
-    {
-        std::fflush(stdout);
-        m_file.seek(0);
-        return QString::fromUtf8(m_file.readAll());
-    }
-
-private:
-    QTemporaryFile m_file;
-    int m_output = -1;
-};
+    QTemporaryFile file;
+    if (!file.open())
+        qFatal("No temporary file for the console's text.");
+    std::fflush(stdout);
+    const int output = ::dup(STDOUT_FILENO);
+    ::dup2(file.handle(), STDOUT_FILENO);
+    act();
+    std::fflush(stdout);
+    ::dup2(output, STDOUT_FILENO);
+    ::close(output);
+    file.seek(0);
+    return QString::fromUtf8(file.readAll());
+}

@@ -1,7 +1,6 @@
 #include "support/Http2Front.h"
 
 #include <QFile>
-#include <QSet>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -61,6 +60,12 @@ void Http2Front::stop()
         qFatal("nghttpx does not end.");
 }
 
+void Http2Front::restart()
+{
+    stop();
+    start();
+}
+
 void Http2Front::retire() { ::kill(static_cast<pid_t>(m_process.processId()), SIGQUIT); }
 
 qsizetype Http2Front::connections() const
@@ -68,10 +73,7 @@ qsizetype Http2Front::connections() const
     QFile log(m_files.filePath(u"log"_s));
     if (!log.open(QIODevice::ReadOnly))
         return 0;
-    QSet<QByteArray> connections;
-    for (const QByteArray &line : log.readAll().split('\n')) {
-        if (line.startsWith("h2 "))
-            connections.insert(line);
-    }
+    QStringList connections = QString::fromLatin1(log.readAll()).split(u'\n').filter(u"h2 "_s);
+    connections.removeDuplicates();
     return connections.size();
 }

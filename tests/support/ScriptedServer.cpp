@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QHostAddress>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QSslConfiguration>
 #include <QSslKey>
@@ -34,17 +33,17 @@ std::unique_ptr<QTcpServer> tlsServer(const QString &certificate, QSsl::SslProto
 QList<QByteArray> piecesOf(const ScriptedAnswer &answer)
 {
     if (!answer.raw.isEmpty())
-        return { answer.raw };
+        return { answer.raw.left(answer.cutAfter) };
     QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status) + " Scripted\r\n";
     for (const auto &[name, value] : answer.headers)
         head += name + ": " + value + "\r\n";
-    if (answer.pieceSize == 0) {
+    if (answer.chunkSize == 0) {
         head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n";
         return { (head + answer.body).left(answer.cutAfter) };
     }
     QList<QByteArray> pieces { head + "Transfer-Encoding: chunked\r\n\r\n" };
-    for (qsizetype at = 0; at < answer.body.size(); at += answer.pieceSize) {
-        const QByteArray piece = answer.body.mid(at, answer.pieceSize);
+    for (qsizetype at = 0; at < answer.body.size(); at += answer.chunkSize) {
+        const QByteArray piece = answer.body.mid(at, answer.chunkSize);
         pieces.append(QByteArray::number(piece.size(), 16) + "\r\n" + piece + "\r\n");
     }
     return pieces << "0\r\n\r\n";
@@ -72,7 +71,7 @@ void sendPieces(const QPointer<QTcpSocket> &socket, const QList<QByteArray> &pie
             socket->abort();
         return;
     }
-    QTimer::singleShot(answer.pieceInterval, socket,
+    QTimer::singleShot(answer.chunkInterval, socket,
                        [socket, pieces, answer] { sendPieces(socket, pieces.sliced(1), answer); });
 }
 
@@ -91,14 +90,11 @@ QByteArray ReceivedRequest::header(const QByteArray &name) const
 QJsonObject ReceivedRequest::json() const { return QJsonDocument::fromJson(body).object(); }
 QString ReceivedRequest::rpcMethod() const { return json().value("method"_L1).toString(); }
 
-QString ReceivedRequest::tool() const
-{
-    return json().value("params"_L1).toObject().value("name"_L1).toString();
-}
+QString ReceivedRequest::tool() const { return json()["params"_L1]["name"_L1].toString(); }
 
 QJsonObject ReceivedRequest::arguments() const
 {
-    return json().value("params"_L1).toObject().value("arguments"_L1).toObject();
+    return json()["params"_L1]["arguments"_L1].toObject();
 }
 
 ScriptedAnswer ScriptedAnswer::text(const QByteArray &body, int status)
@@ -112,10 +108,8 @@ ScriptedAnswer ScriptedAnswer::text(const QByteArray &body, int status)
 
 ScriptedAnswer ScriptedAnswer::content(const QJsonObject &content)
 {
-    const QJsonObject result { { u"content"_s, QJsonArray() },
-                               { u"structuredContent"_s, content } };
-    const QJsonObject answer { { u"jsonrpc"_s, u"2.0"_s }, { u"result"_s, result } };
-    return text(QJsonDocument(answer).toJson(QJsonDocument::Compact));
+    return text(R"({"jsonrpc":"2.0","result":{"content":[],"structuredContent":)"
+                + QJsonDocument(content).toJson(QJsonDocument::Compact) + "}}");
 }
 
 ScriptedAnswer ScriptedAnswer::failure(const QString &message)
@@ -135,6 +129,22 @@ ScriptedAnswer ScriptedAnswer::held() const
 {
     ScriptedAnswer answer = *this;
     answer.isHeld = true;
+    return answer;
+}
+
+ScriptedAnswer ScriptedAnswer::cut(qsizetype bytes, Ending ending) const
+{
+    ScriptedAnswer answer = *this;
+    answer.cutAfter = bytes;
+    answer.ending = ending;
+    return answer;
+}
+
+ScriptedAnswer ScriptedAnswer::inChunks(qsizetype size, int interval) const
+{
+    ScriptedAnswer answer = *this;
+    answer.chunkSize = size;
+    answer.chunkInterval = interval;
     return answer;
 }
 
@@ -242,6 +252,13 @@ void ScriptedServer::close()
     m_server->close();
     for (QTcpSocket *socket : m_server->findChildren<QTcpSocket *>())
         socket->abort();
+}
+
+QList<ReceivedRequest> ScriptedServer::toolCalls(const QString &tool) const
+{
+    QList<ReceivedRequest> calls = withMethod(u"tools/call");
+    calls.removeIf([&](const auto &call) { return !tool.isEmpty() && call.tool() != tool; });
+    return calls;
 }
 
 QList<ReceivedRequest> ScriptedServer::withMethod(QStringView method) const

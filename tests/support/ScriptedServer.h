@@ -1,11 +1,7 @@
 #pragma once
 
-#include <QByteArray>
 #include <QJsonObject>
-#include <QList>
-#include <QObject>
 #include <QPointer>
-#include <QSsl>
 #include <QSslCertificate>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -51,9 +47,9 @@ struct ScriptedAnswer
     QByteArray raw = {};
     /// When set, sent after that again and again, for as long as the client reads.
     QByteArray endless = {};
-    /// When set, the body is sent in chunks of this size, one each `pieceInterval`.
-    qsizetype pieceSize = 0;
-    int pieceInterval = 0;
+    /// When set, the body is sent in chunks of this size, one each `chunkInterval`.
+    qsizetype chunkSize = 0;
+    int chunkInterval = 0;
     /// Kept back until ScriptedServer::release().
     bool isHeld = false;
 
@@ -68,6 +64,10 @@ struct ScriptedAnswer
     /// All of it, as it goes over the wire.
     QByteArray bytes() const;
     ScriptedAnswer held() const;
+    /// Only its first bytes, and then the end.
+    ScriptedAnswer cut(qsizetype bytes, Ending ending = Ending::close) const;
+    /// The body in chunks of this size, one each `interval` milliseconds.
+    ScriptedAnswer inChunks(qsizetype size, int interval = 0) const;
     ScriptedAnswer withHeader(const QByteArray &name, const QByteArray &value) const;
 };
 
@@ -95,7 +95,8 @@ public:
 
     const QList<ReceivedRequest> &requests() const { return m_requests; }
     QList<ReceivedRequest> initializations() const { return withMethod(u"initialize"); }
-    QList<ReceivedRequest> toolCalls() const { return withMethod(u"tools/call"); }
+    /// Of one tool, or of all.
+    QList<ReceivedRequest> toolCalls(const QString &tool = {}) const;
     int openConnections() const;
     int heldCount() const { return static_cast<int>(m_held.size()); }
     /// Sends the oldest of the answers that are held.

@@ -3,20 +3,15 @@
 #include "Services/HttpTransport.h"
 #include "support/ScriptedServer.h"
 
-/// What a server may do wrong, and what the user is told then.
+/// What a server may do wrong, as the tables of docs/reliability.md have it.
 namespace ServerFaults {
 
 inline const QString closed =
     QStringLiteral("Sunucu bağlantıyı geçerli bir yanıt vermeden kapattı. Lütfen yeniden deneyin.");
 inline const QString idle =
     QStringLiteral("Sunucu yanıt vermedi, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
-inline const QString late = QStringLiteral(
-    "Yanıt zamanında tamamlanmadı, istek zaman aşımına uğradı. Lütfen yeniden deneyin.");
 inline const QString invalid = QStringLiteral("Sunucudan geçersiz bir yanıt alındı.");
 inline const QString tooLarge = QStringLiteral("Sunucunun yanıtı kabul edilemeyecek kadar büyük.");
-/// libcurl's versions differ in which of the texts it is.
-inline const QString closedOrInvalid = QStringLiteral("Sunucu…");
-inline const QString noJson = QStringLiteral("Sunucunun yanıtı okunamadı. Lütfen yeniden deneyin.");
 /// Advice for what is not tried again.
 inline const QString restart = QStringLiteral(" Lütfen uygulamayı yeniden başlatın.");
 inline const QString closedAtStart =
@@ -25,7 +20,6 @@ inline const QString closedAtStart =
 struct Fault
 {
     const char *what;
-    QString text; ///< empty when nothing comes of it; one that ends in … goes on somehow
     std::function<ScriptedAnswer(ScriptedAnswer)> change; ///< of the good answer
     HttpLimits limits = {};
 };

@@ -38,6 +38,17 @@ inline ScriptedAnswer calendarAnswer(const QStringList &days,
         { { u"prices"_s, prices }, { u"bestPrice"_s, prices.at(0) }, { u"currency"_s, currency } });
 }
 
+/// The same of so many days in order.
+inline ScriptedAnswer calendarAnswer(int count = 14, const QDate &first = QDate(2026, 12, 1),
+                                     const QString &currency = QStringLiteral("TRY"),
+                                     int firstPrice = 4000)
+{
+    QStringList days;
+    for (int day = 0; day < count; ++day)
+        days.append(first.addDays(day).toString(Qt::ISODate));
+    return calendarAnswer(days, currency, firstPrice);
+}
+
 /// A flight of the answer to a search.
 struct Offer
 {
@@ -67,4 +78,16 @@ inline ScriptedAnswer flightsAnswer(const QList<Offer> &offers)
     const QJsonObject information { { u"originDestinationOptions"_s, options } };
     const QJsonObject data { { u"originDestinationInformations"_s, QJsonArray { information } } };
     return ScriptedAnswer::content({ { u"availabilityData"_s, data } });
+}
+
+/// So many flights; the dearer ones are the faster ones.
+inline ScriptedAnswer flightsAnswer(int count)
+{
+    QList<Offer> offers;
+    for (int i = 0; i < count; ++i) {
+        offers.append({ .number = QStringLiteral("VQ%1").arg(100 + i),
+                        .price = 4000.0 + i,
+                        .minutes = 20'000 - i });
+    }
+    return flightsAnswer(offers);
 }

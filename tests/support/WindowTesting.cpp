@@ -103,6 +103,14 @@ void TestWindow::press(const char *keys, const QString &item) const
     }
 }
 
+void TestWindow::drag(const QPoint &from, const QPoint &distance) const
+{
+    QTest::mousePress(m_window, Qt::LeftButton, {}, from);
+    for (int step = 1; step <= 10; ++step)
+        QTest::mouseMove(m_window, from + distance * step / 10);
+    QTest::mouseRelease(m_window, Qt::LeftButton, {}, from + distance);
+}
+
 bool TestWindow::open(const QString &button, const QString &sheetName) const
 {
     click(named(button));
@@ -146,22 +154,4 @@ void WindowTest::waitForTheCalendar() const
 {
     QTRY_VERIFY(m_window->item(u"fareChart"_s));
     QTRY_COMPARE(m_window->item(u"fareChart"_s)->property("openness"), 1.0);
-}
-
-ScriptedAnswer calendarAnswer()
-{
-    QStringList days;
-    for (int i = 0; i < 14; ++i)
-        days.append(QDate(2026, 12, 1).addDays(i).toString(Qt::ISODate));
-    return calendarAnswer(days);
-}
-
-ScriptedAnswer flightsAnswer(int count)
-{
-    QList<Offer> offers;
-    for (int i = 0; i < count; ++i) {
-        offers.append(
-            { .number = u"VQ%1"_s.arg(100 + i), .price = 4000.0 + i, .minutes = 20'000 - i });
-    }
-    return flightsAnswer(offers);
 }

@@ -43,6 +43,8 @@ public:
     /// Presses one key after the other, as in "Home Right Shift+Backtab"; first focuses the item if
     /// one is given.
     void press(const char *keys, const QString &item = {}) const;
+    /// Moves the mouse that far with its left button down.
+    void drag(const QPoint &from, const QPoint &distance) const;
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
 
@@ -54,13 +56,6 @@ public:
     bool close(const QString &sheetName) const;
     bool isOpen(const QString &name) const { return hasSheet(name, "opened"); }
     bool isGone(const QString &name) const { return !hasSheet(name, "visible"); }
-    /// The state object of the sheet that is open.
-    template<typename State>
-    State *stateOf(const QString &sheetName) const
-    {
-        auto *body = sheet(sheetName)->property("body").value<QQuickItem *>();
-        return body ? body->property("viewModel").value<State *>() : nullptr;
-    }
 
 private:
     bool hasSheet(const QString &name, const char *property) const
@@ -101,8 +96,3 @@ protected:
     /// The links that were opened.
     QStringList m_opened;
 };
-
-/// 14 days from 1 December 2026 on.
-ScriptedAnswer calendarAnswer();
-/// `count` flights; the dearer ones are the faster ones.
-ScriptedAnswer flightsAnswer(int count);

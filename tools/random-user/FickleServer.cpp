@@ -47,13 +47,11 @@ const ServerFaults::Fault &FickleServer::oneOf(const QList<ServerFaults::Fault> 
 ScriptedAnswer FickleServer::open()
 {
     m_idle.restart();
-    ScriptedAnswer good = ScriptedAnswer::session("s");
-    m_refusedSession = false;
-    if (!oneIn(6))
-        return good;
-    const ServerFaults::Fault &fault = oneOf(ServerFaults::inOpening());
-    m_refusedSession = !fault.text.isEmpty();
-    return fault.change(good);
+    ScriptedAnswer answer = ScriptedAnswer::session("s");
+    if (oneIn(6))
+        answer = oneOf(ServerFaults::inOpening()).change(answer);
+    m_refusedSession = !answer.bytes().contains("mcp-session-id: s\r\n");
+    return answer;
 }
 
 ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
@@ -67,8 +65,7 @@ ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
     }
     if (!oneIn(3))
         return good;
-    const ServerFaults::Fault &fault = oneOf(ServerFaults::inCalls());
-    return fault.change(good);
+    return oneOf(ServerFaults::inCalls()).change(good);
 }
 
 ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
@@ -76,12 +73,10 @@ ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
     const QString tool = request.tool();
     const bool isEmpty = oneIn(8);
     if (tool == calendarTool) {
-        const QDate day(2026, 12, 1 + m_random.bounded(28));
-        QStringList days;
-        for (int count = isEmpty ? 0 : 1 + m_random.bounded(mostDays); count > 0; --count)
-            days.append(day.addDays(days.size()).toString(Qt::ISODate));
-        return calendarAnswer(days, oneIn(4) ? strangeText() : u"TRY"_s,
-                              calendars.add(days.size()));
+        const QDate first(2026, 12, 1 + m_random.bounded(28));
+        const int count = isEmpty ? 0 : 1 + m_random.bounded(mostDays);
+        return calendarAnswer(count, first, oneIn(4) ? strangeText() : u"TRY"_s,
+                              calendars.add(count));
     }
     if (tool == flightsTool) {
         const int count = isEmpty ? 0 : oneIn(10) ? manyFlights : 1 + m_random.bounded(mostFlights);

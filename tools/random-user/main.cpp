@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -409,18 +410,18 @@ int main(int argc, char *argv[])
     QAccessible::setActive(true);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     qInstallMessageHandler(noteMessage);
-    QString summary;
-    {
-        ConsoleCapture console;
-        RandomUser user(seed, parser.isSet(u"http2"_s));
-        user.act(time);
-        const QStringList lines = console.text().split(u'\n');
-        for (const QString &line : lines) {
-            if (!isExpected(line))
-                surprise(u"On the console: "_s + line.left(200));
-        }
-        summary = user.summary();
+    std::optional<RandomUser> user;
+    const QString console = consoleTextDuring([&] {
+        user.emplace(seed, parser.isSet(u"http2"_s));
+        user->act(time);
+    });
+    const QStringList lines = console.split(u'\n');
+    for (const QString &line : lines) {
+        if (!isExpected(line))
+            surprise(u"On the console: "_s + line.left(200));
     }
+    const QString summary = user->summary();
+    user.reset();
     QTextStream(stdout) << summary << surprises.join(u'\n') << Qt::endl;
     return surprises.isEmpty() ? 0 : 1;
 }

@@ -1,4 +1,3 @@
-#include "ViewModels/FlightStatusViewModel.h"
 #include "support/ParsedJson.h"
 #include "support/WindowTesting.h"
 
@@ -87,7 +86,8 @@ private Q_SLOTS:
         };
         QCOMPARE_GT(top(cardName), top(banner));
         QCOMPARE_GT(top(banner), top(u"statusDateField"_s));
-        m_window->stateOf<FlightStatusViewModel>(sheetName)->setFlightNumber(u" \u2028"_s);
+        m_window->press("Ctrl+A", u"TextField"_s);
+        m_window->type(u" \u00a0"_s);
         m_window->click(button);
         QCOMPARE(m_window->textOf(banner),
                  u"Lütfen geçerli bir uçuş numarası girin (örn: VQ1983)."_s);
