@@ -30,6 +30,7 @@ struct FlightOption
     Q_PROPERTY(QString cabinClass MEMBER cabinClass CONSTANT)
     Q_PROPERTY(QString bookingURL READ bookingURLText CONSTANT)
     Q_PROPERTY(QString formattedPrice READ formattedPrice CONSTANT)
+    Q_PROPERTY(QString lowSeatWarning READ lowSeatWarning CONSTANT)
 
 public:
     QString id; ///< unique within one answer
@@ -55,6 +56,14 @@ public:
 
     /// The price as currency text in the user's locale, without fraction digits.
     QString formattedPrice() const { return MoneyText::currency(price, currency); }
+    /// "Son 3 Koltuk!" when few seats are left; empty when many are or their number is not known.
+    QString lowSeatWarning() const
+    {
+        constexpr qint64 mostToWarnOf = 6;
+        return seatAvailability && *seatAvailability <= mostToWarnOf
+            ? QStringLiteral("Son %1 Koltuk!").arg(*seatAvailability)
+            : QString();
+    }
     /// Null when the number of seats is not known.
     QVariant seatAvailabilityValue() const
     {

@@ -11,7 +11,23 @@ Item {
     /// The keyboard is on this card.
     property bool showsFocus: false
     readonly property bool isHovered: hover.hovered
-    readonly property string lowSeatWarning: FlightCardFormat.lowSeatWarning(flight)
+
+    readonly property string meal: "İkram"
+    readonly property string baggage: "23 kg"
+    readonly property string booking: "VTR'de Satın Al"
+
+    /// One stop, whatever their number, for any flight that is not direct.
+    function stopsText(flight: flightOption): string {
+        return flight.isDirect ? "Direkt Uçuş" : "1 Aktarma";
+    }
+
+    /// What a card shows of this flight, for assistive technology.
+    function inWords(flight: flightOption): string {
+        return Array.of(flight.flightNumber, flight.origin + " " + flight.departureTime + " kalkış",
+                        flight.destination + " " + flight.arrivalTime + " varış", flight.duration, stopsText(flight),
+                        flight.formattedPrice, flight.lowSeatWarning, flight.aircraft, meal, baggage, booking)
+                    .filter(text => text.length > 0).join(", ");
+    }
 
     /// Opens the offer's booking page in the browser.
     function book() {
@@ -47,16 +63,72 @@ Item {
         anchors.bottomMargin: 16
         spacing: 20
 
-        FlightIdentity {
+        // The airline's mark with the flight number and the aircraft.
+        Row {
+            id: identity
+
             Layout.preferredWidth: 170
-            flightNumber: card.flight.flightNumber
-            aircraft: card.flight.aircraft
+            spacing: 12
+
+            RedSurface {
+                id: mark
+
+                anchors.verticalCenter: parent.verticalCenter
+                width: 44
+                height: 44
+                radius: 22
+
+                Symbol {
+                    anchors.centerIn: parent
+                    rotation: -45
+                    name: "airplane"
+                    size: 20
+                }
+            }
+
+            Column {
+                anchors.verticalCenter: parent.verticalCenter
+                width: identity.width - mark.width - identity.spacing
+                spacing: 4
+
+                Row {
+                    width: parent.width
+                    spacing: 6
+
+                    PlainText {
+                        width: Math.min(implicitWidth, parent.width - carrier.width - parent.spacing)
+                        elide: Text.ElideRight
+                        text: card.flight.flightNumber
+                        font.pixelSize: 16
+                        font.weight: Font.Bold
+                    }
+
+                    Tag {
+                        id: carrier
+
+                        anchors.verticalCenter: parent.verticalCenter
+                        text: "VTR"
+                        weight: Font.ExtraBold
+                    }
+                }
+
+                PlainText {
+                    width: parent.width
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 2
+                    elide: Text.ElideRight
+                    text: card.flight.aircraft
+                    font.pixelSize: 11
+                    color: VTRTheme.textMuted
+                }
+            }
         }
 
         Item { Layout.fillWidth: true }
 
         FlightTimes {
             flight: card.flight
+            stopsText: card.stopsText(card.flight)
         }
 
         Item { Layout.fillWidth: true }
@@ -70,19 +142,19 @@ Item {
 
                 SymbolLabel {
                     symbol: "fork.knife"
-                    text: "İkram"
+                    text: card.meal
                 }
 
                 SymbolLabel {
                     symbol: "suitcase"
-                    text: "23 kg"
+                    text: card.baggage
                 }
             }
 
             Tag {
-                visible: card.lowSeatWarning.length > 0
+                visible: text.length > 0
                 width: Math.min(implicitWidth, parent.width)
-                text: card.lowSeatWarning
+                text: card.flight.lowSeatWarning
                 color: VTRTheme.gold
                 fillOpacity: 0.15
             }
@@ -109,7 +181,7 @@ Item {
                 anchors.right: parent.right
                 focusPolicy: Qt.NoFocus
                 highlighted: true
-                text: "VTR'de Satın Al"
+                text: card.booking
                 horizontalPadding: 14
                 verticalPadding: 8
                 font.weight: Font.Bold

@@ -43,7 +43,8 @@ FocusScope {
         anchors.fill: parent
         Accessible.name: "Uçuşlar"
         count: area.count
-        textOf: row => FlightCardFormat.accessibleName(area.flights.at(row))
+        // Any card knows the words for each flight, and where there are flights there is one.
+        textOf: row => (repeater.itemAt(0) as FlightCardView)?.inWords(area.flights.at(row)) ?? ""
         itemOf: row => {
             for (let i = 0; i < repeater.count; ++i) {
                 const card = repeater.itemAt(i); // null while it is being made

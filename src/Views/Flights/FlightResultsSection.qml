@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Vantora
 import Vantora.Controls
@@ -31,10 +33,9 @@ VTRCard {
 
     /// Announces what is under way, or what came of it.
     function announce() {
-        ScreenReader.announce(isSearching ? "Uçuşlar yükleniyor..."
-                                          : viewModel.hasErrorMessage
-                                            ? viewModel.errorMessage
-                                            : FlightCardFormat.countText(viewModel.filteredFlights.count));
+        const count = viewModel.filteredFlights.count;
+        const outcome = count === 0 ? nothing.heading : count + " uçuş bulundu";
+        ScreenReader.announce(isSearching ? loading.text : viewModel.hasErrorMessage ? viewModel.errorMessage : outcome);
     }
 
     onIsSearchingChanged: announce()
@@ -103,22 +104,63 @@ VTRCard {
             }
         }
 
-        SortChips {
+        // One tab stop, within which the arrows move and choose.
+        Row {
             id: chips
 
-            currentOption: section.viewModel.activeFilter
-            onChosen: option => {
-                section.viewModel.applyFilter(option);
-                section.announce();
+            spacing: VTRTheme.spacing
+            Accessible.role: Accessible.Grouping
+            Accessible.name: "Sıralama ve filtre"
+
+            Repeater {
+                model: SearchChoices.sortOptions
+
+                RadioButton {
+                    required property int index
+                    required property string modelData
+
+                    text: modelData
+                    checked: index === section.viewModel.activeFilter
+                    onClicked: {
+                        section.viewModel.applyFilter(index);
+                        section.announce();
+                    }
+                }
             }
         }
 
-        EarlierFlightsNote {
+        // The flights below are not those of the day and the route above.
+        RoundedSurface {
             id: note
 
             width: parent.width
             visible: section.hasEarlierFlights
-            search: section.viewModel.earlierSearch
+            implicitHeight: Math.ceil(noteText.implicitHeight) + 2 * 8
+            radius: VTRTheme.controlRadius
+            color: VTRTheme.withOpacity(VTRTheme.gold, 0.12)
+
+            Symbol {
+                id: noteSymbol
+
+                x: 12
+                anchors.verticalCenter: parent.verticalCenter
+                name: "clock.arrow.circlepath"
+                size: 14
+                color: VTRTheme.gold
+            }
+
+            PlainText {
+                id: noteText
+
+                anchors.left: noteSymbol.right
+                anchors.right: parent.right
+                anchors.margins: 8
+                y: 8
+                wrapMode: Text.Wrap
+                text: "Aşağıdaki uçuşlar önceki aramaya ait: " + section.viewModel.earlierSearch
+                font.pixelSize: VTRTheme.calloutSize
+                font.weight: Font.Medium
+            }
         }
 
         Item {
@@ -127,32 +169,27 @@ VTRCard {
             width: parent.width
             height: section.bodyHeight
 
-            Loader {
+            LoadingPanel {
                 id: loading
 
                 width: parent.width
-                active: section.isSearching
-                sourceComponent: LoadingPanel {
-                    text: "Uçuşlar yükleniyor..."
-                    padding: 40
-                }
+                visible: section.isSearching
+                text: "Uçuşlar yükleniyor..."
             }
 
-            Loader {
+            MessagePanel {
                 id: nothing
 
+                objectName: "noFlights"
                 width: parent.width
-                active: section.isEmpty
-                opacity: active ? 1 : 0
-                sourceComponent: MessagePanel {
-                    objectName: "noFlights"
-                    spacing: 12
-                    symbol: "airplane.circle"
-                    symbolSize: 44
-                    heading: "Bu tarihte tarifeli uçuş bulunamadı"
-                    headingWeight: Font.DemiBold
-                    text: "Fiyat grafiğinden yakın tarihleri seçerek diğer seferleri inceleyebilirsiniz."
-                }
+                visible: section.isEmpty
+                opacity: visible ? 1 : 0
+                spacing: 12
+                symbol: "airplane.circle"
+                symbolSize: 44
+                heading: "Bu tarihte tarifeli uçuş bulunamadı"
+                headingWeight: Font.DemiBold
+                text: "Fiyat grafiğinden yakın tarihleri seçerek diğer seferleri inceleyebilirsiniz."
 
                 Behavior on opacity {
                     EaseInOut { duration: Motion.resultsDuration }

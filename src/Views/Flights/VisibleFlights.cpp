@@ -39,20 +39,14 @@ void VisibleFlights::setFlights(FlightOptionList *flights)
 
 void VisibleFlights::setFirstRow(int row)
 {
-    if (m_firstRow == row)
-        return;
-    m_firstRow = row;
-    Q_EMIT firstRowChanged();
-    update();
+    if (std::exchange(m_firstRow, row) != row)
+        update();
 }
 
 void VisibleFlights::setRowCount(int count)
 {
-    if (m_rowCount == count)
-        return;
-    m_rowCount = count;
-    Q_EMIT rowCountChanged();
-    update();
+    if (std::exchange(m_rowCount, count) != count)
+        update();
 }
 
 void VisibleFlights::setCurrentRow(int row)

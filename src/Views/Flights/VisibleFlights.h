@@ -38,8 +38,8 @@ class VisibleFlights : public QObject
         FlightOptionList *flights READ flights WRITE setFlights NOTIFY flightsChanged REQUIRED)
     Q_PROPERTY(CountedListModel *rows READ rows CONSTANT)
     /// The rows in view; they may lie outside the list.
-    Q_PROPERTY(int firstRow READ firstRow WRITE setFirstRow NOTIFY firstRowChanged)
-    Q_PROPERTY(int rowCount READ rowCount WRITE setRowCount NOTIFY rowCountChanged)
+    Q_PROPERTY(int firstRow MEMBER m_firstRow WRITE setFirstRow)
+    Q_PROPERTY(int rowCount MEMBER m_rowCount WRITE setRowCount)
     /// The row with the keyboard; the first one after every change of the list.
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     /// How long the motion of a change takes, in milliseconds.
@@ -54,9 +54,7 @@ public:
     FlightOptionList *flights() const { return m_flights; }
     void setFlights(FlightOptionList *flights);
     CountedListModel *rows() { return &m_rows; }
-    int firstRow() const { return m_firstRow; }
     void setFirstRow(int row);
-    int rowCount() const { return m_rowCount; }
     void setRowCount(int count);
     int currentRow() const { return m_currentRow; }
     void setCurrentRow(int row);
@@ -66,8 +64,6 @@ public:
 
 Q_SIGNALS:
     void flightsChanged();
-    void firstRowChanged();
-    void rowCountChanged();
     void currentRowChanged();
     void motionDurationChanged();
     void isRearrangingChanged();

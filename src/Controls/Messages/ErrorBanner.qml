@@ -1,7 +1,7 @@
 import QtQuick
 import Vantora.Controls
 
-/// The error message in the page.
+/// An error message in a page.
 Item {
     id: banner
 
