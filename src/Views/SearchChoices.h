@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Models/Airport.h"
+
 #include <QObject>
 #include <QQmlEngine>
 #include <QStringList>
 
-/// The choices of the search form as pickers show them. An entry's place in its list is the value
-/// of its enumeration case.
+/// The choices of the search form as pickers show them. An entry's place in a list is the value of
+/// its enumeration case.
 class SearchChoices : public QObject
 {
     Q_OBJECT
@@ -23,4 +25,8 @@ public:
     QStringList cabinClasses() const;
     QStringList timeRanges() const;
     QStringList sortOptions() const;
+
+    /// The codes of the airports that match what was typed; of all while nothing is.
+    Q_INVOKABLE QStringList airports(const QString &query) const;
+    Q_INVOKABLE Airport airport(const QString &code) const;
 };

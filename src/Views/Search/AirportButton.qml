@@ -23,7 +23,7 @@ Button {
     horizontalPadding: 14
     verticalPadding: 10
 
-    // AirportBackground draws it.
+    // The row draws it.
     background: null
     contentItem: Column {
         spacing: 4

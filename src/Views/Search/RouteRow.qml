@@ -12,6 +12,26 @@ Item {
     property real away: 0
     readonly property real distance: destination.x - origin.x
 
+    component Background: RoundedSurface {
+        id: background
+
+        required property AirportButton button
+
+        x: button.x
+        y: button.y
+        width: button.width
+        height: button.height
+        radius: button.radius
+        color: VTRTheme.cardBgLight
+        borderWidth: 1
+        borderColor: button.hovered ? Qt.rgba(1, 1, 1, 0.18) : VTRTheme.cardBorder
+
+        PressTint {
+            control: background.button
+            radius: background.radius
+        }
+    }
+
     signal originPressed
     signal destinationPressed
 
@@ -30,12 +50,8 @@ Item {
     }
 
     // Both backgrounds lie under both airports, which cross them when they change places.
-    AirportBackground {
-        button: origin
-    }
-    AirportBackground {
-        button: destination
-    }
+    Background { button: origin }
+    Background { button: destination }
 
     RowLayout {
         id: layout

@@ -8,40 +8,49 @@ Row {
 
     required property FlightSearchViewModel viewModel
 
-    // The name of the field under it.
-    component Caption: PlainText {
-        Accessible.ignored: true
-        font.pixelSize: 11
-        font.weight: Font.Bold
-        color: VTRTheme.textMuted
+    /// The caption is the name of the field under it.
+    component Captioned: Column {
+        id: captioned
+
+        required property string caption
+
+        spacing: 6
+
+        PlainText {
+            Accessible.ignored: true
+            text: captioned.caption
+            font.pixelSize: 11
+            font.weight: Font.Bold
+            color: VTRTheme.textMuted
+        }
     }
 
     spacing: 12
 
-    Column {
-        spacing: 6
+    Captioned {
+        id: departure
 
-        Caption { text: "Gidiş Tarihi" }
+        caption: "Gidiş Tarihi"
 
         DateField {
             objectName: "departureDate"
             width: 250
-            label: "Gidiş Tarihi"
+            label: departure.caption
             value: row.viewModel.departureDate
             onEdited: value => row.viewModel.departureDate = value
         }
     }
 
-    Column {
-        visible: row.viewModel.isRoundTrip
-        spacing: 6
+    Captioned {
+        id: wayBack
 
-        Caption { text: "Dönüş Tarihi" }
+        visible: row.viewModel.isRoundTrip
+        caption: "Dönüş Tarihi"
 
         DateField {
             objectName: "returnDate"
             width: 250
-            label: "Dönüş Tarihi"
+            label: wayBack.caption
             value: row.viewModel.returnDate
             dimmedBefore: row.viewModel.departureDate
             onEdited: value => row.viewModel.returnDate = value
