@@ -1,5 +1,6 @@
 import QtQuick
 import Vantora
+import Vantora.Controls
 
 /// A row of days that scrolls sideways and is one tab stop: arrows, Home and End move within it.
 ListView {
@@ -18,12 +19,35 @@ ListView {
     /// The focus ring is shown: the keyboard was the last to move.
     readonly property bool showsFocus: keyboard.activeFocus && !pointerMovedLast
     property bool pointerMovedLast: false
-    /// How much of either end is covered while there are more days past it.
-    readonly property real edgeWidth: 32
     /// The user has scrolled the days to another place.
     property bool isScrolled: false
 
     signal chosen(index: int)
+
+    /// Covers an end while there are more days past it.
+    component EdgeFade: Rectangle {
+        id: fade
+
+        property bool isLeft: false
+        required property bool isShown
+        readonly property color clear: VTRTheme.withOpacity(VTRTheme.cardBg, 0)
+
+        z: 1
+        width: 32
+        height: parent.height
+        opacity: isShown ? 1 : 0
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+
+            GradientStop { position: 0; color: fade.isLeft ? VTRTheme.cardBg : fade.clear }
+            GradientStop { position: 1; color: fade.isLeft ? fade.clear : VTRTheme.cardBg }
+        }
+        Accessible.ignored: true
+
+        Behavior on opacity {
+            NumberAnimation { duration: Motion.hoverDuration }
+        }
+    }
 
     /// The pointer went down on a day: the keyboard moves there.
     function pressed(index: int) {
@@ -136,7 +160,6 @@ ListView {
 
     EdgeFade {
         parent: strip
-        width: strip.edgeWidth
         isLeft: true
         isShown: !strip.atXBeginning
     }
@@ -144,7 +167,6 @@ ListView {
     EdgeFade {
         parent: strip
         x: strip.width - width
-        width: strip.edgeWidth
         isShown: !strip.atXEnd
     }
 }

@@ -57,16 +57,13 @@ QString PriceCalendarFormat::bestPriceText(const BestPrice &best,
     return u"En Uygun: "_s + price + u" ("_s + formatDateShort(best.date) + u")"_s;
 }
 
-QString PriceCalendarFormat::accessibleName(CountedListModel *days, int row,
-                                            const QString &currency) const
+QString PriceCalendarFormat::accessibleName(const DailyPrice &day, const QString &currency) const
 {
-    const auto price = days->index(row).data(Qt::UserRole).value<DailyPrice>();
     QStringList parts;
-    const QString day = formatDateShort(price.date);
-    if (!day.isEmpty())
-        parts.append(day + u' ' + formatDayOfWeek(price.date, true));
-    parts.append(wholeAmount(price.amount) + u' ' + currency);
-    if (price.isBestPrice)
+    if (const QString date = formatDateShort(day.date); !date.isEmpty())
+        parts.append(date + u' ' + formatDayOfWeek(day.date, true));
+    parts.append(wholeAmount(day.amount) + u' ' + currency);
+    if (day.isBestPrice)
         parts.append(u"en uygun gün"_s);
     return parts.join(u", "_s);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Models/PriceCalendar.h"
-#include "ViewModels/RecordListModel.h"
 
 #include <QObject>
 #include <QQmlEngine>
@@ -31,7 +30,6 @@ public:
     Q_INVOKABLE double barHeight(double amount, double maxPrice) const;
     /// "En Uygun: ₺4.850 (5 Ara)". `calendarCurrency` serves a best price without a currency.
     Q_INVOKABLE QString bestPriceText(const BestPrice &best, const QString &calendarCurrency) const;
-    /// Of the day in `row` of `days`: "5 Ara Cumartesi, 4850 TRY, en uygun gün".
-    Q_INVOKABLE QString accessibleName(CountedListModel *days, int row,
-                                       const QString &currency) const;
+    /// "5 Ara Cumartesi, 4850 TRY, en uygun gün".
+    Q_INVOKABLE QString accessibleName(const DailyPrice &day, const QString &currency) const;
 };

@@ -80,7 +80,7 @@ VTRCard {
             Layout.preferredHeight: divider.y + divider.height + 16 + calendar.tileHeight + 4
             Accessible.name: "Günler"
             count: strip.count
-            textOf: row => PriceCalendarFormat.accessibleName(calendar.shown.days, row, calendar.currency)
+            textOf: row => PriceCalendarFormat.accessibleName(calendar.shown.at(row), calendar.currency)
             itemOf: row => strip.itemAtIndex(row)
             currentRow: strip.currentIndex
             selectedRow: strip.selectedIndex
@@ -103,7 +103,7 @@ VTRCard {
                 selectedIndex: calendar.viewModel.selectedDayIndex
                 narrowestDay: Math.max(94, Math.min(widestDay, calendar.amountWidth + 2 * 12 + calendar.gap))
                 widestDay: 180
-                onChosen: index => calendar.viewModel.startSelectCalendarDate(calendar.shown.dateAt(index))
+                onChosen: index => calendar.viewModel.startSelectCalendarDate(calendar.shown.at(index).date)
                 Component.onCompleted: open()
 
                 // A bar and, under it, the tile of the same day.

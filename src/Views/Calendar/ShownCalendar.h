@@ -32,8 +32,8 @@ public:
     BestPrice bestPrice() const { return m_bestPrice; }
     int bestDayIndex() const;
 
-    /// "yyyy-MM-dd", of the day in this row of `days`.
-    Q_INVOKABLE QString dateAt(int row) const { return m_days.records().at(row).date; }
+    /// The day in this row of `days`.
+    Q_INVOKABLE DailyPrice at(int row) const { return m_days.records().value(row); }
     /// Whether a day that appears now does so because it is new, not because it is scrolled to.
     Q_INVOKABLE bool isArriving() const { return m_arrival.isActive(); }
 

@@ -64,11 +64,25 @@ Sheet {
             guide: content.viewModel.guideInfo
         }
 
-        PromotionsPage {
+        // The airline's promotions, in the server's order.
+        Column {
+            id: promotions
+
             objectName: "promotionsPage"
             Layout.fillWidth: true
             visible: !content.isLoading && content.activeTab === 1
-            promotions: content.viewModel.promotions
+            spacing: 12
+
+            Repeater {
+                model: FirstRows {
+                    // Sixty long cards that come into sight at once would be laid out at once.
+                    sourceModel: promotions.visible ? content.viewModel.promotions : null
+                }
+
+                PromotionCard {
+                    width: promotions.width
+                }
+            }
         }
     }
 }
