@@ -173,8 +173,8 @@ void measurePresses(const Window &window)
         frame.append(window.frame());
         picker.append(untilFrame(
             window.window(), [&] { window.click(window.named(u"originButton"_s)); },
-            [&] { return window.named(u"airportPicker"_s); }));
-        while (window.named(u"airportPicker"_s)) {
+            [&] { return window.named(u"airportSearch"_s); }));
+        while (window.named(u"airportSearch"_s)) {
             wait(400);
             window.key(Qt::Key_Escape);
             wait(400);

@@ -1,5 +1,5 @@
 #include "Controls/Accessibility/QtInternals.h"
-#include "Controls/Fields/DateEditing.h"
+#include "Controls/Inputs/DateEditing.h"
 #include "Controls/Look/ShownText.h"
 #include "support/WindowTesting.h"
 
@@ -162,6 +162,8 @@ private Q_SLOTS:
             QCOMPARE(attached->property("name").toString(), name);
         }
 
+        QVERIFY(QtInternals::isMenuTitle(page.named(u"MenuItem"_s)));
+
         QObject *menu = page.window()->findChild<QObject *>(u"Menu"_s);
         QVERIFY(menu);
         menu->setProperty("visible", true);
@@ -297,7 +299,7 @@ private Q_SLOTS:
             QCOMPARE(editing.addDays(eve, 1).date(), day);
             QCOMPARE(editing.addDays(morrow, -1).date(), day);
             QCOMPARE(editing.addDays(eve, 2), morrow);
-            QCOMPARE(editing.onDay(eve, day.year(), day.month() - 1, day.day()).date(), day);
+            QCOMPARE(editing.dayInGrid(eve, editing.gridRow(eve) + 1).date(), day);
         }
     }
 

@@ -59,7 +59,7 @@ QAccessible::Role AccessibleItem::role() const
     if (QtInternals::popupOf(item()))
         return QAccessible::Grouping;
     // Qt makes the title of a menu a menu bar.
-    if (item()->property("menu").isValid())
+    if (QtInternals::isMenuTitle(item()))
         return QAccessible::MenuItem;
     return static_cast<QAccessible::Role>(attached("role").toInt());
 }

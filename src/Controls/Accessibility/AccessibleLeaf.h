@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 
-/// The base of what has an interface and is no item: it has no children.
+/// The base of accessible objects without a QObject and without children: rows, announcements.
 class AccessibleLeaf : public QAccessibleInterface
 {
 public:

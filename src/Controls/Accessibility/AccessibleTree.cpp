@@ -11,7 +11,8 @@ namespace {
 bool isInTree(const QQuickItem *item)
 {
     const QObject *attached = QtInternals::accessibleAttached(item);
-    return attached && !attached->property("ignored").toBool();
+    // What lies in a popup is in the tree, the popup is not.
+    return attached && !attached->property("ignored").toBool() && !QtInternals::popupOf(item);
 }
 
 /// A window has what can be reached in it for its children.

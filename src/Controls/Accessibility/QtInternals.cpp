@@ -12,6 +12,11 @@ QObject *QtInternals::accessibleAttached(const QQuickItem *item)
     return last == children.rend() ? nullptr : *last;
 }
 
+bool QtInternals::isMenuTitle(const QQuickItem *item)
+{
+    return item->inherits("QQuickMenuBarItem");
+}
+
 bool QtInternals::isOverlay(const QQuickItem *item) { return item->inherits("QQuickOverlay"); }
 
 const QObject *QtInternals::popupOf(const QQuickItem *item)

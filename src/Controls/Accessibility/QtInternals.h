@@ -9,6 +9,8 @@ namespace QtInternals {
 /// Where QML's `Accessible` keeps what is set for the item; null where nothing is.
 QObject *accessibleAttached(const QQuickItem *item);
 
+/// Whether the item is a menu's title in a menu bar.
+bool isMenuTitle(const QQuickItem *item);
 /// Whether the window's popups lie in the item.
 bool isOverlay(const QQuickItem *item);
 /// The Popup, Menu or Dialog that is drawn by the item; null for other items.

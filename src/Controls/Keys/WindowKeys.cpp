@@ -47,7 +47,7 @@ bool WindowKeys::handleKey(QKeyEvent &key)
 {
     switch (key.type()) {
     case QEvent::ShortcutOverride:
-        // What is refused as a shortcut comes back as a press.
+        // An override that is accepted is delivered again as a press, which is filtered below.
         if (!isRepeat(key) || (key.key() != m_actingKey && !acts(key)))
             return false;
         key.accept();

@@ -19,7 +19,7 @@ class WindowKeys : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Set once. Its events are seen here before it sees them.
+    /// Set once. An event filter is installed on it.
     Q_PROPERTY(QQuickWindow *window READ window WRITE setWindow NOTIFY windowChanged REQUIRED)
     /// Menus show their access keys.
     Q_PROPERTY(bool isAltHeld READ isAltHeld NOTIFY isAltHeldChanged)

@@ -15,5 +15,6 @@ Rectangle {
     border.width: 2
     border.color: Qt.lighter(VTRTheme.blue, 1.25)
     antialiasing: true
+    // Keyboard focus shows the tool tip, as hovering does.
     onVisibleChanged: (Window.window as ApplicationWindow)?.toolTip.showFor(control, visible)
 }

@@ -4,7 +4,7 @@ import Vantora.Controls
 /// The only text component that views use. It never reads markup, so that a text from the server
 /// stays a text, and it draws `text` only as far as a person would read it. Assistive
 /// technology reads it, unless it is `Accessible.ignored` or part of a control or a list.
-CutText {
+PlainTextBase {
     id: plainText
 
     property string text

@@ -12,7 +12,7 @@
 namespace {
 
 /// Painted once for all surfaces of the look, and kept for as long as others do not need the room.
-/// Only a render thread comes here, while the main thread waits.
+/// Called from updatePaintNode() alone, while the main thread is blocked.
 QImage picture(const SurfaceLook &look)
 {
     constexpr int room = 1 << 20; // bytes

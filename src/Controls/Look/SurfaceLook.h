@@ -21,8 +21,8 @@ struct SurfaceLook
 
     /// How far the shadow reaches beyond the surface; 0 when there is none.
     int margin() const;
-    /// How much of each side differs from the middle: the corners. The rest may be stretched,
-    /// unless there is a gradient.
+    /// How much of each side belongs to a corner. The rest may be stretched, unless there is a
+    /// gradient.
     int cornerExtent() const;
     /// The surface with the margin around it.
     QImage paint() const;

@@ -29,7 +29,7 @@ Item {
         antialiasing: true
     }
 
-    CutText {
+    PlainTextBase {
         anchors.centerIn: parent
         shownText: symbol.look.character
         rotation: symbol.look.rotation ?? 0

@@ -55,7 +55,7 @@ QtObject {
     readonly property int spacing: 8
     readonly property int cardRadius: 14
     readonly property int controlRadius: 8
-    /// Of an answer to an earlier question, where the last one failed.
+    /// Opacity of results that remain after a failed request.
     readonly property real earlierOpacity: 0.55
 
     function withOpacity(base: color, opacity: real): color {

@@ -1,8 +1,8 @@
 import QtQuick
 import Vantora.Controls
 
-/// A place in a page that opens and closes with a motion. While it does so above what one looks at,
-/// the page follows, so that nothing moves before one's eyes. Its child is the content, made when
+/// A place in a page that opens and closes with a motion. While it does so above what is in view,
+/// the page follows, so that this stays in place. Its child is the content, made when
 /// the slot first opens.
 Item {
     id: slot

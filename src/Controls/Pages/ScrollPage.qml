@@ -43,34 +43,33 @@ Flickable {
     /// Where the item with the keyboard begins, if it is in view; -1 otherwise.
     function keyboardPlace(): real {
         const item = Window.window?.activeFocusItem ?? null;
-        for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
-            if (ancestor !== contentItem)
-                continue;
-            const place = item.mapToItem(contentItem, 0, 0).y;
-            return place + item.height > contentY && place < contentY + height ? place : -1;
-        }
-        return -1;
+        if (!holds(item))
+            return -1;
+        const place = item.mapToItem(contentItem, 0, 0).y;
+        return place + item.height > contentY && place < contentY + height ? place : -1;
+    }
+
+    function holds(item: Item): bool {
+        let ancestor = item;
+        while (ancestor && ancestor !== contentItem)
+            ancestor = ancestor.parent;
+        return ancestor !== null;
     }
 
     function scrollSideways(distance: real) {
-        contentX = Math.max(0, Math.min(contentX + distance, contentWidth - width));
+        contentX = Math.max(0, Math.floor(Math.min(contentX + distance, contentWidth - width)));
     }
 
     /// Shows the item that the keyboard has come to, if it lies in this page and fits into it.
     function showItem(item: Item) {
-        for (let ancestor = item; ancestor; ancestor = ancestor.parent) {
-            if (ancestor !== contentItem)
-                continue;
-            if (item === shownItem)
-                return;
-            shownItem = item;
-            const place = item.mapToItem(contentItem, 0, 0);
-            if (item.height < height)
-                showRange(place.y, place.y + item.height);
-            if (place.x < contentX || place.x + item.width > contentX + width)
-                scrollSideways(place.x + (item.width - width) / 2 - contentX);
+        if (item === shownItem || !holds(item))
             return;
-        }
+        shownItem = item;
+        const place = item.mapToItem(contentItem, 0, 0);
+        if (item.height < height)
+            showRange(place.y, place.y + item.height);
+        if (place.x < contentX || place.x + item.width > contentX + width)
+            scrollSideways(place.x + (item.width - width) / 2 - contentX);
     }
 
     // Not only for the look: of an item that moves wholly behind something opaque, such as the menu
@@ -124,13 +123,18 @@ Flickable {
     WheelHandler {
         // On X11 pixels are whatever the driver counts in.
         readonly property bool hasPixels: Qt.platform.pluginName !== "xcb"
+        /// What was turned short of a pixel.
+        property point rest
 
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         target: null
         // A touchpad reports pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
         onWheel: event => {
-            page.scrollBy(-(hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120));
-            page.scrollSideways(-(hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120));
+            const x = rest.x - (hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120);
+            const y = rest.y - (hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120);
+            rest = Qt.point(x % 1, y % 1);
+            page.scrollSideways(Math.trunc(x));
+            page.scrollBy(Math.trunc(y));
         }
     }
 
@@ -138,7 +142,8 @@ Flickable {
     DragHandler {
         id: finger
 
-        property vector2d last
+        /// Where the page was when the finger went down.
+        property point start
         property vector2d speed
         property real movedAt
 
@@ -146,15 +151,17 @@ Flickable {
         target: null
         xAxis.enabled: page.contentWidth > page.width
         onActiveChanged: {
-            last = Qt.vector2d(0, 0);
+            if (active)
+                start = Qt.point(page.contentX, page.contentY);
             // A finger that rested before it left does not throw the page.
-            if (!active && Date.now() - movedAt < 100)
+            else if (Date.now() - movedAt < 100)
                 page.flick(xAxis.enabled ? speed.x : 0, speed.y);
         }
         onActiveTranslationChanged: {
-            page.scrollSideways(last.x - activeTranslation.x);
-            page.scrollBy(last.y - activeTranslation.y);
-            last = activeTranslation;
+            if (!active)
+                return;
+            page.scrollSideways(start.x - activeTranslation.x - page.contentX);
+            page.scrollTo(start.y - activeTranslation.y);
             speed = centroid.velocity;
             movedAt = Date.now();
         }

@@ -6,17 +6,17 @@ import QtQuick.Templates as T
 QtObject {
     property Item item: null
     readonly property T.Control control: item as T.Control
-    property bool hadRing: false
+    property bool hadVisualFocus: false
 
     function remember(focused: Item) {
         item = focused;
-        hadRing = control !== null && control.visualFocus;
+        hadVisualFocus = control !== null && control.visualFocus;
     }
 
     function restore() {
         if (item === null)
             return;
-        const reason = hadRing ? Qt.TabFocusReason : Qt.OtherFocusReason;
+        const reason = hadVisualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason;
         item.forceActiveFocus(reason);
         // Where Qt has given the focus back already, the reason is another.
         if (control !== null)

@@ -1,12 +1,11 @@
 import QtQuick
+import QtQuick.Layouts
 import QtQuick.Templates as T
 import Vantora.Controls
 
-/// A modal sheet over the dimmed window. Its child is the content, made anew for every opening and
-/// destroyed after the closing motion; the item in it that has `focus: true` gets the keyboard
-/// first (a content that is a FocusScope needs it, too), Tab stays within the sheet, and closing
-/// gives the keyboard back to where it was. `title` is the accessible name; the content shows it in
-/// a SheetHeader.
+/// A modal sheet over the dimmed window, with its title, a close button and its content. It is made anew
+/// for every opening (see SheetLoader). The item in it that has `focus: true` gets the keyboard first,
+/// Tab stays within the sheet, and closing gives the keyboard back to where it was.
 ///
 /// Escape and the header's button close it. A click beside it does not: it would throw away what
 /// was typed for a slip of the pointer.
@@ -16,16 +15,21 @@ T.Dialog {
     required property int sheetWidth
     required property int sheetHeight
     property color fill: VTRTheme.background
-    default property Component content
+    /// Before the title; empty for none.
+    property string symbol
+    property alias hasDivider: divider.visible
+    /// Stands in the header, below the title.
+    property alias headerContent: extension.data
+    default property alias sheetContent: body.data
+    /// Takes the keys that the controls leave alone.
+    property Item keyTarget: null
 
-    /// What `content` makes, while the sheet is open.
-    property Item body: null
     /// How far below its place the sheet is, while it comes and goes.
-    property real rise: 0
+    property real verticalOffset: 0
 
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: (parent ? Math.round((parent.height - height) / 2) : 0) + rise
+    y: (parent ? Math.round((parent.height - height) / 2) : 0) + verticalOffset
     width: sheetWidth
     height: parent ? Math.min(sheetHeight, parent.height - 2 * VTRTheme.padding) : sheetHeight
     padding: 0
@@ -34,15 +38,7 @@ T.Dialog {
     closePolicy: T.Popup.CloseOnEscape
 
     onAboutToShow: focusReturn.remember(parent.Window.window.activeFocusItem)
-    onVisibleChanged: visible ? makeBody() : body?.destroy()
     onClosed: focusReturn.restore()
-
-    // A Loader would refuse a component that is bound to its context.
-    function makeBody() {
-        const room = { "width": availableWidth, "height": availableHeight };
-        body = content.createObject(contentItem, room) as Item;
-        body.anchors.fill = contentItem;
-    }
 
     background: RoundedSurface {
         radius: VTRTheme.cardRadius
@@ -57,6 +53,7 @@ T.Dialog {
         focus: true
         Accessible.role: Accessible.Dialog
         Accessible.name: sheet.title
+        Keys.forwardTo: sheet.keyTarget ? [sheet.keyTarget] : []
     }
 
     T.Overlay.modal: Rectangle {
@@ -70,7 +67,7 @@ T.Dialog {
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.sheetDuration }
         NumberAnimation {
-            property: "rise"
+            property: "verticalOffset"
             from: 14
             to: 0
             duration: Motion.sheetDuration
@@ -80,7 +77,7 @@ T.Dialog {
     exit: Transition {
         NumberAnimation { property: "opacity"; to: 0; duration: Motion.sheetDuration }
         NumberAnimation {
-            property: "rise"
+            property: "verticalOffset"
             to: 14
             duration: Motion.sheetDuration
             easing.type: Easing.InCubic
@@ -89,5 +86,80 @@ T.Dialog {
 
     FocusReturn {
         id: focusReturn
+    }
+
+    // The lighter ground of the header, with the sheet's own corners at the top and none below.
+    Item {
+        width: parent.width
+        height: header.height + 2 * VTRTheme.padding
+        clip: true
+
+        RoundedSurface {
+            width: parent.width
+            height: parent.height + 2 * radius
+            radius: VTRTheme.cardRadius
+            color: VTRTheme.cardBgLight
+            borderColor: VTRTheme.cardBorder
+            borderWidth: 0.5
+        }
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        ColumnLayout {
+            id: header
+
+            Layout.margins: VTRTheme.padding
+            spacing: 12
+
+            RowLayout {
+                spacing: VTRTheme.spacing
+
+                Symbol {
+                    visible: sheet.symbol.length > 0
+                    name: sheet.symbol
+                    size: VTRTheme.titleSize
+                    color: VTRTheme.vtrRed
+                }
+                PlainText {
+                    Layout.fillWidth: true
+                    text: sheet.title
+                    font.pixelSize: VTRTheme.headlineSize
+                    font.weight: Font.Bold
+                    elide: Text.ElideRight
+                    // It is the name of the sheet.
+                    Accessible.ignored: true
+                }
+                ToolButton {
+                    icon.name: "xmark.circle.fill"
+                    icon.width: VTRTheme.titleSize
+                    icon.color: VTRTheme.textMuted
+                    text: "Kapat"
+                    onClicked: sheet.close()
+                }
+            }
+            ColumnLayout {
+                id: extension
+
+                visible: children.length > 0
+                spacing: 0
+            }
+        }
+
+        Divider {
+            id: divider
+
+            Layout.fillWidth: true
+            visible: false
+        }
+
+        Item {
+            id: body
+
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+        }
     }
 }

@@ -13,6 +13,7 @@ T.ApplicationWindow {
 
     color: VTRTheme.background
 
+    // Installs the interfaces for assistive technology, before the first item is made.
     AccessibleTree {}
 
     WindowKeys {

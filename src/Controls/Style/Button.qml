@@ -8,7 +8,7 @@ T.Button {
     id: button
 
     property real radius: VTRTheme.controlRadius
-    /// The focus ring is shown. A list of buttons that is one tab stop decides by itself.
+    /// The focus ring is shown. Lists that are a single tab stop bind it.
     property bool showsFocus: visualFocus
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

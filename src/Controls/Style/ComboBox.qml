@@ -28,7 +28,7 @@ T.ComboBox {
         if (event.accepted)
             popup.open();
     }
-    // Qt's own closes it when the key comes up, which it does elsewhere by then.
+    // T.ComboBox closes when Escape is released, which the window no longer sees.
     Keys.onEscapePressed: event => {
         event.accepted = popup.visible;
         popup.close();

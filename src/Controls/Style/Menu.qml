@@ -13,7 +13,7 @@ T.Menu {
     margins: 4
     overlap: 1
     modal: true
-    // A menu bar would leave a click on the menu's title to the title, which is shielded.
+    // A menu bar sets CloseOnPressOutsideParent; under a modal menu a click on its title would do nothing.
     onAboutToShow: closePolicy = T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
     T.Overlay.modal: Item {}

@@ -12,18 +12,12 @@ T.RadioButton {
     /// Clicks the choice before (-1) or after (1) this one and gives it the keyboard; past the ends
     /// nothing happens.
     function step(by: int) {
-        const siblings = parent.children;
-        let place = 0;
-        while (siblings[place] !== button)
-            ++place;
-        for (place += by; place >= 0 && place < siblings.length; place += by) {
-            const other = siblings[place] as RadioButton;
-            if (other) {
-                other.forceActiveFocus(Qt.TabFocusReason);
-                other.clicked();
-                return;
-            }
-        }
+        const choices = Array.from(parent.children).filter(child => child as RadioButton);
+        const other = choices[choices.indexOf(button) + by] as RadioButton;
+        if (!other)
+            return;
+        other.forceActiveFocus(Qt.TabFocusReason);
+        other.clicked();
     }
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding

@@ -27,9 +27,6 @@ T.ToolTip {
         return shown.reduce((texts, child) => texts.concat(textsIn(child)), own ? [own] : []);
     }
 
-    // The item that Qt draws it by.
-    Component.onCompleted: contentItem.parent.Accessible.ignored = true
-
     x: 0
     y: {
         const below = parent ? parent.height + gap : 0;

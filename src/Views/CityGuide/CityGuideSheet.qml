@@ -7,81 +7,74 @@ import Vantora.Controls
 
 /// The guide of the search's destination and the airline's promotions, on two tabs. Every opening
 /// loads them anew, for the destination of that moment.
-Sheet {
+ScrollSheet {
     id: guideSheet
 
     required property FlightSearchViewModel search
 
+    readonly property CityGuideViewModel viewModel: CityGuideViewModel {}
+    readonly property bool isLoading: viewModel.isLoading
+    /// 0 is the guide, 1 the promotions.
+    property int activeTab: 0
+
     objectName: "cityGuideSheet"
     title: "Destinasyon Rehberi & Fırsatlar"
+    symbol: "map.circle.fill"
     sheetWidth: 560
     sheetHeight: 500
+    onActiveTabChanged: page.scrollTo(0)
+    // That it loads is read with the sheet, which has just opened.
+    onIsLoadingChanged: if (!isLoading) ScreenReader.announce(viewModel.guideInfo.city + " rehberi yüklendi")
+    Component.onCompleted: {
+        viewModel.startLoading(search.destinationCode);
+        tabBar.currentSegment.focus = true;
+    }
 
-    ScrollSheetContent {
-        id: content
+    headerContent: SegmentedControl {
+        id: tabBar
 
-        readonly property CityGuideViewModel viewModel: CityGuideViewModel {}
-        readonly property bool isLoading: viewModel.isLoading
-        /// 0 is the guide, 1 the promotions.
-        property int activeTab: 0
+        objectName: "guideTabs"
+        Layout.fillWidth: true
+        Accessible.name: "Rehber sekmeleri"
+        model: [guideSheet.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
+        currentIndex: guideSheet.activeTab
+        onActivated: index => guideSheet.activeTab = index
+    }
 
-        sheet: guideSheet
-        symbol: "map.circle.fill"
-        hasDivider: false
-        onActiveTabChanged: page.scrollTo(0)
-        // That it loads is read with the sheet, which has just opened.
-        onIsLoadingChanged: if (!isLoading) ScreenReader.announce(viewModel.guideInfo.city + " rehberi yüklendi")
-        Component.onCompleted: {
-            viewModel.startLoading(guideSheet.search.destinationCode);
-            tabBar.currentSegment.focus = true;
-        }
+    LoadingPanel {
+        objectName: "guideLoadingPanel"
+        Layout.fillWidth: true
+        visible: guideSheet.isLoading
+        padding: 50
+        text: "Rehber bilgileri yükleniyor..."
+        textSize: VTRTheme.calloutSize
+        textColor: VTRTheme.textMuted
+    }
 
-        headerContent: SegmentedControl {
-            id: tabBar
+    CityGuidePage {
+        objectName: "cityGuidePage"
+        Layout.fillWidth: true
+        visible: !guideSheet.isLoading && guideSheet.activeTab === 0 && guideSheet.viewModel.hasGuideInfo
+        guide: guideSheet.viewModel.guideInfo
+    }
 
-            objectName: "guideTabs"
-            Layout.fillWidth: true
-            Accessible.name: "Rehber sekmeleri"
-            model: [content.viewModel.destinationCode + " Şehir Rehberi", "Aktif Kampanyalar"]
-            currentIndex: content.activeTab
-            onActivated: index => content.activeTab = index
-        }
+    // The airline's promotions, in the server's order.
+    Column {
+        id: promotions
 
-        LoadingPanel {
-            objectName: "guideLoadingPanel"
-            Layout.fillWidth: true
-            visible: content.isLoading
-            padding: 50
-            text: "Rehber bilgileri yükleniyor..."
-            textSize: VTRTheme.calloutSize
-            textColor: VTRTheme.textMuted
-        }
+        objectName: "promotionsPage"
+        Layout.fillWidth: true
+        visible: !guideSheet.isLoading && guideSheet.activeTab === 1
+        spacing: 12
 
-        CityGuidePage {
-            objectName: "cityGuidePage"
-            Layout.fillWidth: true
-            visible: !content.isLoading && content.activeTab === 0 && content.viewModel.hasGuideInfo
-            guide: content.viewModel.guideInfo
-        }
+        Repeater {
+            model: FirstRows {
+                // Sixty long cards that come into sight at once would be laid out at once.
+                sourceModel: promotions.visible ? guideSheet.viewModel.promotions : null
+            }
 
-        // The airline's promotions, in the server's order.
-        Column {
-            id: promotions
-
-            objectName: "promotionsPage"
-            Layout.fillWidth: true
-            visible: !content.isLoading && content.activeTab === 1
-            spacing: 12
-
-            Repeater {
-                model: FirstRows {
-                    // Sixty long cards that come into sight at once would be laid out at once.
-                    sourceModel: promotions.visible ? content.viewModel.promotions : null
-                }
-
-                PromotionCard {
-                    width: promotions.width
-                }
+            PromotionCard {
+                width: promotions.width
             }
         }
     }

@@ -138,13 +138,13 @@ FocusScope {
         }
     }
 
-    LateSheet {
+    SheetLoader {
         id: flightStatusSheet
 
         file: Qt.resolvedUrl("FlightStatusSheet.qml")
     }
 
-    LateSheet {
+    SheetLoader {
         id: cityGuideSheet
 
         file: Qt.resolvedUrl("CityGuideSheet.qml")

@@ -48,14 +48,14 @@ VTRCard {
         }
     }
 
-    LateSheet {
+    SheetLoader {
         id: originPicker
 
         file: Qt.resolvedUrl("AirportPickerSheet.qml")
         values: ({ search: searchCard.viewModel, choosesOrigin: true })
     }
 
-    LateSheet {
+    SheetLoader {
         id: destinationPicker
 
         file: Qt.resolvedUrl("AirportPickerSheet.qml")

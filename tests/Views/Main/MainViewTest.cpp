@@ -105,6 +105,21 @@ private Q_SLOTS:
         }
     }
 
+    void aFineWheelScrollsAsFarBothWays()
+    {
+        const qreal before = findAndScroll();
+        const QPointF pointer(640, 400);
+        for (const int angle : { -1, 1 }) {
+            for (int step = 0; step < 60; ++step) {
+                QWheelEvent wheel(pointer, m_window->window()->mapToGlobal(pointer), {},
+                                  QPoint(0, -angle), Qt::NoButton, {}, Qt::NoScrollPhase, false);
+                QCoreApplication::sendEvent(m_window->window(), &wheel);
+            }
+            // 60 eighths of a degree are half a notch of the wheel.
+            QCOMPARE(place(), angle < 0 ? before - 40 : before);
+        }
+    }
+
     void thePageAndTheListStayWhileDaysLoad()
     {
         const qreal before = findAndScroll();

@@ -219,7 +219,7 @@ private:
         calls.removeIf([&](const ReceivedRequest &call) { return call.tool() != tool; });
         return calls.constLast().arguments();
     }
-    bool isPickerOpen() const { return m_window->named(u"airportPicker"_s); }
+    bool isPickerOpen() const { return m_window->named(u"airportSearch"_s); }
     /// Opens the picker with the keyboard on the button.
     void openPicker(const QString &button) const
     {

@@ -80,7 +80,7 @@ Button {
             parent: field
             value: field.value
             dimmedBefore: field.dimmedBefore
-            onTaken: value => field.edited(value)
+            onChosen: value => field.edited(value)
             onClosed: destroy()
         }
     }

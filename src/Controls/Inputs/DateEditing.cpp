@@ -1,4 +1,4 @@
-#include "Controls/Fields/DateEditing.h"
+#include "Controls/Inputs/DateEditing.h"
 
 #include <QFontMetricsF>
 #include <QHash>
@@ -50,6 +50,12 @@ QDate dayAfterKey(const QDate &day, int key)
     }
 }
 
+QDate firstInGrid(const QDate &day)
+{
+    const QDate first(day.year(), day.month(), 1);
+    return first.addDays(first.dayOfWeek() == 1 ? -7 : 1 - first.dayOfWeek());
+}
+
 } // namespace
 
 QDateTime DateEditing::addDays(const QDateTime &moment, int days) const
@@ -62,27 +68,19 @@ QDateTime DateEditing::addMonths(const QDateTime &moment, int months) const
     return onDate(moment, moment.date().addMonths(months));
 }
 
-QDateTime DateEditing::onDay(const QDateTime &moment, int year, int month, int day) const
-{
-    return onDate(moment, QDate(year, month + 1, day));
-}
-
-bool DateEditing::moves(int key) const
-{
-    return dayAfterKey(QDate(2000, 1, 15), key) != QDate(2000, 1, 15);
-}
-
 QDateTime DateEditing::moved(const QDateTime &moment, int key) const
 {
     return onDate(moment, dayAfterKey(moment.date(), key));
 }
 
-int DateEditing::year(const QDateTime &moment) const { return moment.date().year(); }
-int DateEditing::month(const QDateTime &moment) const { return moment.date().month() - 1; }
+bool DateEditing::isSameDay(const QDateTime &moment, const QDateTime &other) const
+{
+    return moment.date() == other.date();
+}
 
 bool DateEditing::isSameMonth(const QDateTime &moment, const QDateTime &other) const
 {
-    return year(moment) == year(other) && month(moment) == month(other);
+    return firstInGrid(moment.date()) == firstInGrid(other.date());
 }
 
 bool DateEditing::isEarlier(const QDateTime &moment, const QDateTime &other) const
@@ -92,9 +90,12 @@ bool DateEditing::isEarlier(const QDateTime &moment, const QDateTime &other) con
 
 int DateEditing::gridRow(const QDateTime &moment) const
 {
-    const QDate day = moment.date();
-    const int daysBefore = day.addDays(1 - day.day()).dayOfWeek() - 1;
-    return (daysBefore == 0 ? 7 : daysBefore) + day.day() - 1;
+    return static_cast<int>(firstInGrid(moment.date()).daysTo(moment.date()));
+}
+
+QDateTime DateEditing::dayInGrid(const QDateTime &moment, int row) const
+{
+    return onDate(moment, firstInGrid(moment.date()).addDays(row));
 }
 
 QString DateEditing::fullText(const QDateTime &moment) const { return full(moment.date()); }

@@ -2,7 +2,6 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Vantora.Controls
 
 /// The month that drops from a date field, made for one opening. The arrows move by days and weeks,
@@ -17,14 +16,15 @@ Popup {
     property date dimmedBefore
     /// The day that Return would take, with the time of day to keep.
     property date cursor: value
+    readonly property date today: new Date()
     property bool opensUpwards: false
 
     /// A day was chosen.
-    signal taken(date value)
+    signal chosen(date value)
 
-    function take(day: date) {
+    function choose(day: date) {
         close();
-        taken(day);
+        chosen(day);
     }
 
     function showMonth(step: int) {
@@ -71,8 +71,9 @@ Popup {
         Accessible.name: "Takvim"
 
         Keys.onPressed: event => {
-            event.accepted = DateEditing.moves(event.key);
-            monthPopup.cursor = DateEditing.moved(monthPopup.cursor, event.key);
+            const moved = DateEditing.moved(monthPopup.cursor, event.key);
+            event.accepted = !DateEditing.isSameDay(moved, monthPopup.cursor);
+            monthPopup.cursor = moved;
         }
 
         WheelHandler {
@@ -119,33 +120,23 @@ Popup {
                 }
             }
 
-            T.AbstractDayOfWeekRow {
-                id: weekdays
-
-                implicitWidth: implicitContentWidth
-                implicitHeight: implicitContentHeight
+            Row {
                 spacing: 2
-                locale: Qt.locale("tr_TR") // qmllint disable
-                Accessible.ignored: true
 
-                delegate: PlainText {
-                    required property string shortName
+                Repeater {
+                    model: 7
 
-                    width: 36
-                    height: 24
-                    text: shortName
-                    horizontalAlignment: Text.AlignHCenter
-                    verticalAlignment: Text.AlignVCenter
-                    font.pixelSize: 11
-                    color: VTRTheme.textMuted
-                    Accessible.ignored: true
-                }
-                contentItem: Row {
-                    spacing: weekdays.spacing
+                    PlainText {
+                        required property int index
 
-                    Repeater {
-                        model: weekdays.source
-                        delegate: weekdays.delegate
+                        width: 36
+                        height: 24
+                        text: Qt.locale("tr_TR").standaloneDayName((index + 1) % 7, Locale.ShortFormat)
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                        font.pixelSize: 11
+                        color: VTRTheme.textMuted
+                        Accessible.ignored: true
                     }
                 }
             }
@@ -159,33 +150,18 @@ Popup {
                 activeFocusOnTab: true
                 Accessible.name: "Günler"
                 count: cells.count
-                textOf: row => cell(row).text
-                itemOf: row => cell(row)
+                textOf: row => (cells.itemAt(row) as Button).text
+                itemOf: row => cells.itemAt(row)
                 currentRow: DateEditing.gridRow(monthPopup.cursor)
                 selectedRow: DateEditing.isSameMonth(monthPopup.cursor, monthPopup.value) ? DateEditing.gridRow(monthPopup.value) : -1
                 isActive: activeFocus
-                onRowPressed: row => monthPopup.take(cell(row).date)
+                onRowPressed: row => monthPopup.choose(DateEditing.dayInGrid(monthPopup.cursor, row))
                 onRowFocused: row => {
-                    monthPopup.cursor = cell(row).date;
+                    monthPopup.cursor = DateEditing.dayInGrid(monthPopup.cursor, row);
                     forceActiveFocus(Qt.TabFocusReason);
                 }
 
-                function cell(row: int): MonthDay {
-                    return cells.itemAt(row) as MonthDay;
-                }
-
-                Keys.onSpacePressed: monthPopup.take(monthPopup.cursor)
-
-                // It lays out no delegates of its own: it would write into their context, which bound
-                // components do not allow.
-                T.AbstractMonthGrid {
-                    id: calendar
-
-                    visible: false
-                    locale: Qt.locale("tr_TR") // qmllint disable
-                    month: DateEditing.month(monthPopup.cursor)
-                    year: DateEditing.year(monthPopup.cursor)
-                }
+                Keys.onSpacePressed: monthPopup.choose(monthPopup.cursor)
 
                 Grid {
                     id: grid
@@ -197,13 +173,45 @@ Popup {
                     Repeater {
                         id: cells
 
-                        model: calendar.source
-                        delegate: MonthDay {
-                            cursor: monthPopup.cursor
-                            isChosen: index === days.selectedRow
-                            dimmedBefore: monthPopup.dimmedBefore
+                        model: 42
+
+                        // The month has the keyboard; a day answers the pointer.
+                        delegate: Button {
+                            id: cell
+
+                            required property int index
+                            readonly property date date: DateEditing.dayInGrid(monthPopup.cursor, index)
+                            readonly property bool isToday: DateEditing.isSameDay(date, monthPopup.today)
+                            readonly property bool isChosen: index === days.selectedRow
+                            readonly property bool isDimmed: !DateEditing.isSameMonth(date, monthPopup.cursor)
+                                                             || DateEditing.isEarlier(date, monthPopup.dimmedBefore)
+
+                            implicitWidth: 36
+                            implicitHeight: 32
+                            padding: 0
+                            focusPolicy: Qt.NoFocus
                             showsFocus: index === days.currentRow && days.activeFocus
-                            onClicked: monthPopup.take(date)
+                            text: DateEditing.fullText(date) + (isToday ? ", bugün" : "")
+                            onClicked: monthPopup.choose(date)
+
+                            background: RoundedSurface {
+                                radius: cell.radius
+                                color: cell.isChosen ? VTRTheme.vtrRed : "transparent"
+                                borderColor: cell.isChosen ? VTRTheme.textPrimary : VTRTheme.vtrRed
+                                borderWidth: cell.isToday ? 1.5 : 0
+
+                                PressTint {
+                                    control: cell
+                                    radius: cell.radius
+                                }
+                            }
+                            contentItem: PlainText {
+                                text: cell.date.getDate()
+                                horizontalAlignment: Text.AlignHCenter
+                                verticalAlignment: Text.AlignVCenter
+                                font.weight: cell.isChosen || cell.isToday ? Font.Bold : Font.Normal
+                                color: cell.isDimmed && !cell.isChosen ? VTRTheme.textMuted : VTRTheme.textPrimary
+                            }
                         }
                     }
                 }

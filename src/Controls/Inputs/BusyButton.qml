@@ -10,7 +10,7 @@ Button {
     /// Empty for the indicator alone.
     property string busyText
     property bool isRaised: true
-    property bool hadRing: false
+    property bool hadVisualFocus: false
 
     highlighted: true
     horizontalPadding: 18
@@ -22,8 +22,8 @@ Button {
     enabled: !busy
     opacity: enabled || busy ? 1 : 0.55
     // A disabled button loses the keyboard and gets it back without its ring.
-    onClicked: hadRing = visualFocus
-    onEnabledChanged: if (enabled && activeFocus && hadRing) focusReason = Qt.TabFocusReason
+    onClicked: hadVisualFocus = visualFocus
+    onEnabledChanged: if (enabled && activeFocus && hadVisualFocus) focusReason = Qt.TabFocusReason
     Accessible.name: !busy ? text : busyText.length > 0 ? busyText : text + ", yükleniyor"
 
     background: RedSurface {

@@ -23,17 +23,11 @@ public:
     Q_INVOKABLE QDateTime addDays(const QDateTime &moment, int days) const;
     /// The same day of another month, or its last day when the month is shorter.
     Q_INVOKABLE QDateTime addMonths(const QDateTime &moment, int months) const;
-    /// `month` counts from 0, as the calendar controls do.
-    Q_INVOKABLE QDateTime onDay(const QDateTime &moment, int year, int month, int day) const;
-    /// `key` (a Qt::Key) moves in a month: the arrows by days and weeks, PageUp and PageDown by
-    /// months, Home and End to the month's ends.
-    Q_INVOKABLE bool moves(int key) const;
-    /// Where `key` leads; `moment` itself for a key that does not move.
+    /// Where `key` (a Qt::Key) leads in a month: the arrows by days and weeks, PageUp and PageDown
+    /// by months, Home and End to the month's ends. `moment` itself for a key that does not move.
     Q_INVOKABLE QDateTime moved(const QDateTime &moment, int key) const;
 
-    Q_INVOKABLE int year(const QDateTime &moment) const;
-    /// Counts from 0.
-    Q_INVOKABLE int month(const QDateTime &moment) const;
+    Q_INVOKABLE bool isSameDay(const QDateTime &moment, const QDateTime &other) const;
     Q_INVOKABLE bool isSameMonth(const QDateTime &moment, const QDateTime &other) const;
     /// Whether it lies on an earlier day; no day is earlier than an invalid one.
     Q_INVOKABLE bool isEarlier(const QDateTime &moment, const QDateTime &other) const;
@@ -41,6 +35,8 @@ public:
     /// The place of a day, from 0, in the six weeks that a month grid shows. They begin on a
     /// Monday, and always with days of the month before.
     Q_INVOKABLE int gridRow(const QDateTime &moment) const;
+    /// The day in that place of the grid of the month of `moment`.
+    Q_INVOKABLE QDateTime dayInGrid(const QDateTime &moment, int row) const;
 
     /// "5 Aralık 2026 Cumartesi".
     Q_INVOKABLE QString fullText(const QDateTime &moment) const;
