@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Models/FlightOption.h"
 #include "Models/JsonObject.h"
 
 #include <QJsonValue>
@@ -7,6 +8,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -38,6 +40,31 @@ struct Row
     QStringView title;
 };
 
+template<>
+struct Row<FlightSortOption>
+{
+    FlightSortOption option;
+    QStringView rawValue;
+    QStringView title;
+    /// The flights that the option leaves, in its order.
+    QList<FlightOption> (*arranged)(QList<FlightOption> flights);
+};
+
+/// Equal ones stay in their order.
+template<auto member>
+QList<FlightOption> sortedBy(QList<FlightOption> flights)
+{
+    std::ranges::stable_sort(flights, {}, member);
+    return flights;
+}
+
+template<auto member>
+QList<FlightOption> onlyThose(QList<FlightOption> flights)
+{
+    flights.removeIf([](const FlightOption &flight) { return !(flight.*member); });
+    return flights;
+}
+
 /// Every case, in the order of declaration, in which pickers show them.
 template<typename Option>
 inline constexpr auto cases = nullptr;
@@ -64,10 +91,13 @@ inline constexpr auto cases<TimeRange> = std::to_array<Row<TimeRange>>({
 
 template<>
 inline constexpr auto cases<FlightSortOption> = std::to_array<Row<FlightSortOption>>({
-    { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz" },
-    { FlightSortOption::earliest, u"En Erken", u"En Erken" },
-    { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı" },
-    { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar" },
+    { FlightSortOption::cheapest, u"En Ucuz", u"En Ucuz", sortedBy<&FlightOption::price> },
+    { FlightSortOption::earliest, u"En Erken", u"En Erken",
+      sortedBy<&FlightOption::departureTime> },
+    { FlightSortOption::fastest, u"En Hızlı", u"En Hızlı",
+      sortedBy<&FlightOption::durationMinutes> },
+    { FlightSortOption::directOnly, u"Direkt Uçuşlar", u"Direkt Uçuşlar",
+      onlyThose<&FlightOption::isDirect> },
 });
 
 /// Whether a table has a row for every case up to `last`, in the order of the cases.
@@ -88,15 +118,15 @@ static_assert(isWhole(TimeRange::fourWeeks));
 static_assert(isWhole(FlightSortOption::directOnly));
 
 template<typename Option>
-QString rawValue(Option option)
+constexpr Row<Option> row(Option option)
 {
-    return cases<Option>.at(static_cast<size_t>(option)).rawValue.toString();
+    return cases<Option>.at(static_cast<size_t>(option));
 }
 
 template<typename Option>
-QString title(Option option)
+QString rawValue(Option option)
 {
-    return cases<Option>.at(static_cast<size_t>(option)).title.toString();
+    return row(option).rawValue.toString();
 }
 
 /// The case with exactly this raw value, letter case and blanks included; absent for any other

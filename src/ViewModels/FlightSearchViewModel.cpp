@@ -34,26 +34,6 @@ void writeConsoleLine(const QString &failure, const McpError &error)
     QTextStream(stdout) << line << Qt::endl;
 }
 
-/// The flights that the option leaves, in its order.
-QList<FlightOption> arranged(QList<FlightOption> flights, FlightSortOption option)
-{
-    switch (option) {
-    case FlightSortOption::cheapest:
-        std::ranges::stable_sort(flights, {}, &FlightOption::price);
-        break;
-    case FlightSortOption::earliest:
-        std::ranges::stable_sort(flights, {}, &FlightOption::departureTime);
-        break;
-    case FlightSortOption::fastest:
-        std::ranges::stable_sort(flights, {}, &FlightOption::durationMinutes);
-        break;
-    case FlightSortOption::directOnly:
-        flights.removeIf([](const FlightOption &flight) { return !flight.isDirect; });
-        break;
-    }
-    return flights;
-}
-
 } // namespace
 
 FlightSearchViewModel::FlightSearchViewModel(QObject *parent, const QDateTime &now)
@@ -293,7 +273,7 @@ void FlightSearchViewModel::setFlights(const QList<FlightOption> &flights, const
 void FlightSearchViewModel::arrangeFlights(bool areNew)
 {
     Q_EMIT objectWillChange();
-    m_filteredFlights.set(arranged(m_flights, m_activeFilter), areNew);
+    m_filteredFlights.set(SearchOptions::row(m_activeFilter).arranged(m_flights), areNew);
     Q_EMIT filteredFlightsChanged();
 }
 
