@@ -17,10 +17,7 @@ Button {
         shadowRadius: 6
         shadowOffset: 2
 
-        PressTint {
-            control: badge
-            radius: badge.radius
-        }
+        PressTint { control: badge }
     }
 
     EaseInOut {

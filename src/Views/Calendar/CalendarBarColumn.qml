@@ -19,7 +19,6 @@ CalendarDay {
         PressTint {
             control: column
             isHovered: false
-            radius: column.radius
         }
     }
 

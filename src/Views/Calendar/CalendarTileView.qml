@@ -21,7 +21,6 @@ CalendarDay {
         PressTint {
             control: tile
             isHovered: tile.isSelected && tile.isHovered
-            radius: tile.radius
         }
     }
 

@@ -62,7 +62,6 @@ void VisibleFlights::rearrange()
 {
     const Motion motion;
     m_rearrangement.start(m_flights->areNew() ? motion.resultsDuration() : motion.resortDuration());
-    Q_EMIT motionDurationChanged();
     Q_EMIT isRearrangingChanged();
 
     // On its way out a card moves towards its new place.

@@ -43,7 +43,7 @@ class VisibleFlights : public QObject
     /// The row with the keyboard; the first one after every change of the list.
     Q_PROPERTY(int currentRow READ currentRow WRITE setCurrentRow NOTIFY currentRowChanged)
     /// How long the motion of a change takes, in milliseconds.
-    Q_PROPERTY(int motionDuration READ motionDuration NOTIFY motionDurationChanged)
+    Q_PROPERTY(int motionDuration READ motionDuration NOTIFY isRearrangingChanged)
     /// Rows are moving. One that appears now does so because the list has changed, not
     /// because it is scrolled.
     Q_PROPERTY(bool isRearranging READ isRearranging NOTIFY isRearrangingChanged)
@@ -65,7 +65,6 @@ public:
 Q_SIGNALS:
     void flightsChanged();
     void currentRowChanged();
-    void motionDurationChanged();
     void isRearrangingChanged();
 
 private:

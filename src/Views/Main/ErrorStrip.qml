@@ -41,10 +41,7 @@ Button {
         shadowRadius: 16
         shadowOffset: 6
 
-        PressTint {
-            control: strip
-            radius: strip.radius
-        }
+        PressTint { control: strip }
     }
 
     contentItem: RowLayout {

@@ -26,7 +26,6 @@ ItemDelegate {
         PressTint {
             control: row
             isHovered: false
-            radius: VTRTheme.controlRadius
         }
     }
 

@@ -20,10 +20,7 @@ Button {
         radius: button.radius
         color: VTRTheme.cardBgLight
 
-        PressTint {
-            control: button
-            radius: button.radius
-        }
+        PressTint { control: button }
     }
 
     contentItem: Row {

@@ -26,10 +26,7 @@ Item {
         borderWidth: 1
         borderColor: button.hovered ? Qt.rgba(1, 1, 1, 0.18) : VTRTheme.cardBorder
 
-        PressTint {
-            control: background.button
-            radius: background.radius
-        }
+        PressTint { control: background.button }
     }
 
     signal originPressed
