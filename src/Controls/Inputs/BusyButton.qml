@@ -35,7 +35,6 @@ Button {
 
         PressTint {
             control: busyButton
-            radius: busyButton.radius
         }
     }
     /// The room of the wider of its two looks.

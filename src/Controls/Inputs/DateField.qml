@@ -48,7 +48,6 @@ Button {
 
         PressTint {
             control: field
-            radius: field.radius
         }
     }
     contentItem: RowLayout {

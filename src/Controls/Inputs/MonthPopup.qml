@@ -202,7 +202,6 @@ Popup {
 
                                 PressTint {
                                     control: cell
-                                    radius: cell.radius
                                 }
                             }
                             contentItem: PlainText {

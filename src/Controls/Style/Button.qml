@@ -41,7 +41,6 @@ T.Button {
 
             PressTint {
                 control: button
-                radius: button.radius
             }
         }
     }

@@ -59,7 +59,6 @@ T.ComboBox {
         PressTint {
             isDown: box.down
             isHovered: box.hovered
-            radius: VTRTheme.controlRadius
         }
     }
     contentItem: PlainText {

@@ -22,7 +22,6 @@ T.ItemDelegate {
         PressTint {
             control: row
             isHovered: false
-            radius: 6
         }
 
         Symbol {

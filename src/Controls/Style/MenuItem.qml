@@ -22,7 +22,6 @@ T.MenuItem {
         PressTint {
             control: item
             isHovered: false
-            radius: 6
         }
     }
     contentItem: PlainText {

@@ -45,7 +45,6 @@ T.RadioButton {
         PressTint {
             control: button
             isHovered: button.checked && button.hovered
-            radius: button.radius
         }
     }
     contentItem: PlainText {
