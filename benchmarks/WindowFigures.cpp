@@ -117,7 +117,7 @@ public:
     void answerSlowly() const
     {
         const ScriptedAnswer answer = m_answers.value(12);
-        m_server.setAnswer(flightsTool, answer.inChunks(answer.body.size() / 5, 200));
+        m_server.setAnswer(flightsTool, answer.inChunks(answer.body().size() / 5, 200));
     }
     /// From the top of a flight's card to that of the next.
     double cardPitch() const

@@ -1,6 +1,6 @@
 #include "ViewModels/FlightSearchViewModel.h"
 #include "support/ClientTesting.h"
-#include "support/ConsoleCapture.h"
+#include "support/ConsoleText.h"
 #include "support/ServerFaults.h"
 #include "support/ToolAnswers.h"
 

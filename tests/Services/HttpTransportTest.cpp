@@ -76,10 +76,10 @@ private Q_SLOTS:
         QTest::newRow("sends 2,000 headers")
             << good.withHeader("a", QByteArray("b\r\na: ").repeated(2000) + 'b') << tooLarge;
         QTest::newRow("sends a body without end")
-            << ScriptedAnswer { .raw = "HTTP/1.1 200 OK\r\n\r\n",
+            << ScriptedAnswer { .pieces = { "HTTP/1.1 200 OK\r\n\r\n" },
                                 .endless = QByteArray(100'000, ' ') }
             << tooLarge;
-        QTest::newRow("says nothing") << ScriptedAnswer { .cutAfter = 0 } << idle;
+        QTest::newRow("says nothing") << ScriptedAnswer() << idle;
     }
     void http2Faults()
     {

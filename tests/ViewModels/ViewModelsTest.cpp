@@ -1,7 +1,7 @@
 #include "ViewModels/FlightSearchViewModel.h"
 #include "ViewModels/RecordListModel.h"
 #include "support/ClientTesting.h"
-#include "support/ConsoleCapture.h"
+#include "support/ConsoleText.h"
 #include "support/ToolAnswers.h"
 
 #include <QAbstractItemModelTester>

@@ -29,50 +29,31 @@ std::unique_ptr<QTcpServer> tlsServer(const QString &certificate, QSsl::SslProto
     return server;
 }
 
-/// What goes over the wire, piece by piece.
-QList<QByteArray> piecesOf(const ScriptedAnswer &answer)
-{
-    if (!answer.raw.isEmpty())
-        return { answer.raw.left(answer.cutAfter) };
-    QByteArray head = "HTTP/1.1 " + QByteArray::number(answer.status) + " Scripted\r\n";
-    for (const auto &[name, value] : answer.headers)
-        head += name + ": " + value + "\r\n";
-    if (answer.chunkSize == 0) {
-        head += "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n";
-        return { (head + answer.body).left(answer.cutAfter) };
-    }
-    QList<QByteArray> pieces { head + "Transfer-Encoding: chunked\r\n\r\n" };
-    for (qsizetype at = 0; at < answer.body.size(); at += answer.chunkSize) {
-        const QByteArray piece = answer.body.mid(at, answer.chunkSize);
-        pieces.append(QByteArray::number(piece.size(), 16) + "\r\n" + piece + "\r\n");
-    }
-    return pieces << "0\r\n\r\n";
-}
+constexpr char endOfHead[] = "\r\n\r\n";
 
-void sendPieces(const QPointer<QTcpSocket> &socket, const QList<QByteArray> &pieces,
-                const ScriptedAnswer &answer)
+void send(const QPointer<QTcpSocket> &socket, ScriptedAnswer answer)
 {
     if (!socket || socket->state() != QAbstractSocket::ConnectedState)
         return;
-    socket->write(pieces.first());
-    if (pieces.size() == 1) {
-        while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) { }
-        // Only this direction is closed, so that the connection ends when the client has noticed.
-        if (!answer.endless.isEmpty()) {
-            const auto send = [socket, endless = answer.endless] {
-                if (socket->bytesToWrite() < endless.size())
-                    socket->write(endless);
-            };
-            QObject::connect(socket, &QTcpSocket::bytesWritten, socket, send);
-            send();
-        } else if (answer.ending == ScriptedAnswer::Ending::close)
-            ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
-        else if (answer.ending == ScriptedAnswer::Ending::reset)
-            socket->abort();
+    if (!answer.pieces.isEmpty())
+        socket->write(answer.pieces.takeFirst());
+    if (!answer.pieces.isEmpty()) {
+        QTimer::singleShot(answer.interval, socket, [socket, answer] { send(socket, answer); });
         return;
     }
-    QTimer::singleShot(answer.chunkInterval, socket,
-                       [socket, pieces, answer] { sendPieces(socket, pieces.sliced(1), answer); });
+    while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) { }
+    // Only this direction is closed, so that the connection ends when the client has noticed.
+    if (!answer.endless.isEmpty()) {
+        const auto sendMore = [socket, endless = answer.endless] {
+            if (socket->bytesToWrite() < endless.size())
+                socket->write(endless);
+        };
+        QObject::connect(socket, &QTcpSocket::bytesWritten, socket, sendMore);
+        sendMore();
+    } else if (answer.ending == ScriptedAnswer::Ending::close)
+        ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
+    else if (answer.ending == ScriptedAnswer::Ending::reset)
+        socket->abort();
 }
 
 } // namespace
@@ -99,11 +80,9 @@ QJsonObject ReceivedRequest::arguments() const
 
 ScriptedAnswer ScriptedAnswer::text(const QByteArray &body, int status)
 {
-    ScriptedAnswer answer;
-    answer.status = status;
-    answer.headers = { { "Content-Type", "application/json" } };
-    answer.body = body;
-    return answer;
+    return { .pieces = { "HTTP/1.1 " + QByteArray::number(status)
+                         + " Scripted\r\nContent-Type: application/json\r\nContent-Length: "
+                         + QByteArray::number(body.size()) + endOfHead + body } };
 }
 
 ScriptedAnswer ScriptedAnswer::content(const QJsonObject &content)
@@ -123,7 +102,11 @@ ScriptedAnswer ScriptedAnswer::session(const QByteArray &id, int status)
     return text("{}", status).withHeader("mcp-session-id", id);
 }
 
-QByteArray ScriptedAnswer::bytes() const { return piecesOf(*this).join(); }
+QByteArray ScriptedAnswer::body() const
+{
+    const QByteArray all = bytes();
+    return all.sliced(all.indexOf(endOfHead) + qstrlen(endOfHead));
+}
 
 ScriptedAnswer ScriptedAnswer::held() const
 {
@@ -134,25 +117,26 @@ ScriptedAnswer ScriptedAnswer::held() const
 
 ScriptedAnswer ScriptedAnswer::cut(qsizetype bytes, Ending ending) const
 {
-    ScriptedAnswer answer = *this;
-    answer.cutAfter = bytes;
-    answer.ending = ending;
-    return answer;
+    return { .pieces = { this->bytes().left(bytes) }, .ending = ending };
 }
 
 ScriptedAnswer ScriptedAnswer::inChunks(qsizetype size, int interval) const
 {
-    ScriptedAnswer answer = *this;
-    answer.chunkSize = size;
-    answer.chunkInterval = interval;
-    return answer;
+    const QByteArray head = bytes().first(bytes().indexOf("Content-Length"));
+    const QByteArray whole = body();
+    QByteArrayList chunks { head + "Transfer-Encoding: chunked" + endOfHead };
+    for (qsizetype at = 0; at < whole.size(); at += size) {
+        const QByteArray chunk = whole.mid(at, size);
+        chunks.append(QByteArray::number(chunk.size(), 16) + "\r\n" + chunk + "\r\n");
+    }
+    return { .pieces = chunks << "0\r\n\r\n", .interval = interval };
 }
 
 ScriptedAnswer ScriptedAnswer::withHeader(const QByteArray &name, const QByteArray &value) const
 {
-    ScriptedAnswer answer = *this;
-    answer.headers.append({ name, value });
-    return answer;
+    QByteArray all = bytes();
+    return { .pieces = {
+                 all.insert(all.indexOf("Content-Length"), name + ": " + value + "\r\n") } };
 }
 
 QSslCertificate ScriptedServer::certificate(const QString &name)
@@ -198,7 +182,7 @@ void ScriptedServer::accept(QTcpSocket *socket)
 
 bool ScriptedServer::takeRequest(QByteArray &received, int connection)
 {
-    const qsizetype headLength = received.indexOf("\r\n\r\n");
+    const qsizetype headLength = received.indexOf(endOfHead);
     if (headLength < 0)
         return false;
     QByteArrayList lines = received.left(headLength).replace("\r\n", "\n").split('\n');
@@ -212,7 +196,7 @@ bool ScriptedServer::takeRequest(QByteArray &received, int connection)
         const qsizetype colon = line.indexOf(':');
         request.headers.append({ line.left(colon), line.mid(colon + 1).trimmed() });
     }
-    const qsizetype bodyAt = headLength + 4;
+    const qsizetype bodyAt = headLength + qstrlen(endOfHead);
     const qsizetype bodyLength = request.header("Content-Length").toLongLong();
     if (received.size() < bodyAt + bodyLength)
         return false;
@@ -233,13 +217,13 @@ void ScriptedServer::answerLastRequest(QTcpSocket *socket)
     if (answer.isHeld)
         m_held.append({ socket, answer });
     else
-        sendPieces(socket, piecesOf(answer), answer);
+        send(socket, answer);
 }
 
 void ScriptedServer::release()
 {
     const auto [socket, answer] = m_held.takeFirst();
-    sendPieces(socket, piecesOf(answer), answer);
+    send(socket, answer);
 }
 
 int ScriptedServer::openConnections() const

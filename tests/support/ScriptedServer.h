@@ -36,20 +36,13 @@ struct ScriptedAnswer
 {
     enum class Ending { keepAlive, close, reset };
 
-    int status = 200;
-    HeaderList headers = {};
-    QByteArray body = {};
-    /// After the answer, or instead of it when nothing of it is sent.
-    Ending ending = Ending::keepAlive;
-    /// Only so many bytes of the whole answer are sent; 0 sends nothing at all.
-    qsizetype cutAfter = std::numeric_limits<qsizetype>::max();
-    /// When set, sent in place of an HTTP answer.
-    QByteArray raw = {};
+    /// What goes over the wire, one piece each `interval` milliseconds.
+    QByteArrayList pieces = {};
+    int interval = 0;
     /// When set, sent after that again and again, for as long as the client reads.
     QByteArray endless = {};
-    /// When set, the body is sent in chunks of this size, one each `chunkInterval`.
-    qsizetype chunkSize = 0;
-    int chunkInterval = 0;
+    /// After that, or instead of it when there is nothing to send.
+    Ending ending = Ending::keepAlive;
     /// Kept back until ScriptedServer::release().
     bool isHeld = false;
 
@@ -61,8 +54,8 @@ struct ScriptedAnswer
     /// The answer to "initialize" that opens this session.
     static ScriptedAnswer session(const QByteArray &id, int status = 200);
 
-    /// All of it, as it goes over the wire.
-    QByteArray bytes() const;
+    QByteArray bytes() const { return pieces.join(); }
+    QByteArray body() const;
     ScriptedAnswer held() const;
     /// Only its first bytes, and then the end.
     ScriptedAnswer cut(qsizetype bytes, Ending ending = Ending::close) const;

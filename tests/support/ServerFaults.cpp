@@ -12,15 +12,15 @@ using A = ScriptedAnswer;
 using Ending = ScriptedAnswer::Ending;
 
 /// These bytes instead of an answer.
-A raw(const QByteArray &bytes) { return { .raw = bytes }; }
+A raw(const QByteArray &bytes) { return { .pieces = { bytes } }; }
 
 /// The same, and the end of the connection.
-A closing(const QByteArray &bytes) { return { .ending = Ending::close, .raw = bytes }; }
+A closing(const QByteArray &bytes) { return { .pieces = { bytes }, .ending = Ending::close }; }
 
 /// Goes on with `unit` for as long as the client reads.
 A endless(const QByteArray &beginning, const QByteArray &unit)
 {
-    return { .raw = beginning, .endless = unit.repeated(100'000 / unit.size()) };
+    return { .pieces = { beginning }, .endless = unit.repeated(100'000 / unit.size()) };
 }
 
 /// Bytes of a good answer, changed.
@@ -55,17 +55,16 @@ const HttpLimits soonLate { .total = 1500ms };
 
 namespace ServerFaults {
 
-ScriptedAnswer packed(ScriptedAnswer answer, const QString &program, qsizetype bytes)
+ScriptedAnswer packed(const ScriptedAnswer &answer, const QString &program, qsizetype bytes)
 {
     QProcess process;
     process.start(program, { u"-c"_s, u"-1"_s });
-    process.write(answer.body);
+    process.write(answer.body());
     process.closeWriteChannel();
     if (!process.waitForFinished() || process.exitCode() != 0)
         qFatal("%s does not pack.", qPrintable(program));
-    answer.body = process.readAllStandardOutput().mid(0, bytes);
-    return answer.withHeader("Content-Encoding",
-                             program == u"brotli" ? "br"_ba : program.toLatin1());
+    return A::text(process.readAllStandardOutput().mid(0, bytes))
+        .withHeader("Content-Encoding", program == u"brotli" ? "br"_ba : program.toLatin1());
 }
 
 const QList<Fault> &inCalls()
@@ -76,21 +75,23 @@ const QList<Fault> &inCalls()
         { "closes in the head", [](A a) { return a.cut(20); } },
         { "closes in the body", [](A a) { return a.cut(200); } },
         { "resets in the body", [](A a) { return a.cut(200, Ending::reset); } },
-        { "closes in a chunk", [](A a) { return closing(chunkedHead + "ffff\r\n" + a.body); } },
+        { "closes in a chunk", [](A a) { return closing(chunkedHead + "ffff\r\n" + a.body()); } },
         { "closes before the last chunk",
           [](A a) { return closing(a.inChunks(1000).bytes().chopped("0\r\n\r\n"_ba.size())); } },
         { "says nothing", [](A a) { return a.cut(0, Ending::keepAlive); }, soonIdle },
         { "stops in the head", [](A a) { return a.cut(20, Ending::keepAlive); }, soonIdle },
         { "stops in the body", [](A a) { return a.cut(200, Ending::keepAlive); }, soonIdle },
         { "sends an early hint and no answer", [](A) { return raw(hint); }, soonIdle },
-        { "sends a few bytes now and then", [](A a) { return a.inChunks(a.body.size() / 60, 50); },
-          soonLate },
-        { "sends slowly, but in time", [](A a) { return a.inChunks(a.body.size() / 4, 400); },
+        { "sends a few bytes now and then",
+          [](A a) { return a.inChunks(a.body().size() / 60, 50); }, soonLate },
+        { "sends slowly, but in time", [](A a) { return a.inChunks(a.body().size() / 4, 400); },
           soonIdle },
         { "sends a status line without end", [](A) { return endless("HTTP/1.1 200 ", "O"); } },
         { "sends header lines without end", [](A) { return endless(okLine, "a: b\r\n"); } },
         { "sends a header line of 30 MB",
-          [](A a) { return raw(okLine + "a: " + QByteArray(30'000'000, 'b') + "\r\n" + a.body); } },
+          [](A a) {
+              return raw(okLine + "a: " + QByteArray(30'000'000, 'b') + "\r\n" + a.body());
+          } },
         { "sends 20,000 headers",
           [](A a) { return a.withHeader("a", "b\r\na: "_ba.repeated(20'000)); } },
         { "sends early hints without end", [](A) { return endless(hint, hint); } },
@@ -145,23 +146,23 @@ const QList<Fault> &inCalls()
         { "sends chunks of one byte, with extensions and trailers",
           [](A a) {
               QByteArray bytes = chunkedHead;
-              for (const char byte : std::as_const(a.body))
+              for (const char byte : a.body())
                   bytes += QByteArray("1;a=b\r\n") + byte + "\r\n";
               return raw(bytes + "0\r\nChecksum: 1\r\n\r\n");
           } },
         { "tells no length and closes",
-          [](A a) { return closing("HTTP/1.0 200 OK\r\n\r\n" + a.body); } },
+          [](A a) { return closing("HTTP/1.0 200 OK\r\n\r\n" + a.body()); } },
         { "ends lines without a carriage return",
-          [](A a) { return closing("HTTP/1.1 200 OK\na: b\n c\n\n" + a.body); } },
+          [](A a) { return closing("HTTP/1.1 200 OK\na: b\n c\n\n" + a.body()); } },
         { "answers 500 with a result",
           [](A a) { return changed(a, "200 Scripted", "500 Trouble"); } },
         { "says that nothing is new, and sends a body",
           [](A a) { return changed(a, "200 Scripted", "304 Not Modified"); } },
         { "sends an event stream",
-          [](A a) { return A::text("event: message\ndata: " + a.body + "\n\n"); } },
+          [](A a) { return A::text("event: message\ndata: " + a.body() + "\n\n"); } },
         { "sends a page", [](A) { return A::text("<!DOCTYPE html><p>Bakım</p>"); } },
         { "sends an empty body", [](A) { return A::text(""); } },
-        { "sends two documents", [](A a) { return A::text(a.body + a.body); } },
+        { "sends two documents", [](A a) { return A::text(a.body() + a.body()); } },
         { "sends bytes that are no UTF-8", [](A) { return A::text("{\"a\":\"\xff\"}"); } },
         { "nests arrays 3,000 deep",
           [](A) { return A::text(QByteArray(3000, '[') + QByteArray(3000, ']')); } },

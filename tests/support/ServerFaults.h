@@ -25,7 +25,7 @@ struct Fault
 };
 
 /// With the first `bytes` of what a program (gzip, brotli, zstd) makes of the body.
-ScriptedAnswer packed(ScriptedAnswer answer, const QString &program, qsizetype bytes = -1);
+ScriptedAnswer packed(const ScriptedAnswer &answer, const QString &program, qsizetype bytes = -1);
 
 /// What it does with a good answer to a call.
 const QList<Fault> &inCalls();

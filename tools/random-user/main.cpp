@@ -8,7 +8,7 @@
 #include "ViewModels/FlightStatusViewModel.h"
 #include "inspect/WindowDriver.h"
 #include "support/ClientTesting.h"
-#include "support/ConsoleCapture.h"
+#include "support/ConsoleText.h"
 #include "support/Http2Front.h"
 
 #include <QCommandLineParser>

@@ -21,10 +21,8 @@ private Q_SLOTS:
         QImage(1, 1, QImage::Format_RGB32).save(&image, "png");
         const QJsonObject answers = hostile(knownAnswers(), u""_s).toObject();
         m_server->onToolCall = [this, answers, png = image.data()](const ReceivedRequest &request) {
-            if (request.method == "GET") {
-                return ScriptedAnswer { .headers = { { "Content-Type", "image/png" } },
-                                        .body = png };
-            }
+            if (request.method == "GET")
+                return ScriptedAnswer::text(png);
             const QString tool = request.tool();
             return m_fails.contains(tool) ? ScriptedAnswer::failure(hostile(u"error"_s))
                                           : ScriptedAnswer::content(answers[tool].toObject());
