@@ -21,9 +21,9 @@ int main(int argc, char *argv[])
         ServiceAddresses::setMcpEndpoint(QUrl(endpoint));
     prepareApplication();
     QQmlApplicationEngine engine;
-    if (!loadMainWindow(engine, QStringLiteral("Vantora")))
+    QQuickWindow *window = loadMainWindow(engine, QStringLiteral("Vantora"));
+    if (!window)
         return 1;
-    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     auto *viewModel = window->property("viewModel").value<FlightSearchViewModel *>();
     const auto isShown = [&] {
         return endpoint.isEmpty()

@@ -66,7 +66,7 @@ void prepareApplication()
     QNetworkProxyFactory::setUseSystemConfiguration(true);
 }
 
-bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
+QQuickWindow *loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
 {
     ExternalLinks::setAddresses(QUrl(ServiceAddresses::webSite(), QUrl::StrictMode),
                                 ServiceAddresses::mcpEndpoint());
@@ -74,15 +74,15 @@ bool loadMainWindow(QQmlApplicationEngine &engine, const QString &title)
     engine.setInitialProperties(
         { { u"title"_s, title }, { u"room"_s, QSizeF(roomForTheWindow()) } });
     engine.load(u"qrc:/qt/qml/Vantora/MainWindow.qml"_s);
-    if (engine.rootObjects().isEmpty()) {
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    if (!window) {
         qCritical("The window could not be loaded.");
-        return false;
+        return nullptr;
     }
-    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     setFrameColours(window->color());
     requestDarkFrame(window);
     window->show();
-    return true;
+    return window;
 }
 
 int runApplication(const QString &title)

@@ -24,15 +24,15 @@ TestWindow::TestWindow(const QByteArray &controls)
         prepareApplication();
     }
     if (controls.isEmpty()) {
-        loadMainWindow(m_engine, u"Test"_s);
+        m_window = loadMainWindow(m_engine, u"Test"_s);
     } else {
         m_engine.addImportPath(u"qrc:/qt/qml"_s);
         m_engine.loadData("import QtQuick\nimport Vantora\n"
                           "import Vantora.Controls\n"
                           "ApplicationWindow { id: page; width: 900; height: 700; visible: true\n"
                           + controls + "}");
+        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
     }
-    m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
     if (!m_window)
         qFatal("There is no window.");
     m_window->requestActivate();

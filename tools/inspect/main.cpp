@@ -116,9 +116,9 @@ int show(const QCommandLineParser &options)
     const QSize windowSize = size(options);
     const std::chrono::seconds timeout(qRound(number(options, u"timeout"_s, 1, 3600)));
     QQmlApplicationEngine engine;
-    if (!loadMainWindow(engine, u"Vantora"_s))
+    QQuickWindow *window = loadMainWindow(engine, u"Vantora"_s);
+    if (!window)
         return 1;
-    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     window->resize(windowSize);
 
     Stage stage(window, timeout);

@@ -1,4 +1,4 @@
-#include "FickleServer.h"
+#include "RandomServer.h"
 
 #include "support/ToolAnswers.h"
 
@@ -6,23 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int mostDays = 28;
-constexpr int mostFlights = 40;
-constexpr int manyFlights = 1500; ///< enough to be read off the main thread
-
-} // namespace
-
-int SentLists::add(qsizetype size)
-{
-    const int number = static_cast<int>(sizes.size()) + 1;
-    sizes.insert(number, size);
-    empty += size == 0 ? 1 : 0;
-    return number;
-}
-
-FickleServer::FickleServer(quint32 seed)
+RandomServer::RandomServer(quint32 seed)
     : m_random(seed)
 {
     m_server.onInitialize = [this](const ReceivedRequest &) { return open(); };
@@ -30,21 +14,21 @@ FickleServer::FickleServer(quint32 seed)
     m_idle.start();
 }
 
-std::chrono::milliseconds FickleServer::idleTime()
+std::chrono::milliseconds RandomServer::idleTime()
 {
     if (m_server.openConnections() > 0)
         m_idle.restart();
     return std::chrono::milliseconds(m_idle.elapsed());
 }
 
-const ServerFaults::Fault &FickleServer::oneOf(const QList<ServerFaults::Fault> &faults)
+const ServerFaults::Fault &RandomServer::oneOf(const QList<ServerFaults::Fault> &faults)
 {
     const auto &fault = faults.at(m_random.bounded(static_cast<int>(faults.size())));
-    ++m_faultsMet[QString::fromUtf8(fault.what)];
+    ++answers[QString::fromUtf8(fault.what)];
     return fault;
 }
 
-ScriptedAnswer FickleServer::open()
+ScriptedAnswer RandomServer::open()
 {
     m_idle.restart();
     ScriptedAnswer answer = ScriptedAnswer::session("s");
@@ -54,36 +38,32 @@ ScriptedAnswer FickleServer::open()
     return answer;
 }
 
-ScriptedAnswer FickleServer::answer(const ReceivedRequest &request)
+ScriptedAnswer RandomServer::answer(const ReceivedRequest &request)
 {
     m_idle.restart();
-    ++m_callCount;
-    ScriptedAnswer good = goodAnswer(request);
-    if (oneIn(30)) {
-        ++m_faultsMet[u"loses the session"_s];
-        return ScriptedAnswer::text("{}", 404);
-    }
-    if (!oneIn(3))
-        return good;
-    return oneOf(ServerFaults::inCalls()).change(good);
+    ++answers[request.tool()];
+    const ScriptedAnswer good = goodAnswer(request.tool());
+    if (oneIn(30))
+        return ScriptedAnswer::text("{}", 404); // the session is lost
+    return oneIn(3) ? oneOf(ServerFaults::inCalls()).change(good) : good;
 }
 
-ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
+ScriptedAnswer RandomServer::goodAnswer(const QString &tool)
 {
-    const QString tool = request.tool();
     const bool isEmpty = oneIn(8);
     if (tool == calendarTool) {
         const QDate first(2026, 12, 1 + m_random.bounded(28));
-        const int count = isEmpty ? 0 : 1 + m_random.bounded(mostDays);
-        return calendarAnswer(count, first, oneIn(4) ? strangeText() : u"TRY"_s,
-                              calendars.add(count));
+        const int count = isEmpty ? 0 : 1 + m_random.bounded(28);
+        emptyCalendars += isEmpty;
+        return calendarAnswer(count, first, oneIn(4) ? strangeText() : u"TRY"_s, count);
     }
     if (tool == flightsTool) {
-        const int count = isEmpty ? 0 : oneIn(10) ? manyFlights : 1 + m_random.bounded(mostFlights);
-        const QString number = QString::number(flights.add(count));
+        // So many are read off the main thread.
+        const int count = isEmpty ? 0 : oneIn(10) ? 1500 : 1 + m_random.bounded(40);
+        emptyFlights += isEmpty;
         QList<Offer> offers;
-        for (int index = 0; index < count; ++index) {
-            offers.append({ .number = number,
+        while (offers.size() < count) {
+            offers.append({ .number = QString::number(count),
                             .price = 1000.0 + m_random.bounded(9000),
                             .minutes = m_random.bounded(2000),
                             .segments = 1 + m_random.bounded(3) });
@@ -94,23 +74,24 @@ ScriptedAnswer FickleServer::goodAnswer(const ReceivedRequest &request)
     return ScriptedAnswer::content(isEmpty ? QJsonObject() : strange(known[tool]).toObject());
 }
 
-QJsonValue FickleServer::strange(const QJsonValue &json)
+QJsonValue RandomServer::strange(const QJsonValue &json)
 {
     if (json.isString())
         return strangeText();
     QJsonArray array;
     for (int count = json.isArray() ? m_random.bounded(30) : 0; count > 0; --count)
         array.append(strange(json[0]));
-    QJsonObject object;
-    const QStringList keys = json.toObject().keys();
-    for (const QString &key : keys) {
-        if (!oneIn(3))
-            object.insert(key, strange(json[key]));
+    QJsonObject object = json.toObject();
+    for (const QString &key : object.keys()) {
+        if (oneIn(3))
+            object.remove(key);
+        else
+            object[key] = strange(object[key]);
     }
     return json.isArray() ? QJsonValue(array) : object;
 }
 
-QString FickleServer::strangeText()
+QString RandomServer::strangeText()
 {
     const QString texts[] { u"Gecikmeli"_s,
                             u"İstanbul"_s,
