@@ -4,9 +4,8 @@
 //                               is told on the standard error
 
 #include "App/Application.h"
-#include "Services/FlightSearchTool.h"
 #include "Services/ServiceAddresses.h"
-#include "Services/ToolResult.h"
+#include "Services/ToolResults.h"
 #include "ViewModels/ObservableObject.h"
 #include "benchmarks/FlightAnswers.h"
 #include "benchmarks/FrameWatch.h"
@@ -160,7 +159,7 @@ void measureReader()
     const QByteArray reply = flightsReply(manyFlights);
     print("parse", cpuOf(20, [&] { QJsonDocument::fromJson(reply); }));
     print("read", cpuOf(20, [&] {
-              FlightSearchTool::parseFlightOptions(readToolResult(reply), u"IST"_s, u"LHR"_s);
+              ToolResults::parseFlightOptions(ToolResults::parseAnswer(reply), u"IST"_s, u"LHR"_s);
           }));
 }
 

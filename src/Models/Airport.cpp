@@ -1,12 +1,15 @@
 #include "Models/Airport.h"
 
-#include "Models/JsonObject.h"
+#include "Models/JsonReading.h"
 
-Airport Airport::fromJson(const JsonObject &json)
+using namespace Qt::StringLiterals;
+
+Airport Airport::fromJson(const QJsonObject &json)
 {
-    return { .code = json.required(&JsonObject::text, "code"),
-             .city = json.required(&JsonObject::text, "city"),
-             .name = json.required(&JsonObject::text, "name"),
-             .country = json.required(&JsonObject::text, "country"),
-             .hub = json.required(&JsonObject::boolean, "hub") };
+    using JsonReading::required;
+    return { .code = required(json, "code"_L1, QJsonValue::String).toString(),
+             .city = required(json, "city"_L1, QJsonValue::String).toString(),
+             .name = required(json, "name"_L1, QJsonValue::String).toString(),
+             .country = required(json, "country"_L1, QJsonValue::String).toString(),
+             .hub = required(json, "hub"_L1, QJsonValue::Bool).toBool() };
 }

@@ -5,8 +5,6 @@
 #include <QMetaType>
 #include <QString>
 
-class JsonObject;
-
 /// One airport of the fixed table. Its identity is its code.
 struct Airport
 {
@@ -28,7 +26,7 @@ public:
 
     QJsonObject toJson() const { return propertiesOf(*this); }
     /// Throws DecodingError when a member is missing or of another type.
-    static Airport fromJson(const JsonObject &json);
+    static Airport fromJson(const QJsonObject &json);
 
     friend bool operator==(const Airport &, const Airport &) = default;
 };

@@ -1,25 +1,33 @@
 #include "Models/PriceCalendar.h"
 
-#include "Models/JsonObject.h"
+#include "Models/JsonReading.h"
 
 #include <QJsonArray>
 
 using namespace Qt::StringLiterals;
+using JsonReading::required;
 
 namespace {
 
-/// Absent when the member is missing or null; throws when it is of another type than text.
-std::optional<QString> optionalText(const JsonObject &json, std::string_view key)
+bool hasValue(const QJsonObject &json, QLatin1StringView key)
 {
-    return json.hasValue(key) ? std::optional(json.required(&JsonObject::text, key)) : std::nullopt;
+    return !json[key].isUndefined() && !json[key].isNull();
 }
 
-QList<DailyPrice> dailyPrices(const JsonObject &json)
+/// Absent when the member is missing or null; throws when it is of another type than text.
+std::optional<QString> optionalText(const QJsonObject &json, QLatin1StringView key)
+{
+    return hasValue(json, key) ? std::optional(required(json, key, QJsonValue::String).toString())
+                               : std::nullopt;
+}
+
+QList<DailyPrice> dailyPrices(const QJsonObject &json)
 {
     QList<DailyPrice> prices;
     try {
-        for (const JsonObject &day : json.objects("prices").value_or(QList<JsonObject>()))
-            prices.append(DailyPrice::fromJson(day));
+        for (const QJsonValue day :
+             JsonReading::objects(json, { "prices"_L1 }).value_or(QJsonArray()))
+            prices.append(DailyPrice::fromJson(day.toObject()));
     } catch (const DecodingError &) {
         prices.clear();
     }
@@ -27,13 +35,12 @@ QList<DailyPrice> dailyPrices(const JsonObject &json)
 }
 
 /// 0 for what is no number.
-double amountText(const JsonObject &json)
+double numberIn(const QString &text)
 {
-    const QString written = json.text("amount").value_or(QString());
     bool isNumber = false;
-    const double amount = written.toDouble(&isNumber);
+    const double number = text.toDouble(&isNumber);
     // toDouble() forgives surrounding blanks, which are an error here.
-    return isNumber && written == written.trimmed() ? amount : 0;
+    return isNumber && text == text.trimmed() ? number : 0;
 }
 
 /// An undefined member is left out of an object.
@@ -44,13 +51,13 @@ QJsonValue orUndefined(const std::optional<QString> &text)
 
 } // namespace
 
-DailyPrice DailyPrice::fromJson(const JsonObject &json)
+DailyPrice DailyPrice::fromJson(const QJsonObject &json)
 {
-    const auto amount = json.number("amount", "price");
-    return { .date = json.required(&JsonObject::text, "date"),
-             .amount = amount ? *amount : amountText(json),
-             .currency = json.text("currency").value_or(u"TRY"_s),
-             .isBestPrice = json.boolean("is_best_price", "isBestPrice").value_or(false) };
+    const QJsonValue amount = json["amount"_L1];
+    return { .date = required(json, "date"_L1, QJsonValue::String).toString(),
+             .amount = amount.toDouble(json["price"_L1].toDouble(numberIn(amount.toString()))),
+             .currency = json["currency"_L1].toString(u"TRY"_s),
+             .isBestPrice = json["is_best_price"_L1].toBool(json["isBestPrice"_L1].toBool()) };
 }
 
 QJsonObject DailyPrice::toJson() const
@@ -61,11 +68,11 @@ QJsonObject DailyPrice::toJson() const
              { u"is_best_price"_s, isBestPrice } };
 }
 
-BestPrice BestPrice::fromJson(const JsonObject &json)
+BestPrice BestPrice::fromJson(const QJsonObject &json)
 {
-    return { .date = json.required(&JsonObject::text, "date"),
-             .amount = json.required(&JsonObject::number, "amount"),
-             .currency = optionalText(json, "currency") };
+    return { .date = required(json, "date"_L1, QJsonValue::String).toString(),
+             .amount = required(json, "amount"_L1, QJsonValue::Double).toDouble(),
+             .currency = optionalText(json, "currency"_L1) };
 }
 
 QJsonObject BestPrice::toJson() const
@@ -75,15 +82,16 @@ QJsonObject BestPrice::toJson() const
              { u"currency"_s, orUndefined(currency) } };
 }
 
-PriceCalendarResult PriceCalendarResult::fromJson(const JsonObject &json)
+PriceCalendarResult PriceCalendarResult::fromJson(const QJsonObject &json)
 {
-    PriceCalendarResult result { .origin = optionalText(json, "origin"),
-                                 .destination = optionalText(json, "destination"),
-                                 .currency = optionalText(json, "currency"),
+    PriceCalendarResult result { .origin = optionalText(json, "origin"_L1),
+                                 .destination = optionalText(json, "destination"_L1),
+                                 .currency = optionalText(json, "currency"_L1),
                                  .prices = dailyPrices(json),
                                  .bestPrice = {} };
-    if (json.hasValue("best_price"))
-        result.bestPrice = BestPrice::fromJson(json.required(&JsonObject::object, "best_price"));
+    if (hasValue(json, "best_price"_L1))
+        result.bestPrice =
+            BestPrice::fromJson(required(json, "best_price"_L1, QJsonValue::Object).toObject());
     return result;
 }
 

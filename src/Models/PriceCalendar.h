@@ -8,8 +8,6 @@
 
 #include <optional>
 
-class JsonObject;
-
 /// The lowest fare of one day. Its identity is its date.
 struct DailyPrice
 {
@@ -29,7 +27,7 @@ public:
     QString currencyText() const { return currency.value_or(QString()); }
 
     /// Reads leniently: only a missing or mistyped "date" throws DecodingError.
-    static DailyPrice fromJson(const JsonObject &json);
+    static DailyPrice fromJson(const QJsonObject &json);
     QJsonObject toJson() const;
 
     friend bool operator==(const DailyPrice &, const DailyPrice &) = default;
@@ -51,7 +49,7 @@ public:
     QString currencyText() const { return currency.value_or(QString()); }
 
     /// Throws DecodingError when "date" or "amount" is missing or mistyped, or "currency" mistyped.
-    static BestPrice fromJson(const JsonObject &json);
+    static BestPrice fromJson(const QJsonObject &json);
     QJsonObject toJson() const;
 };
 
@@ -74,6 +72,6 @@ struct PriceCalendarResult
 
     /// An unreadable "prices" becomes an empty list; any other mistyped member throws
     /// DecodingError. The best price is read from and written to "best_price" alone.
-    static PriceCalendarResult fromJson(const JsonObject &json);
+    static PriceCalendarResult fromJson(const QJsonObject &json);
     QJsonObject toJson() const;
 };

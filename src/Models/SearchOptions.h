@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Models/FlightOption.h"
-#include "Models/JsonObject.h"
+#include "Models/JsonReading.h"
 
 #include <QJsonValue>
 #include <QObject>

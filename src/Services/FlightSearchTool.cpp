@@ -1,6 +1,6 @@
-#include "Services/FlightSearchTool.h"
-
+#include "Models/JsonReading.h"
 #include "Services/ServiceAddresses.h"
+#include "Services/VTRMCPClient.h"
 
 #include <QJsonArray>
 #include <QStringBuilder>
@@ -8,6 +8,7 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using JsonReading::objects, JsonReading::text;
 
 namespace {
 
@@ -44,9 +45,8 @@ const AircraftRule aircraftRules[] = {
 
 /// The hours and minutes of a date-time text, as written there: "2025-03-01T08:30:00" gives
 /// "08:30". Absent for a text without a "T", or without hours and minutes behind it.
-std::optional<QString> formatTimeString(const std::optional<QString> &value)
+std::optional<QString> formatTimeString(const QString &text)
 {
-    const QString text = value.value_or(QString());
     const auto parts = QStringView(text).split(u'T', Qt::SkipEmptyParts);
     const auto time = parts.value(1).split(u':', Qt::SkipEmptyParts);
     return time.size() < 2 ? std::nullopt : std::optional<QString>(time[0] % u':' % time[1]);
@@ -63,12 +63,12 @@ QString aircraftName(const QString &equipmentCode)
     return u"Vantora (%1)"_s.arg(equipmentCode);
 }
 
-QString flightNumber(const JsonObject &firstSegment, qsizetype index)
+QString flightNumber(const QJsonObject &firstSegment, qsizetype index)
 {
     const QString airline =
-        firstSegment.text("airlineCode", "operatingAirlineCode").value_or(u"VQ"_s);
+        text(firstSegment, { "airlineCode"_L1, "operatingAirlineCode"_L1 }).value_or(u"VQ"_s);
     const QString number =
-        firstSegment.text("flightNumber").value_or(QString::number(1800 + 5 * index));
+        firstSegment["flightNumber"_L1].toString(QString::number(1800 + 5 * index));
     return number.startsWith("VQ"_L1) ? number : airline + number;
 }
 
@@ -78,59 +78,63 @@ QString durationText(qint64 milliseconds)
     return QString::number(minutes / 60) % u"h " % QString::number(minutes % 60) % u'm';
 }
 
-double priceOf(const JsonObject &option)
+double priceOf(const QJsonObject &option)
 {
-    const double price = option.number("cheapestPriceAmount").value_or(0);
+    const double price = option["cheapestPriceAmount"_L1].toDouble();
     return price > 0 ? price : defaultPrice;
 }
 
-QString bookingLink(const JsonObject &option)
+QString bookingLink(const QJsonObject &option)
 {
-    const QStringList links = option.texts("deeplinks").value_or(QStringList());
+    const QStringList links =
+        JsonReading::texts(option, { "deeplinks"_L1 }).value_or(QStringList());
     return links.isEmpty() ? ServiceAddresses::webSite() : links.first();
 }
 
-FlightOption parseOption(const JsonObject &option, qsizetype index, const QString &origin,
+FlightOption parseOption(const QJsonObject &option, qsizetype index, const QString &origin,
                          const QString &destination)
 {
-    const auto segments =
-        option.objects("flightSegments", "flightSegmentList").value_or(QList<JsonObject>());
-    const JsonObject first = segments.value(0);
-    const JsonObject last = segments.value(segments.size() - 1);
-    const qint64 journey = option.integer("journeyDuration", "journeyDurationInMilis")
-                               .value_or(defaultJourneyMilliseconds);
+    const QJsonArray segments =
+        objects(option, { "flightSegments"_L1, "flightSegmentList"_L1 }).value_or(QJsonArray());
+    const QJsonObject first = segments.first().toObject();
+    const QJsonObject last = segments.last().toObject();
+    const qint64 journey = option["journeyDuration"_L1].toInteger(
+        option["journeyDurationInMilis"_L1].toInteger(defaultJourneyMilliseconds));
 
     FlightOption flight;
     flight.flightNumber = flightNumber(first, index);
-    flight.departureTime = formatTimeString(first.text("departureDateTime")).value_or(u"08:30"_s);
-    flight.arrivalTime = formatTimeString(last.text("arrivalDateTime")).value_or(u"12:15"_s);
+    flight.departureTime =
+        formatTimeString(first["departureDateTime"_L1].toString()).value_or(u"08:30"_s);
+    flight.arrivalTime =
+        formatTimeString(last["arrivalDateTime"_L1].toString()).value_or(u"12:15"_s);
     flight.id = flight.flightNumber % u'-' % flight.departureTime % u'-' % QString::number(index);
-    flight.origin = first.text("departureAirportCode").value_or(origin);
-    flight.destination = last.text("arrivalAirportCode").value_or(destination);
+    flight.origin = first["departureAirportCode"_L1].toString(origin);
+    flight.destination = last["arrivalAirportCode"_L1].toString(destination);
     flight.duration = durationText(journey);
     flight.durationMinutes = journey / millisecondsPerMinute;
     flight.isDirect = segments.size() < 2;
     flight.stopsCount = std::max<qint64>(segments.size() - 1, 0);
-    flight.aircraft = aircraftName(first.text("equipment", "equipmentCode").value_or(u"A321"_s));
-    flight.seatAvailability = first.integer("availableSeatCount").value_or(defaultSeats);
+    flight.aircraft =
+        aircraftName(text(first, { "equipment"_L1, "equipmentCode"_L1 }).value_or(u"A321"_s));
+    flight.seatAvailability = first["availableSeatCount"_L1].toInteger(defaultSeats);
     flight.price = priceOf(option);
-    flight.currency = option.text("cheapestPriceCurrency").value_or(u"TRY"_s);
-    flight.cabinClass = option.text("cheapestBookingPriceType").value_or(u"ECONOMY"_s);
+    flight.currency = option["cheapestPriceCurrency"_L1].toString(u"TRY"_s);
+    flight.cabinClass = option["cheapestBookingPriceType"_L1].toString(u"ECONOMY"_s);
     flight.bookingURL = bookingLink(option);
     return flight;
 }
 
 } // namespace
 
-namespace FlightSearchTool {
-
-ToolCall<QList<FlightOption>> call(const QString &from, const QString &to,
-                                   const QString &departureDate,
-                                   const std::optional<QString> &returnDate, TripType tripType,
-                                   int passengers)
+QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QString to,
+                                                             QString departureDate,
+                                                             std::optional<QString> returnDate,
+                                                             TripType tripType, int passengers)
 {
     const bool isRoundTrip = tripType == TripType::roundTrip;
     const QJsonObject adults { { u"passengerType"_s, u"ADT"_s }, { u"quantity"_s, passengers } };
+    // The server expects a "round" trip wherever there is a day of return, but the day itself for
+    // a round trip alone.
     QJsonObject arguments { { u"from"_s, from.toUpper() },
                             { u"to"_s, to.toUpper() },
                             { u"departureDate"_s, departureDate },
@@ -139,26 +143,27 @@ ToolCall<QList<FlightOption>> call(const QString &from, const QString &to,
                             { u"passengers"_s, QJsonArray { adults } } };
     if (returnDate && isRoundTrip)
         arguments.insert("returnDate"_L1, *returnDate);
-    return { u"search_flights"_s, arguments, [from, to](const JsonObject &result) {
-                return parseFlightOptions(result, from, to);
-            } };
+    return ask<QList<FlightOption>>(u"search_flights"_s, arguments,
+                                    [from, to](const QJsonObject &result) {
+                                        return ToolResults::parseFlightOptions(result, from, to);
+                                    });
 }
 
-QList<FlightOption> parseFlightOptions(const JsonObject &result, const QString &origin,
-                                       const QString &destination)
+QList<FlightOption> ToolResults::parseFlightOptions(const QJsonObject &result,
+                                                    const QString &origin,
+                                                    const QString &destination)
 {
-    const JsonObject availability = result.object("availabilityData").value_or(JsonObject());
-    const auto informations =
-        availability.objects("originDestinationInformations").value_or(QList<JsonObject>());
-    const auto options =
-        informations.value(0).objects("originDestinationOptions").value_or(QList<JsonObject>());
+    const QJsonObject availability = result["availabilityData"_L1].toObject();
+    const QJsonArray informations =
+        objects(availability, { "originDestinationInformations"_L1 }).value_or(QJsonArray());
+    const QJsonArray options =
+        objects(informations.first().toObject(), { "originDestinationOptions"_L1 })
+            .value_or(QJsonArray());
     const QString from = origin.toUpper();
     const QString to = destination.toUpper();
     QList<FlightOption> flights;
     flights.reserve(options.size());
-    for (qsizetype index = 0; index < options.size(); ++index)
-        flights.append(parseOption(options.at(index), index, from, to));
+    for (const QJsonValue option : options)
+        flights.append(parseOption(option.toObject(), flights.size(), from, to));
     return flights;
 }
-
-} // namespace FlightSearchTool

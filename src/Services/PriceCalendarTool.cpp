@@ -1,64 +1,62 @@
-#include "Services/PriceCalendarTool.h"
+#include "Models/JsonReading.h"
+#include "Services/VTRMCPClient.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-std::optional<BestPrice> parseBestPrice(const JsonObject &result, const QString &calendarCurrency)
+std::optional<BestPrice> parseBestPrice(const QJsonObject &result, const QString &calendarCurrency)
 {
-    const auto best = result.object("bestPrice", "best_price");
-    const auto date = best ? best->text("date") : std::nullopt;
+    const QJsonObject best = result["bestPrice"_L1].toObject(result["best_price"_L1].toObject());
+    const auto date = JsonReading::text(best, { "date"_L1 });
     if (!date)
         return std::nullopt;
     return BestPrice { .date = *date,
-                       .amount = best->number("amount").value_or(0),
-                       .currency = best->text("currency").value_or(calendarCurrency) };
+                       .amount = best["amount"_L1].toDouble(),
+                       .currency = best["currency"_L1].toString(calendarCurrency) };
 }
 
-std::optional<DailyPrice> parseDay(const JsonObject &day, const QString &calendarCurrency)
+std::optional<DailyPrice> parseDay(const QJsonObject &day, const QString &calendarCurrency)
 {
-    const auto date = day.text("date");
+    const auto date = JsonReading::text(day, { "date"_L1 });
     if (!date)
         return std::nullopt;
     return DailyPrice { .date = *date,
-                        .amount = day.number("amount", "price").value_or(0),
-                        .currency = day.text("currency").value_or(calendarCurrency),
+                        .amount = day["amount"_L1].toDouble(day["price"_L1].toDouble()),
+                        .currency = day["currency"_L1].toString(calendarCurrency),
                         .isBestPrice =
-                            day.boolean("isBestPrice", "is_best_price").value_or(false) };
+                            day["isBestPrice"_L1].toBool(day["is_best_price"_L1].toBool()) };
 }
 
 } // namespace
 
-namespace PriceCalendarTool {
-
-ToolCall<PriceCalendar> call(const QString &origin, const QString &destination,
-                             const QString &departureDate, TripType tripType, TimeRange timeRange,
-                             CabinClass cabinClass)
+QCoro::Task<PriceCalendar> VTRMCPClient::fetchPriceCalendar(QString origin, QString destination,
+                                                            QString departureDate,
+                                                            TripType tripType, TimeRange timeRange,
+                                                            CabinClass cabinClass)
 {
     // The stay and the direction are the same for every trip: the calendar shows outbound fares.
-    return { u"find_flight_price_calendar"_s,
-             { { u"originAirportCode"_s, origin.toUpper() },
-               { u"destinationAirportCode"_s, destination.toUpper() },
-               { u"departureDate"_s, departureDate },
-               { u"tripType"_s, rawValue(tripType) },
-               { u"timeRange"_s, rawValue(timeRange) },
-               { u"cabinClass"_s, rawValue(cabinClass) },
-               { u"isReturnFlight"_s, false },
-               { u"stayDuration"_s, 14 } },
-             parsePriceCalendar };
+    return ask<PriceCalendar>(u"find_flight_price_calendar"_s,
+                              { { u"originAirportCode"_s, origin.toUpper() },
+                                { u"destinationAirportCode"_s, destination.toUpper() },
+                                { u"departureDate"_s, departureDate },
+                                { u"tripType"_s, rawValue(tripType) },
+                                { u"timeRange"_s, rawValue(timeRange) },
+                                { u"cabinClass"_s, rawValue(cabinClass) },
+                                { u"isReturnFlight"_s, false },
+                                { u"stayDuration"_s, 14 } },
+                              &ToolResults::parsePriceCalendar);
 }
 
-PriceCalendar parsePriceCalendar(const JsonObject &result)
+PriceCalendar ToolResults::parsePriceCalendar(const QJsonObject &result)
 {
     PriceCalendar calendar;
-    calendar.currency = result.text("currency").value_or(calendar.currency);
+    calendar.currency = result["currency"_L1].toString(calendar.currency);
     calendar.bestPrice = parseBestPrice(result, calendar.currency);
-    const auto days = result.objects("prices").value_or(QList<JsonObject>());
-    for (const JsonObject &day : days) {
-        if (const auto price = parseDay(day, calendar.currency))
+    for (const QJsonValue day :
+         JsonReading::objects(result, { "prices"_L1 }).value_or(QJsonArray())) {
+        if (const auto price = parseDay(day.toObject(), calendar.currency))
             calendar.prices.append(*price);
     }
     return calendar;
 }
-
-} // namespace PriceCalendarTool

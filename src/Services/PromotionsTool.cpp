@@ -1,4 +1,5 @@
-#include "Services/PromotionsTool.h"
+#include "Models/JsonReading.h"
+#include "Services/VTRMCPClient.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,35 +24,35 @@ QList<PromotionItem> builtInPromotions()
 
 } // namespace
 
-namespace PromotionsTool {
-
-ToolCall<QList<PromotionItem>> call(const QString &departureAirportCode, const QString &countryCode)
+QCoro::Task<QList<PromotionItem>> VTRMCPClient::fetchPromotions(QString departureAirportCode,
+                                                                QString countryCode)
 {
-    return { u"get_airline_promotions"_s,
-             { { u"departureAirportCode"_s, departureAirportCode.toUpper() },
-               { u"countryCode"_s, countryCode.toUpper() } },
-             parsePromotions };
+    return ask<QList<PromotionItem>>(
+        u"get_airline_promotions"_s,
+        { { u"departureAirportCode"_s, departureAirportCode.toUpper() },
+          { u"countryCode"_s, countryCode.toUpper() } },
+        &ToolResults::parsePromotions);
 }
 
-QList<PromotionItem> parsePromotions(const JsonObject &result)
+QList<PromotionItem> ToolResults::parsePromotions(const QJsonObject &result)
 {
-    const auto elements = result.objects("promotions", "promotionList");
+    using JsonReading::text;
+    const auto elements = JsonReading::objects(result, { "promotions"_L1, "promotionList"_L1 });
     if (!elements)
         return builtInPromotions();
 
     QList<PromotionItem> promotions;
-    for (const JsonObject &element : *elements) {
-        const QString title = element.text("title", "name").value_or(QString());
+    for (const QJsonValue value : *elements) {
+        const QJsonObject element = value.toObject();
+        const QString title = text(element, { "title"_L1, "name"_L1 }).value_or(QString());
         if (title.isEmpty())
             continue;
         promotions.append(
             { .title = title,
-              .description = element.text("description", "detail").value_or(QString()),
-              .discount = element.text("discount", "badge"),
-              .validUntil = element.text("validUntil", "expireDate"),
-              .route = element.text("route") });
+              .description = text(element, { "description"_L1, "detail"_L1 }).value_or(QString()),
+              .discount = text(element, { "discount"_L1, "badge"_L1 }),
+              .validUntil = text(element, { "validUntil"_L1, "expireDate"_L1 }),
+              .route = text(element, { "route"_L1 }) });
     }
     return promotions;
 }
-
-} // namespace PromotionsTool

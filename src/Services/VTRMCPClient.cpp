@@ -1,11 +1,6 @@
 #include "Services/VTRMCPClient.h"
 
-#include "Services/CityGuideTool.h"
-#include "Services/FlightSearchTool.h"
-#include "Services/FlightStatusTool.h"
 #include "Services/PlatformErrorText.h"
-#include "Services/PriceCalendarTool.h"
-#include "Services/PromotionsTool.h"
 #include "Services/ServiceAddresses.h"
 
 #include <QCoroSignal>
@@ -174,41 +169,7 @@ QCoro::Task<QByteArray> VTRMCPClient::exchangeToolCall(QString name, QJsonObject
     }
 }
 
-QCoro::Task<JsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)
+QCoro::Task<QJsonObject> VTRMCPClient::callTool(QString name, QJsonObject arguments)
 {
-    return ask(ToolCall<JsonObject> { name, arguments, std::identity() });
-}
-
-QCoro::Task<PriceCalendar> VTRMCPClient::fetchPriceCalendar(QString origin, QString destination,
-                                                            QString departureDate,
-                                                            TripType tripType, TimeRange timeRange,
-                                                            CabinClass cabinClass)
-{
-    return ask(PriceCalendarTool::call(origin, destination, departureDate, tripType, timeRange,
-                                       cabinClass));
-}
-
-QCoro::Task<QList<FlightOption>> VTRMCPClient::searchFlights(QString from, QString to,
-                                                             QString departureDate,
-                                                             std::optional<QString> returnDate,
-                                                             TripType tripType, int passengers)
-{
-    return ask(FlightSearchTool::call(from, to, departureDate, returnDate, tripType, passengers));
-}
-
-QCoro::Task<FlightStatusResult> VTRMCPClient::checkFlightStatus(QString flightNumber,
-                                                                std::optional<QString> date)
-{
-    return ask(FlightStatusTool::call(flightNumber, date));
-}
-
-QCoro::Task<QList<PromotionItem>> VTRMCPClient::fetchPromotions(QString departureAirportCode,
-                                                                QString countryCode)
-{
-    return ask(PromotionsTool::call(departureAirportCode, countryCode));
-}
-
-QCoro::Task<CityGuideInfo> VTRMCPClient::fetchCityGuide(QString cityOrAirportCode)
-{
-    return ask(CityGuideTool::call(cityOrAirportCode));
+    return ask<QJsonObject>(name, arguments, std::identity());
 }

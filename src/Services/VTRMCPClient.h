@@ -1,15 +1,9 @@
 #pragma once
 
-#include "Models/CityGuideInfo.h"
-#include "Models/FlightOption.h"
-#include "Models/FlightStatusResult.h"
-#include "Models/PriceCalendar.h"
-#include "Models/PromotionItem.h"
 #include "Models/SearchOptions.h"
 #include "Services/HttpTransport.h"
 #include "Services/McpError.h"
-#include "Services/ToolCall.h"
-#include "Services/ToolResult.h"
+#include "Services/ToolResults.h"
 
 #include <QCoroFuture>
 #include <QCoroTask>
@@ -24,6 +18,7 @@
 #include <QtConcurrentRun>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -51,7 +46,9 @@ public:
     /// "result", else an empty object. A status of 400 or 404 means that the session is lost: the
     /// call is repeated in a new one, at first at once and then after pauses that grow to two
     /// seconds, without limit, until the server says something else or the application quits.
-    QCoro::Task<JsonObject> callTool(QString name, QJsonObject arguments);
+    QCoro::Task<QJsonObject> callTool(QString name, QJsonObject arguments);
+
+    // Each of these is one tool, in a file of its own.
 
     /// The lowest fare of each day around `departureDate` ("yyyy-MM-dd").
     QCoro::Task<PriceCalendar> fetchPriceCalendar(QString origin, QString destination,
@@ -91,9 +88,11 @@ private:
     /// The body of the first answer that is neither 400 nor 404.
     QCoro::Task<QByteArray> exchangeToolCall(QString name, QJsonObject arguments);
 
-    /// Calls a tool and reads its result, off the main thread when it is large.
+    /// Calls a tool and reads its result, off the main thread when it is large. `reader` is a pure
+    /// function.
     template<typename Record>
-    QCoro::Task<Record> ask(ToolCall<Record> call);
+    QCoro::Task<Record> ask(QString name, QJsonObject arguments,
+                            std::function<Record(const QJsonObject &)> reader);
 
     HttpTransport m_transport;
     QThreadPool m_readerPool; ///< where large bodies are read, one after the other
@@ -107,13 +106,14 @@ private:
 };
 
 template<typename Record>
-QCoro::Task<Record> VTRMCPClient::ask(ToolCall<Record> call)
+QCoro::Task<Record> VTRMCPClient::ask(QString name, QJsonObject arguments,
+                                      std::function<Record(const QJsonObject &)> reader)
 {
     ++m_callsUnderWay;
     const auto leave = qScopeGuard([this] { --m_callsUnderWay; });
     try {
-        const QByteArray body = co_await exchangeToolCall(call.name, call.arguments);
-        const auto read = [body, reader = call.reader] { return reader(readToolResult(body)); };
+        const QByteArray body = co_await exchangeToolCall(name, arguments);
+        const auto read = [body, reader] { return reader(ToolResults::parseAnswer(body)); };
         if (body.size() <= largestBodyParsedOnMainThread)
             co_return read();
         const QFuture<Record> reading = QtConcurrent::run(&m_readerPool, read);

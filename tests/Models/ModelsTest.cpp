@@ -161,7 +161,7 @@ private Q_SLOTS:
     void integers()
     {
         const auto read = [](const QByteArray &number) {
-            return received("{\"n\": " + number + "}").integer("n").value_or(-1);
+            return parsed("{\"n\": " + number + "}")["n"_L1].toInteger(-1);
         };
         using Limits = std::numeric_limits<qint64>;
         QCOMPARE(read("-0.0"), 0);
@@ -198,13 +198,12 @@ private Q_SLOTS:
             };
             QJsonValue written;
             try {
-                const JsonObject read(document["read"_L1].toObject());
+                const QJsonObject read = document["read"_L1].toObject();
                 written = PriceCalendarResult::fromJson(read).toJson();
             } catch (const DecodingError &) { }
             QCOMPARE(text(written), text(document["written"_L1]));
         }
-        QVERIFY_THROWS_EXCEPTION(DecodingError,
-                                 DailyPrice::fromJson(received(R"({"date": null})")));
+        QVERIFY_THROWS_EXCEPTION(DecodingError, DailyPrice::fromJson(parsed(R"({"date": null})")));
     }
 
 private:

@@ -266,7 +266,7 @@ private Q_SLOTS:
     }
 
 private:
-    static void endSoon(const Outcome<JsonObject> &outcome)
+    static void endSoon(const Outcome<QJsonObject> &outcome)
     {
         QElapsedTimer clock;
         clock.start();

@@ -1,10 +1,6 @@
-#include "Services/CityGuideTool.h"
-#include "Services/FlightSearchTool.h"
-#include "Services/FlightStatusTool.h"
-#include "Services/PriceCalendarTool.h"
-#include "Services/PromotionsTool.h"
+#include "Models/JsonReading.h"
 #include "Services/ServiceAddresses.h"
-#include "Services/ToolResult.h"
+#include "Services/ToolResults.h"
 #include "support/ClientTesting.h"
 #include "support/ParsedJson.h"
 #include "support/ToolAnswers.h"
@@ -42,38 +38,38 @@ QJsonArray membersOfAll(const QList<Record> &records)
 }
 
 /// What the reader named as the folder makes of a reply.
-QJsonValue read(const QString &reader, const JsonObject &reply, const QString &code)
+QJsonValue read(const QString &reader, const QJsonObject &reply, const QString &code)
 {
     if (reader == u"calendar") {
-        const PriceCalendar calendar = PriceCalendarTool::parsePriceCalendar(reply);
+        const PriceCalendar calendar = ToolResults::parsePriceCalendar(reply);
         const auto &best = calendar.bestPrice;
         return QJsonObject { { u"currency"_s, calendar.currency },
                              { u"bestPrice"_s, best ? members(*best) : QJsonValue() },
                              { u"prices"_s, membersOfAll(calendar.prices) } };
     }
     if (reader == u"flights")
-        return membersOfAll(FlightSearchTool::parseFlightOptions(reply, u"ist"_s, u"lhr"_s));
+        return membersOfAll(ToolResults::parseFlightOptions(reply, u"ist"_s, u"lhr"_s));
     if (reader == u"status")
-        return members(FlightStatusTool::parseFlightStatus(reply, u" vq12 "_s, u"2026-03-01"_s));
+        return members(ToolResults::parseFlightStatus(reply, u" vq12 "_s, u"2026-03-01"_s));
     if (reader == u"promotions")
-        return membersOfAll(PromotionsTool::parsePromotions(reply));
-    return members(CityGuideTool::parseCityGuide(reply, code));
+        return membersOfAll(ToolResults::parsePromotions(reply));
+    return members(ToolResults::parseCityGuide(reply, code));
 }
 
 /// What holds for every reply, however broken.
-void checkWhatAlwaysHolds(const QString &reader, const JsonObject &reply)
+void checkWhatAlwaysHolds(const QString &reader, const QJsonObject &reply)
 {
     if (reader == u"calendar") {
-        for (const DailyPrice &day : PriceCalendarTool::parsePriceCalendar(reply).prices)
+        for (const DailyPrice &day : ToolResults::parsePriceCalendar(reply).prices)
             QVERIFY2(day.currency, qPrintable(day.date));
         // What is read from what was written is the same.
         try {
             const QJsonObject written = PriceCalendarResult::fromJson(reply).toJson();
-            QCOMPARE(PriceCalendarResult::fromJson(JsonObject(written)).toJson(), written);
+            QCOMPARE(PriceCalendarResult::fromJson(written).toJson(), written);
         } catch (const DecodingError &) { }
     } else if (reader == u"flights") {
         QSet<QString> ids;
-        const auto flights = FlightSearchTool::parseFlightOptions(reply, u"ist"_s, u"lhr"_s);
+        const auto flights = ToolResults::parseFlightOptions(reply, u"ist"_s, u"lhr"_s);
         for (const FlightOption &flight : flights) {
             ids.insert(flight.id);
             QVERIFY2(flight.price > 0, qPrintable(QString::number(flight.price)));
@@ -84,16 +80,16 @@ void checkWhatAlwaysHolds(const QString &reader, const JsonObject &reply)
         }
         QCOMPARE(ids.size(), flights.size());
     } else if (reader == u"status") {
-        const auto status = FlightStatusTool::parseFlightStatus(reply, u"vq12"_s, std::nullopt);
+        const auto status = ToolResults::parseFlightStatus(reply, u"vq12"_s, std::nullopt);
         for (const auto &text : { status.estimatedDeparture, status.estimatedArrival,
                                   status.terminal, status.gate, status.aircraftType })
             QVERIFY(text);
         QCOMPARE(status.originAirport, status.originCity);
     } else if (reader == u"promotions") {
-        for (const PromotionItem &promotion : PromotionsTool::parsePromotions(reply))
+        for (const PromotionItem &promotion : ToolResults::parsePromotions(reply))
             QVERIFY(!promotion.title.isEmpty());
     } else {
-        QVERIFY(CityGuideTool::parseCityGuide(reply, u"xyz"_s).bestTimeToVisit);
+        QVERIFY(ToolResults::parseCityGuide(reply, u"xyz"_s).bestTimeToVisit);
     }
 }
 
@@ -211,7 +207,7 @@ private Q_SLOTS:
         QFETCH(QString, reader);
         QFETCH(QJsonObject, example);
         QVERIFY(example.contains("reply"_L1) && example.contains("expected"_L1));
-        const JsonObject reply(example.value("reply"_L1).toObject());
+        const QJsonObject reply = example.value("reply"_L1).toObject();
         const QJsonValue actual = read(reader, reply, example.value("code"_L1).toString());
         const QStringList found = differences(actual, example.value("expected"_L1), QString());
         QVERIFY2(found.isEmpty(), qPrintable(found.join(u"\n"_s)));
@@ -236,7 +232,7 @@ private Q_SLOTS:
             const QByteArray sent = dice.bounded(4) > 0 ? bytes : garbled(bytes);
             // It is read, or refused as the server's fault.
             try {
-                checkWhatAlwaysHolds(original.reader, readToolResult(sent));
+                checkWhatAlwaysHolds(original.reader, ToolResults::parseAnswer(sent));
             } catch (const McpError &error) {
                 QVERIFY(error.domain() != McpError::Domain::Internal);
             }

@@ -26,7 +26,7 @@ struct Reading
 
 QCoro::Task<Reading> callWithTrace()
 {
-    return VTRMCPClientTestAccess::callTool<Reading>([](const JsonObject &) {
+    return VTRMCPClientTestAccess::callTool<Reading>([](const QJsonObject &) {
         return Reading { QThread::currentThread(),
                          reinterpret_cast<quintptr>(__builtin_frame_address(0)) };
     });
@@ -85,7 +85,7 @@ private Q_SLOTS:
         for (const qsizetype size : { 1000, 300'000 }) {
             m_server->enqueue({ answerOfSize(size) });
             const auto outcome = settle(VTRMCPClientTestAccess::callTool<int>(
-                [](const JsonObject &) -> int { throw std::bad_alloc(); }));
+                [](const QJsonObject &) -> int { throw std::bad_alloc(); }));
             QVERIFY(outcome.error);
             QCOMPARE(outcome.error->domain(), McpError::Domain::Internal);
         }
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QFETCH(int, requests);
         m_server->onInitialize = [initialize](const ReceivedRequest &) { return initialize; };
         m_server->onToolCall = [answer](const ReceivedRequest &) { return answer; };
-        QList<PendingOutcome<JsonObject>> calls;
+        QList<PendingOutcome<QJsonObject>> calls;
         for (int index = 0; index < 20; ++index)
             calls.append(watch(call()));
         QTRY_VERIFY(!m_server->initializations().isEmpty());
@@ -153,7 +153,7 @@ private Q_SLOTS:
     {
         m_server->onToolCall = [](const ReceivedRequest &) { return answerOfSize(300'000); };
         QSemaphore started;
-        const auto outcome = watch(VTRMCPClientTestAccess::callTool<int>([&](const JsonObject &) {
+        const auto outcome = watch(VTRMCPClientTestAccess::callTool<int>([&](const QJsonObject &) {
             started.release();
             QThread::msleep(50);
             return 1;

@@ -31,10 +31,9 @@ struct VTRMCPClientTestAccess
 
     /// Calls a tool with a reader of the test's own.
     template<typename Record>
-    static QCoro::Task<Record> callTool(std::function<Record(const JsonObject &)> reader)
+    static QCoro::Task<Record> callTool(std::function<Record(const QJsonObject &)> reader)
     {
-        return VTRMCPClient::shared().ask(
-            ToolCall<Record> { QStringLiteral("any"), {}, std::move(reader) });
+        return VTRMCPClient::shared().ask<Record>(QStringLiteral("any"), {}, std::move(reader));
     }
 };
 
@@ -122,8 +121,8 @@ protected Q_SLOTS:
     }
 
 protected:
-    static QCoro::Task<JsonObject> call(const QString &tool = QStringLiteral("any"),
-                                        const QJsonObject &arguments = {})
+    static QCoro::Task<QJsonObject> call(const QString &tool = QStringLiteral("any"),
+                                         const QJsonObject &arguments = {})
     {
         return VTRMCPClient::shared().callTool(tool, arguments);
     }

@@ -1,4 +1,4 @@
-#include "Services/ToolResult.h"
+#include "Services/ToolResults.h"
 
 #include "Services/McpError.h"
 #include "Services/PlatformErrorText.h"
@@ -22,24 +22,21 @@ bool isTooMuch(const QByteArray &json)
 
 } // namespace
 
-JsonObject readToolResult(const QByteArray &body)
+QJsonObject ToolResults::parseAnswer(const QByteArray &body)
 {
-    if (isTooMuch(body)) {
+    if (isTooMuch(body))
         throw McpError(McpError::Domain::Network, -1, PlatformErrorText::tooLarge());
-    }
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(body, &parseError);
-    if (parseError.error != QJsonParseError::NoError) {
+    if (parseError.error != QJsonParseError::NoError)
         throw McpError(McpError::Domain::Json, parseError.error, PlatformErrorText::notJson());
-    }
     if (!document.isObject())
         throw McpError(McpError::Domain::Client, -1, u"Invalid JSON response"_s);
 
-    const JsonObject answer(document.object());
-    if (const auto error = answer.object("error")) {
+    if (const QJsonValue error = document["error"_L1]; error.isObject()) {
         throw McpError(McpError::Domain::Client, -1,
-                       error->text("message").value_or(u"Tool execution failed"_s));
+                       error["message"_L1].toString(u"Tool execution failed"_s));
     }
-    const JsonObject result = answer.object("result").value_or(JsonObject());
-    return result.object("structuredContent").value_or(result);
+    const QJsonObject result = document["result"_L1].toObject();
+    return result["structuredContent"_L1].toObject(result);
 }
