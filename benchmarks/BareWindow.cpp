@@ -63,7 +63,7 @@ int main(int argc, char *argv[])
         return 1;
     auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
     untilFrame(
-        window, [] {}, [] { return true; }, [] { print("memory", memoryKiB("VmHWM")); });
+        window, [] {}, [] { return true; }, [] { print("memory", memoryKiB("VmHWM") / 1024); });
     if (scrolls)
         print("scroll", cpuPerFrame(window, window->findChild<QObject *>(u"page"_s)));
     std::_Exit(0);

@@ -1,25 +1,17 @@
 #pragma once
 
 #include <QFile>
-#include <QList>
 #include <QTextStream>
-
-#include <algorithm>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif
 
-/// A figure of a program in this folder: a line "name value".
+/// A figure of a program in this folder: a line "name value". Of one that is printed more than once
+/// the table has the median.
 inline void print(const char *name, double value)
 {
     QTextStream(stdout) << name << ' ' << value << '\n' << Qt::flush;
-}
-
-inline double median(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
 }
 
 /// A line of /proc/self/status in KiB, such as "VmHWM", the peak of the resident memory; 0 where

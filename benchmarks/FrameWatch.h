@@ -8,20 +8,11 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <ctime>
 #include <functional>
 
-#include <sys/resource.h>
-
 /// Milliseconds of CPU that this process has used so far, in all its threads.
-inline double cpuMilliseconds()
-{
-    rusage usage {};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto milliseconds = [](const timeval &time) {
-        return double(time.tv_sec) * 1000 + double(time.tv_usec) / 1000;
-    };
-    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
-}
+inline double cpuMilliseconds() { return 1e3 * double(std::clock()) / CLOCKS_PER_SEC; }
 
 inline void wait(int milliseconds)
 {

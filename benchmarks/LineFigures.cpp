@@ -5,6 +5,7 @@
 #include "benchmarks/FlightAnswers.h"
 #include "support/ClientTesting.h"
 #include "support/Http2Front.h"
+#include "support/ToolAnswers.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -15,6 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr int rounds = 5;
 constexpr auto delay = 30ms; ///< each way
 
 /// Forwards what it receives, after the delay. A connection opens as late as on a real line: the
@@ -54,25 +56,16 @@ private:
     }
 };
 
-/// Two calls beside one another, as a search makes them.
-double searchSeconds()
+/// Two calls beside one another, as a search makes them; prints how many round trips they take.
+void search(const char *name)
 {
     QElapsedTimer clock;
     clock.start();
-    const auto calendar =
-        watch(VTRMCPClient::shared().callTool(u"find_flight_price_calendar"_s, {}));
-    const auto flights = watch(VTRMCPClient::shared().callTool(u"search_flights"_s, {}));
+    const auto calendar = watch(VTRMCPClient::shared().callTool(calendarTool, {}));
+    const auto flights = watch(VTRMCPClient::shared().callTool(flightsTool, {}));
     if (!settle(calendar).value || !settle(flights).value)
         qFatal("A search failed.");
-    return double(clock.nsecsElapsed()) / 1e9;
-}
-
-double medianSearch(int count)
-{
-    QList<double> seconds;
-    for (int search = 0; search < count; ++search)
-        seconds.append(searchSeconds());
-    return median(seconds);
+    print(name, double(clock.nsecsElapsed()) / (2 * std::chrono::nanoseconds(delay)).count());
 }
 
 } // namespace
@@ -84,27 +77,25 @@ int main(int argc, char *argv[])
         qFatal("nghttpx is not installed (Debian: nghttp2-proxy).");
     ScriptedServer server;
     const ScriptedAnswer few = ScriptedAnswer::text(flightsReply(6));
-    const ScriptedAnswer many = ScriptedAnswer::text(flightsReply(440));
     ScriptedAnswer answer = few;
     server.onToolCall = [&answer](const ReceivedRequest &request) {
-        return request.tool() == u"search_flights"_s ? answer : ScriptedAnswer::content();
+        return request.tool() == flightsTool ? answer : ScriptedAnswer::content();
     };
     Http2Front front(server.endpoint());
-    const double roundTrip = 2 * std::chrono::duration<double>(delay).count();
-    QList<double> starts;
-    for (int run = 0; run < 5; ++run) {
+    for (int run = 0; run < rounds; ++run) {
         DelayedLine line(static_cast<quint16>(front.endpoint().port()));
         VTRMCPClientTestAccess::replaceShared(line.endpoint(), trustingSettings());
-        starts.append(searchSeconds() / roundTrip);
+        search("start");
         if (run > 0)
             continue;
-        print("search", medianSearch(5) / roundTrip);
+        for (int later = 0; later < rounds; ++later)
+            search("search");
         print("connections", line.connections);
-        answer = many;
-        print("large_search", medianSearch(5) / roundTrip);
+        answer = ScriptedAnswer::text(flightsReply(440));
+        for (int later = 0; later < rounds; ++later)
+            search("large_search");
         answer = few;
     }
-    print("start", median(starts));
     VTRMCPClientTestAccess::destroyShared();
     return 0;
 }

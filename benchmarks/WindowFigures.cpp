@@ -11,90 +11,52 @@
 #include "benchmarks/FrameWatch.h"
 #include "benchmarks/HostileReplies.h"
 #include "inspect/WindowDriver.h"
+#include "sample_server/HttpServer.h"
 #include "support/ToolAnswers.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
 #include <QJsonDocument>
 #include <QQmlApplicationEngine>
-#include <QSemaphore>
 #include <QTest>
-#include <QThread>
 
 #include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <functional>
 #include <mutex>
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int rounds = 5;
 
-/// Answers in a thread of its own, each tool with what was set last.
-class ServerThread : public QThread
-{
-public:
-    ServerThread()
-    {
-        start();
-        m_listens.acquire();
-    }
-    ~ServerThread() override
-    {
-        quit();
-        wait();
-    }
-
-    QUrl endpoint() const { return m_endpoint; }
-    void setAnswer(const QString &tool, const ScriptedAnswer &answer)
-    {
-        const std::scoped_lock lock(m_mutex);
-        m_answers.insert(tool, answer);
-    }
-
-protected:
-    void run() override
-    {
-        ScriptedServer server;
-        server.onToolCall = [this](const ReceivedRequest &request) {
-            const std::scoped_lock lock(m_mutex);
-            return m_answers.value(request.tool(), ScriptedAnswer::content());
-        };
-        m_endpoint = server.endpoint();
-        m_listens.release();
-        exec();
-    }
-
-private:
-    QUrl m_endpoint;
-    QSemaphore m_listens;
-    std::mutex m_mutex;
-    QHash<QString, ScriptedAnswer> m_answers;
-};
-
+/// The real window on a server, which answers in threads of its own.
 class Window : public WindowDriver
 {
 public:
-    explicit Window(ServerThread &server)
-        : m_server(server)
+    Window()
     {
-        if (!loadMainWindow(m_engine, u"Vantora"_s))
-            std::exit(1);
-        m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().constFirst());
-        m_server.setAnswer(calendarTool, calendarAnswer(14, QDate::currentDate().addDays(7)));
+        setAnswer(calendarTool, calendarAnswer(14, QDate::currentDate().addDays(7)));
         for (const int count : { 12, manyFlights, mostFlights })
-            m_answers.insert(count, ScriptedAnswer::text(flightsReply(count)));
+            m_flights.insert(count, ScriptedAnswer::text(flightsReply(count)));
+        const quint16 port = m_server.listen(0).value();
+        ServiceAddresses::setMcpEndpoint(QUrl(u"http://127.0.0.1:%1/mcp"_s.arg(port)));
+        prepareApplication();
+        m_window = loadMainWindow(m_engine, u"Vantora"_s);
+        if (!m_window)
+            std::exit(1);
     }
 
-    /// Whether what anything in the window has asked for is under way.
-    bool isAsking() const
+    /// What this tool is answered from now on.
+    void setAnswer(const QString &tool, const ScriptedAnswer &answer,
+                   std::chrono::milliseconds delay = 0ms)
     {
-        const auto states = m_window->findChildren<ObservableObject *>();
-        return std::any_of(states.begin(), states.end(), [](const ObservableObject *state) {
-            return state->property("isLoading").toBool();
-        });
+        const std::scoped_lock lock(m_mutex);
+        m_answers.insert(tool, { answer, delay });
     }
     /// A frame in which the whole window is drawn, since its background changes.
     double frame() const
@@ -106,18 +68,15 @@ public:
         return frame;
     }
     /// A search until its flights, so many, are on the screen.
-    double search(int count) const
+    void search(int count)
     {
-        m_server.setAnswer(flightsTool, m_answers.value(count));
-        return untilFrame(
+        setAnswer(flightsTool, m_flights.value(count));
+        untilFrame(
             m_window, [this] { viewModel()->startSearchAll(); },
             [&] { return viewModel()->filteredFlightsList()->count() == count && !isSearching(); });
     }
-    void answerSlowly() const
-    {
-        const ScriptedAnswer answer = m_answers.value(12);
-        m_server.setAnswer(flightsTool, answer.inChunks(answer.body().size() / 5, 200));
-    }
+    /// The flights take a second, so that their loading is seen.
+    void answerSlowly() { setAnswer(flightsTool, m_flights.value(12), 1s); }
     /// From the top of a flight's card to that of the next.
     double cardPitch() const
     {
@@ -135,60 +94,67 @@ public:
     }
 
 private:
-    ServerThread &m_server;
+    Sample::HttpAnswer answer(const Sample::HttpRequest &request)
+    {
+        const QJsonDocument question = QJsonDocument::fromJson(request.body);
+        const QString tool = question["params"_L1]["name"_L1].toString();
+        std::unique_lock lock(m_mutex);
+        const auto [answer, delay] = m_answers.value(tool, { ScriptedAnswer::session("s"), 0ms });
+        lock.unlock();
+        std::this_thread::sleep_for(delay);
+        return { answer.status, answer.body, answer.headers };
+    }
+
+    std::mutex m_mutex; ///< for the next
+    QHash<QString, std::pair<ScriptedAnswer, std::chrono::milliseconds>> m_answers;
+    QHash<int, ScriptedAnswer> m_flights; ///< by how many
+    Sample::HttpServer m_server { [this](const auto &request) { return answer(request); } };
     QQmlApplicationEngine m_engine;
-    QHash<int, ScriptedAnswer> m_answers; ///< by how many flights
 };
 
-/// Milliseconds of CPU of one call.
-double cpuOf(int calls, const std::function<void()> &action)
+/// Prints the milliseconds of CPU of one call.
+void measure(const char *name, const std::function<void()> &action)
 {
-    QList<double> times;
+    constexpr int calls = 20;
     for (int round = 0; round < rounds; ++round) {
         const double start = cpuMilliseconds();
         for (int call = 0; call < calls; ++call)
             action();
-        times.append((cpuMilliseconds() - start) / calls);
+        print(name, (cpuMilliseconds() - start) / calls);
     }
-    return median(times);
 }
 
 /// What a reply costs until it is JSON, and until it is records.
 void measureReader()
 {
     const QByteArray reply = flightsReply(manyFlights);
-    print("parse", cpuOf(20, [&] { QJsonDocument::fromJson(reply); }));
-    print("read", cpuOf(20, [&] {
-              ToolResults::parseFlightOptions(ToolResults::parseAnswer(reply), u"IST"_s, u"LHR"_s);
-          }));
+    measure("parse", [&] { QJsonDocument::fromJson(reply); });
+    measure("read", [&] {
+        ToolResults::parseFlightOptions(ToolResults::parseAnswer(reply), u"IST"_s, u"LHR"_s);
+    });
 }
 
-void measurePresses(const Window &window)
+void measurePresses(Window &window)
 {
-    QList<double> frame;
-    QList<double> picker;
-    QList<double> day;
     for (int round = 0; round < rounds; ++round) {
-        frame.append(window.frame());
-        picker.append(untilFrame(
-            window.window(), [&] { window.click(window.named(u"originButton"_s)); },
-            [&] { return window.named(u"airportSearch"_s); }));
+        print("frame", window.frame());
+        print("picker",
+              untilFrame(
+                  window.window(), [&] { window.click(window.named(u"originButton"_s)); },
+                  [&] { return window.named(u"airportSearch"_s); }));
         while (window.named(u"airportSearch"_s)) {
             wait(400);
             window.key(Qt::Key_Escape);
             wait(400);
         }
-        // The flights take a second, so that their loading is seen.
         window.answerSlowly();
-        day.append(untilFrame(
-            window.window(), [&] { window.click(window.someOtherDay()); },
-            [&] { return window.isSearching(); }));
+        print("day",
+              untilFrame(
+                  window.window(), [&] { window.click(window.someOtherDay()); },
+                  [&] { return window.isSearching(); }));
         while (window.isSearching())
             wait(500);
     }
-    print("frame", median(frame));
-    print("picker", median(picker));
-    print("day", median(day));
 }
 
 /// Milliseconds in which the event loop does not turn.
@@ -241,7 +207,9 @@ void ask(const Window &window, const QString &tool)
     if (isStatus)
         pressAccessibly(window.named(u"statusQueryButton"_s));
     wait(drawing);
-    if (!QTest::qWaitFor([&] { return !window.isAsking(); }, 30'000))
+    const auto states = window.window()->findChildren<ObservableObject *>();
+    const auto isLoading = [](auto *state) { return state->property("isLoading").toBool(); };
+    if (!QTest::qWaitFor([&] { return std::ranges::none_of(states, isLoading); }, 30'000))
         QTextStream(stderr) << "No answer to this: ";
     wait(2 * drawing);
     // The other tab.
@@ -252,18 +220,18 @@ void ask(const Window &window, const QString &tool)
 }
 
 /// Memory is measured with the server's, which holds the reply twice while it sends it.
-void measureHostileReplies(const Window &window, ServerThread &server)
+void measureHostileReplies(Window &window)
 {
     QAccessible::setActive(true);
     double stall = 0;
     double memory = 0;
     for (const HostileReply &reply : hostileReplies()) {
-        server.setAnswer(reply.tool, reply.answer());
+        window.setAnswer(reply.tool, reply.answer());
         const double before = residentKiB();
         forgetPeak();
         const Stall away = longestStall([&] { ask(window, reply.tool); });
         const double grown = (memoryKiB("VmHWM") - before) / 1024;
-        server.setAnswer(reply.tool, ScriptedAnswer::content());
+        window.setAnswer(reply.tool, ScriptedAnswer::content());
         QTextStream(stderr) << QString::asprintf(
             "%-28s%-36s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.tool),
             qPrintable(reply.what), away.clock, away.processor, grown);
@@ -283,14 +251,11 @@ int main(int argc, char *argv[])
     if (isHostile)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
-    ServerThread server;
-    ServiceAddresses::setMcpEndpoint(server.endpoint());
-    prepareApplication();
-    const Window window(server);
+    Window window;
     window.search(12);
     wait(1000);
     if (isHostile) {
-        measureHostileReplies(window, server);
+        measureHostileReplies(window);
         return 0;
     }
 
@@ -311,22 +276,16 @@ int main(int argc, char *argv[])
     print("scroll", cpuPerFrame(window.window(), window.named(u"page"_s)));
     window.named(u"page"_s)->setProperty("contentY", 0);
 
-    QList<double> stalls;
-    QList<double> sortStalls;
-    QList<double> largestStalls;
     for (int round = 0; round < rounds; ++round) {
         window.search(12);
         wait(500);
-        stalls.append(longestStall([&] { window.search(manyFlights); }).clock);
+        print("stall", longestStall([&] { window.search(manyFlights); }).clock);
         const auto option =
             round % 2 == 0 ? FlightSortOption::earliest : FlightSortOption::cheapest;
-        sortStalls.append(longestStall([&] { window.viewModel()->applyFilter(option); }).clock);
+        print("sort-stall", longestStall([&] { window.viewModel()->applyFilter(option); }).clock);
         window.search(12);
         wait(500);
-        largestStalls.append(longestStall([&] { window.search(mostFlights); }).clock);
+        print("largest-stall", longestStall([&] { window.search(mostFlights); }).clock);
     }
-    print("stall", median(stalls));
-    print("sort-stall", median(sortStalls));
-    print("largest-stall", median(largestStalls));
     return 0;
 }

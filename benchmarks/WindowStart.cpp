@@ -1,4 +1,4 @@
-// The application up to a frame: prints the peak of its memory in KiB and ends.
+// The application up to a frame: prints the peak of its memory in MiB and ends.
 //   window-start                      the first frame of its window
 //   window-start ENDPOINT             the first one with flight cards, of this server
 //   window-start ENDPOINT SEARCHES    so many searches more: prints by how many KiB the memory
@@ -31,7 +31,7 @@ int main(int argc, char *argv[])
     };
     // Printed in the frame's thread: this one is already busy with the next frame.
     untilFrame(
-        window, [] {}, isShown, [] { print("memory", memoryKiB("VmHWM")); });
+        window, [] {}, isShown, [] { print("memory", memoryKiB("VmHWM") / 1024); });
     const int searches = QGuiApplication::arguments().value(2).toInt();
     double before = 0;
     for (int search = 0; search < searches; ++search) {
