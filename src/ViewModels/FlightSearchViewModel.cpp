@@ -6,7 +6,6 @@
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
-#include <QScopeGuard>
 #include <QTextStream>
 
 #include <algorithm>
@@ -98,17 +97,6 @@ void FlightSearchViewModel::setErrorMessage(const std::optional<QString> &messag
     publish(m_errorMessage, message, &FlightSearchViewModel::errorMessageChanged);
 }
 
-void FlightSearchViewModel::setLoading(bool isLoading)
-{
-    publish(m_isLoading, isLoading, &FlightSearchViewModel::isLoadingChanged);
-}
-
-void FlightSearchViewModel::setSearchingFlightsOnly(bool isSearching)
-{
-    publish(m_isSearchingFlightsOnly, isSearching,
-            &FlightSearchViewModel::isSearchingFlightsOnlyChanged);
-}
-
 void FlightSearchViewModel::setSelectedDate(const QString &date)
 {
     publish(m_selectedDate, date, &FlightSearchViewModel::selectedDateChanged);
@@ -166,19 +154,15 @@ QCoro::Task<> FlightSearchViewModel::searchAll()
         setErrorMessage(u"Lütfen kalkış ve varış havalimanlarını seçin."_s);
         co_return;
     }
-    const QPointer<FlightSearchViewModel> self(this);
     const QString searchDay = formatDate(m_departureDate);
     setSelectedDate(searchDay);
-    setLoading(true);
-    const auto end = qScopeGuard([self] {
-        if (self)
-            self->setLoading(false);
-    });
+    const auto end = raise(m_isLoading, &FlightSearchViewModel::isLoadingChanged);
     setErrorMessage(std::nullopt);
     publish(m_hasSearched, true, &FlightSearchViewModel::hasSearchedChanged);
 
     const QCoro::Task<> calendar = loadCalendar(searchDay);
-    const QCoro::Task<> flights = loadFlights(searchDay);
+    const QCoro::Task<> flights = loadFlights(
+        searchDay, u"Uçuş bilgileri alınırken hata oluştu: "_s, u"Flights search error"_s);
     co_await calendar;
     co_await flights;
 }
@@ -203,52 +187,36 @@ QCoro::Task<> FlightSearchViewModel::loadCalendar(QString searchDay)
     }
 }
 
-QCoro::Task<> FlightSearchViewModel::loadFlights(QString searchDay)
+QCoro::Task<> FlightSearchViewModel::loadFlights(QString day, QString failure, QString consoleLine)
 {
     const QPointer<FlightSearchViewModel> self(this);
     try {
         const std::optional<QString> returnDate = returnDay();
-        const QString search = searchText(searchDay);
+        const QString search = searchText(day);
         const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
-            m_originCode, m_destinationCode, searchDay, returnDate, m_tripType, m_passengers);
+            m_originCode, m_destinationCode, day, returnDate, m_tripType, m_passengers);
         if (self)
             setFlights(flights, search);
     } catch (...) {
         const McpError error = McpError::current();
-        writeConsoleLine(u"Flights search error"_s, error);
-        if (self) {
-            setErrorMessage(u"Uçuş bilgileri alınırken hata oluştu: "_s
-                            + error.localizedDescription());
-        }
+        if (!consoleLine.isEmpty())
+            writeConsoleLine(consoleLine, error);
+        if (self)
+            setErrorMessage(failure + error.localizedDescription());
     }
 }
 
 QCoro::Task<> FlightSearchViewModel::selectCalendarDate(QString date)
 {
-    const QPointer<FlightSearchViewModel> self(this);
     setSelectedDate(date);
     if (const auto parsed = parseDate(date))
         setDepartureDate(*parsed);
-    setSearchingFlightsOnly(true);
-    const auto end = qScopeGuard([self] {
-        if (self)
-            self->setSearchingFlightsOnly(false);
-    });
+    const auto end =
+        raise(m_isSearchingFlightsOnly, &FlightSearchViewModel::isSearchingFlightsOnlyChanged);
     setErrorMessage(std::nullopt);
-
-    try {
-        const std::optional<QString> returnDate = returnDay();
-        const QString search = searchText(date);
-        const QList<FlightOption> flights = co_await VTRMCPClient::shared().searchFlights(
-            m_originCode, m_destinationCode, date, returnDate, m_tripType, m_passengers);
-        if (self)
-            setFlights(flights, search);
-    } catch (...) {
-        if (self) {
-            setErrorMessage(u"Seçilen tarih (%1) için uçuşlar yüklenemedi: "_s.arg(date)
-                            + McpError::current().localizedDescription());
-        }
-    }
+    const QCoro::Task<> flights =
+        loadFlights(date, u"Seçilen tarih (%1) için uçuşlar yüklenemedi: "_s.arg(date), {});
+    co_await flights;
 }
 
 void FlightSearchViewModel::applyFilter(FlightSortOption option)

@@ -165,7 +165,9 @@ Q_SIGNALS:
 
 private:
     QCoro::Task<> loadCalendar(QString searchDay);
-    QCoro::Task<> loadFlights(QString searchDay);
+    /// What an error says is told after `failure`, and on the console after `consoleLine` unless
+    /// that is empty.
+    QCoro::Task<> loadFlights(QString day, QString failure, QString consoleLine);
     /// The day sent as the return day; absent for a one-way trip.
     std::optional<QString> returnDay() const;
     /// "IST–LHR, 2026-12-05" for the airports chosen now.
@@ -174,8 +176,6 @@ private:
     /// Makes `filteredFlights` of `flights`.
     void arrangeFlights(bool areNew);
     void setErrorMessage(const std::optional<QString> &message);
-    void setLoading(bool isLoading);
-    void setSearchingFlightsOnly(bool isSearching);
     void setSelectedDate(const QString &date);
 
     QString m_originCode = QStringLiteral("IST");

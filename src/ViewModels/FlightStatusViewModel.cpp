@@ -4,7 +4,6 @@
 #include "Services/VTRMCPClient.h"
 
 #include <QPointer>
-#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -23,11 +22,6 @@ void FlightStatusViewModel::setFlightDate(const QDateTime &date)
     publish(m_flightDate, date, &FlightStatusViewModel::flightDateChanged);
 }
 
-void FlightStatusViewModel::setLoading(bool isLoading)
-{
-    publish(m_isLoading, isLoading, &FlightStatusViewModel::isLoadingChanged);
-}
-
 void FlightStatusViewModel::setErrorMessage(const std::optional<QString> &message)
 {
     publish(m_errorMessage, message, &FlightStatusViewModel::errorMessageChanged);
@@ -43,11 +37,7 @@ QCoro::Task<> FlightStatusViewModel::searchStatus()
     }
     // The sheet may close, and take this object with it, while the server answers.
     const QPointer<FlightStatusViewModel> self(this);
-    setLoading(true);
-    const auto lowerFlag = qScopeGuard([self] {
-        if (self)
-            self->setLoading(false);
-    });
+    const auto end = raise(m_isLoading, &FlightStatusViewModel::isLoadingChanged);
     setErrorMessage(std::nullopt);
 
     try {

@@ -59,7 +59,6 @@ Q_SIGNALS:
     void errorMessageChanged();
 
 private:
-    void setLoading(bool isLoading);
     void setErrorMessage(const std::optional<QString> &message);
 
     QString m_flightNumber = QStringLiteral("VQ1983");

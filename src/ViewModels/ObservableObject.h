@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -26,5 +28,15 @@ protected:
         Q_EMIT objectWillChange();
         field = std::move(value);
         Q_EMIT(static_cast<Object *>(this)->*changed)();
+    }
+    /// Sets a flag until the end of the scope. The object may go before.
+    template<typename Object>
+    auto raise(bool &flag, void (Object::*changed)())
+    {
+        publish(flag, true, changed);
+        return qScopeGuard([self = QPointer(this), &flag, changed] {
+            if (self)
+                self->publish(flag, false, changed);
+        });
     }
 };
