@@ -3,7 +3,6 @@
 #include "Models/AirportDatabase.h"
 
 #include <QFile>
-#include <QHash>
 #include <QtMath>
 
 #include <algorithm>
@@ -43,13 +42,8 @@ const QList<AirportSite> &airportSites()
 
 const AirportSite *airportSite(const QString &code)
 {
-    static const QHash<QString, const AirportSite *> byCode = [] {
-        QHash<QString, const AirportSite *> hash;
-        for (const AirportSite &site : airportSites())
-            hash.insert(site.code, &site);
-        return hash;
-    }();
-    return byCode.value(code);
+    const auto found = std::ranges::find(airportSites(), code, &AirportSite::code);
+    return found == airportSites().end() ? nullptr : &*found;
 }
 
 double distanceKm(const AirportSite &from, const AirportSite &to)

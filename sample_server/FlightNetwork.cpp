@@ -20,24 +20,18 @@ constexpr int lastDepartureMinute = 23 * 60 + 55;
 constexpr int transferDeparturesADay = 4;
 
 /// Airports beyond the hubs where travellers change aircraft, and to where these fly from there.
-struct TransferAirport
+constexpr struct TransferAirport
 {
-    QString code;
-    QString outstations;
+    QLatin1StringView code;
+    QLatin1StringView outstations;
+} regionalTransferAirports[] {
+    { "ESB"_L1, "ADB AYT BJV DIY ERZ GZT TZX VAN ECN AMS BER BRU CDG DUS FRA LHR MUC VIE"_L1 },
+    { "AYT"_L1, "ECN AMS ARN BER CPH DUS FRA HAM LHR MUC PRG VIE WAW ZRH"_L1 },
+    { "VIE"_L1, "AMS ARN ATH BCN BEG BER BRU BUD CDG CPH DUB FCO FRA LHR MXP OTP SOF ZAG"_L1 },
+    { "FRA"_L1, "ATL BOS CUN DFW DUB EWR IAD IAH JFK LAX LHR LIS MAD MEX MIA ORD YUL YYZ"_L1 },
+    { "DXB"_L1, "BKK BOM CAN CGK CMB DEL DPS HKG HKT JNB KUL MLE NBO PEK PVG SIN ZNZ"_L1 },
+    { "SIN"_L1, "BKK CGK DPS HKG HKT KUL MEL SYD"_L1 },
 };
-
-const QList<TransferAirport> &regionalTransferAirports()
-{
-    static const QList<TransferAirport> airports {
-        { u"ESB"_s, u"ADB AYT BJV DIY ERZ GZT TZX VAN ECN AMS BER BRU CDG DUS FRA LHR MUC VIE"_s },
-        { u"AYT"_s, u"ECN AMS ARN BER CPH DUS FRA HAM LHR MUC PRG VIE WAW ZRH"_s },
-        { u"VIE"_s, u"AMS ARN ATH BCN BEG BER BRU BUD CDG CPH DUB FCO FRA LHR MXP OTP SOF ZAG"_s },
-        { u"FRA"_s, u"ATL BOS CUN DFW DUB EWR IAD IAH JFK LAX LHR LIS MAD MEX MIA ORD YUL YYZ"_s },
-        { u"DXB"_s, u"BKK BOM CAN CGK CMB DEL DPS HKG HKT JNB KUL MLE NBO PEK PVG SIN ZNZ"_s },
-        { u"SIN"_s, u"BKK CGK DPS HKG HKT KUL MEL SYD"_s },
-    };
-    return airports;
-}
 
 // clang-format off
 constexpr AircraftType regionalJet { "E95"_L1, "Embraer 195"_L1, 0, 1600 };
@@ -134,12 +128,12 @@ FlightNetwork::FlightNetwork()
                 add(hub, site, false);
         }
     }
-    for (const TransferAirport &transfer : regionalTransferAirports()) {
+    for (const TransferAirport &transfer : regionalTransferAirports) {
         const AirportSite *base = airportSite(transfer.code);
         if (!base)
             continue;
         m_transferAirports.append(base);
-        for (const QString &code : transfer.outstations.split(u' ')) {
+        for (const QLatin1StringView code : QStringTokenizer(transfer.outstations, u' ')) {
             if (const AirportSite *outstation = airportSite(code))
                 add(*base, *outstation, true);
         }
