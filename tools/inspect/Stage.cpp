@@ -13,27 +13,21 @@ constexpr int stillness = 350; // milliseconds without a frame
 
 Stage::Stage(QQuickWindow *window, std::chrono::milliseconds timeout)
     : WindowDriver(window)
-    , m_timeout(timeout)
+    , m_deadline(timeout)
 {
     // A pointer that happens to rest over the window would show its hover states.
     QCursor::setPos(0, 0);
     // Without a window manager nobody else gives it the keyboard.
     m_window->requestActivate();
-    m_clock.start();
     m_lastFrame.start();
     QObject::connect(
         window, &QQuickWindow::frameSwapped, window, [this] { m_lastFrame.restart(); },
         Qt::QueuedConnection);
 }
 
-std::chrono::milliseconds Stage::remaining() const
-{
-    return m_timeout - std::chrono::milliseconds(m_clock.elapsed());
-}
-
 bool Stage::waitUntil(const std::function<bool()> &condition) const
 {
-    return QTest::qWaitFor(condition, static_cast<int>(remaining().count()));
+    return QTest::qWaitFor(condition, static_cast<int>(m_deadline.remainingTime()));
 }
 
 bool Stage::waitUntilStill()

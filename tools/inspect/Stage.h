@@ -2,6 +2,7 @@
 
 #include "inspect/WindowDriver.h"
 
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QImage>
 
@@ -20,7 +21,10 @@ public:
     /// Waits until the window has drawn nothing for a while: every animation has ended.
     bool waitUntilStill();
     /// Waits until no search is running.
-    bool waitForSearch() const { return WindowDriver::waitForSearch(remaining()); }
+    bool waitForSearch() const
+    {
+        return WindowDriver::waitForSearch(std::chrono::milliseconds(m_deadline.remainingTime()));
+    }
 
     /// Presses the visible item of this name. False when there is none.
     bool press(const QString &objectName) const { return pressAccessibly(named(objectName)); }
@@ -33,9 +37,6 @@ public:
     QImage picture() const { return m_window->grabWindow(); }
 
 private:
-    std::chrono::milliseconds remaining() const;
-
-    QElapsedTimer m_clock;
+    QDeadlineTimer m_deadline;
     QElapsedTimer m_lastFrame;
-    std::chrono::milliseconds m_timeout;
 };
