@@ -45,9 +45,9 @@ double at(const Figures &figures, const QString &name)
     return values.at(values.size() / 2);
 }
 
-/// Adds the lines "name value" of a program, and as "seconds" the time from its start to the first
-/// of them.
-void run(Figures &figures, const QString &program, const QStringList &arguments = {})
+/// The lines "name value" of a program, and as "seconds" the time from its start to the first of
+/// them, beside those of earlier runs.
+Figures run(const QString &program, const QStringList &arguments = {}, Figures figures = {})
 {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -67,12 +67,6 @@ void run(Figures &figures, const QString &program, const QStringList &arguments 
     process.waitForFinished(timeLimit);
     if (process.state() != QProcess::NotRunning || process.exitCode() != 0)
         fail(program + u" did not end well"_s);
-}
-
-Figures figuresOf(const QString &program, const QStringList &arguments = {})
-{
-    Figures figures;
-    run(figures, program, arguments);
     return figures;
 }
 
@@ -132,9 +126,9 @@ void compareStarts(Table &table, int runs)
     Figures frame;
     Figures cards;
     for (int i = 0; i < runs; ++i) {
-        run(bare, u"bare-window"_s);
-        run(frame, u"window-start"_s);
-        run(cards, u"window-start"_s, { address });
+        bare = run(u"bare-window"_s, {}, bare);
+        frame = run(u"window-start"_s, {}, frame);
+        cards = run(u"window-start"_s, { address }, cards);
     }
     const double seconds = at(bare, u"seconds"_s);
     const double memory = at(bare, u"memory"_s);
@@ -150,13 +144,12 @@ void compareStarts(Table &table, int runs)
 
 void judgeOpenWindow(Table &table, int searches)
 {
-    const Figures open = figuresOf(u"window-figures"_s);
+    const Figures open = run(u"window-figures"_s);
     const QString pitch = QString::number(at(open, u"pitch"_s));
-    const double bareScroll =
-        at(figuresOf(u"bare-window"_s, { u"--scroll"_s, pitch }), u"scroll"_s);
+    const double bareScroll = at(run(u"bare-window"_s, { u"--scroll"_s, pitch }), u"scroll"_s);
     SampleServer server;
     const QStringList manySearches { endpoint(server), QString::number(searches) };
-    const double growth = at(figuresOf(u"window-start"_s, manySearches), u"growth"_s);
+    const double growth = at(run(u"window-start"_s, manySearches), u"growth"_s);
     const double frame = at(open, u"frame"_s);
     table.compare(u"reply of 2,000 flights to records / its JSON alone"_s, at(open, u"read"_s),
                   at(open, u"parse"_s), u" ms"_s, 2.5);
@@ -186,13 +179,13 @@ int main(int argc, char *argv[])
     compareStarts(table, isQuick ? 3 : 11);
     judgeOpenWindow(table, isQuick ? 100 : 1000);
     if (!isQuick) {
-        const Figures hostile = figuresOf(u"window-figures"_s, { u"--hostile"_s });
+        const Figures hostile = run(u"window-figures"_s, { u"--hostile"_s });
         table.judge(u"main thread away, worst of the hostile replies"_s,
                     at(hostile, u"hostile-stall"_s), u" ms"_s, 50);
         table.judge(u"memory grown, worst of the hostile replies"_s,
                     at(hostile, u"hostile-memory"_s), u" MiB"_s, 200);
     }
-    const Figures line = figuresOf(u"line-figures"_s);
+    const Figures line = run(u"line-figures"_s);
     table.judge(u"round trips of \"initialize\" and two calls"_s, at(line, u"start"_s), {}, 4.6);
     table.judge(u"round trips of a later search"_s, at(line, u"search"_s), {}, 1.4);
     table.judge(u"round trips of a later search of 176 KB"_s, at(line, u"large_search"_s), {}, 2);
