@@ -4,6 +4,7 @@
 
 #include "App/Application.h"
 #include "RandomUser.h"
+#include "support/ConsoleText.h"
 
 #include <QCommandLineParser>
 #include <QDeadlineTimer>
