@@ -130,11 +130,12 @@ Flickable {
         target: null
         // A touchpad reports pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
         onWheel: event => {
-            const x = rest.x - (hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120);
-            const y = rest.y - (hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120);
-            rest = Qt.point(x % 1, y % 1);
-            page.scrollSideways(Math.trunc(x));
-            page.scrollBy(Math.trunc(y));
+            rest.x -= hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120;
+            rest.y -= hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120;
+            const pixels = Qt.point(Math.round(rest.x), Math.round(rest.y));
+            page.scrollSideways(pixels.x);
+            page.scrollBy(pixels.y);
+            rest = Qt.point(rest.x - pixels.x, rest.y - pixels.y);
         }
     }
 
