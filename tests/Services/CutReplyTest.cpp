@@ -36,7 +36,7 @@ private Q_SLOTS:
         const auto ask = [&](const ScriptedAnswer &sent) {
             if (isSession) {
                 VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
-                m_server->onInitialize = [sent](const ReceivedRequest &) { return sent; };
+                m_server->onInitialize = [sent] { return sent; };
             } else {
                 m_server->enqueue({ sent });
             }

@@ -36,16 +36,16 @@ private Q_SLOTS:
         const QString text = documentedText();
         VTRMCPClientTestAccess::replaceShared(m_server->endpoint(), { .limits = fault->limits });
         FlightSearchViewModel viewModel;
-        m_server->onToolCall = [](const ReceivedRequest &request) { return good(request, 3); };
+        m_answers = good(3);
         search(viewModel);
         const QList<FlightOption> flights = viewModel.flights();
         const QList<DailyPrice> prices = viewModel.calendarPrices();
         QCOMPARE(flights.size(), 3);
         QCOMPARE(prices.size(), 3);
 
-        m_server->onToolCall = [fault](const ReceivedRequest &request) {
-            return fault->change(good(request, 4));
-        };
+        m_answers = good(4);
+        for (ScriptedAnswer &answer : m_answers)
+            answer = fault->change(answer);
         verify(text, viewModel, search(viewModel));
         if (!text.isEmpty()) {
             QCOMPARE(viewModel.flights(), flights);
@@ -57,7 +57,7 @@ private Q_SLOTS:
         QCOMPARE(m_server->toolCalls().size(), 4);
 
         // Nothing of it reaches the next question, and the session is still good.
-        m_server->onToolCall = [](const ReceivedRequest &request) { return good(request, 5); };
+        m_answers = good(5);
         search(viewModel);
         QVERIFY(!viewModel.hasErrorMessage());
         QCOMPARE(viewModel.flights().size(), 5);
@@ -71,10 +71,8 @@ private Q_SLOTS:
         QFETCH(const ServerFaults::Fault *, fault);
         const QString text = documentedText();
         FlightSearchViewModel viewModel;
-        m_server->onToolCall = [](const ReceivedRequest &request) { return good(request, 3); };
-        m_server->onInitialize = [fault](const ReceivedRequest &) {
-            return fault->change(ScriptedAnswer::session("s"));
-        };
+        m_answers = good(3);
+        m_server->onInitialize = [fault] { return fault->change(ScriptedAnswer::session("s")); };
         for (int round = 1; round <= 2; ++round) {
             verify(text, viewModel, search(viewModel));
             QCOMPARE(viewModel.flights().size(), text.isEmpty() ? 3 : 0);
@@ -137,9 +135,9 @@ private:
     }
 
     /// `count` days or flights.
-    static ScriptedAnswer good(const ReceivedRequest &request, int count)
+    static QHash<QString, ScriptedAnswer> good(int count)
     {
-        return request.tool() == flightsTool ? flightsAnswer(count) : calendarAnswer(count);
+        return { { calendarTool, calendarAnswer(count) }, { flightsTool, flightsAnswer(count) } };
     }
 
     /// Searches to the end. Returns what the console said meanwhile.

@@ -241,9 +241,7 @@ private Q_SLOTS:
             VTRMCPClientTestAccess::replaceShared(QUrl(u"https://fares.example/mcp"_s));
             return settle(call()).errorText();
         };
-        m_server->onToolCall = [](const ReceivedRequest &) {
-            return ScriptedAnswer::text("", 403);
-        };
+        m_server->enqueue({ ScriptedAnswer::text("", 403) });
         QCOMPARE(ask(m_server->endpoint()), noProxy);
         QCOMPARE(m_server->requests().size(), 1);
         QCOMPARE(m_server->requests().first().method, "CONNECT");

@@ -48,9 +48,7 @@ private Q_SLOTS:
         constexpr int lostSessions = 1000;
         VTRMCPClientTestAccess::setLongestPause(0ms);
         int calls = 0;
-        m_server->onInitialize = [](const ReceivedRequest &) {
-            return ScriptedAnswer::session("s");
-        };
+        m_server->onInitialize = [] { return ScriptedAnswer::session("s"); };
         m_server->onToolCall = [&calls](const ReceivedRequest &) {
             return ++calls > lostSessions ? ScriptedAnswer::content()
                                           : ScriptedAnswer::text("{}", calls % 2 == 0 ? 400 : 404);
@@ -132,7 +130,7 @@ private Q_SLOTS:
         QFETCH(ScriptedAnswer, initialize);
         QFETCH(ScriptedAnswer, answer);
         QFETCH(int, requests);
-        m_server->onInitialize = [initialize](const ReceivedRequest &) { return initialize; };
+        m_server->onInitialize = [initialize] { return initialize; };
         m_server->onToolCall = [answer](const ReceivedRequest &) { return answer; };
         QList<PendingOutcome<QJsonObject>> calls;
         for (int index = 0; index < 20; ++index)
@@ -151,7 +149,7 @@ private Q_SLOTS:
 
     void theEndWhileALargeBodyIsRead()
     {
-        m_server->onToolCall = [](const ReceivedRequest &) { return answerOfSize(300'000); };
+        m_server->enqueue({ answerOfSize(300'000) });
         QSemaphore started;
         const auto outcome = watch(VTRMCPClientTestAccess::callTool<int>([&](const QJsonObject &) {
             started.release();

@@ -11,9 +11,7 @@ class VTRMCPClientTest : public ClientTest
 private Q_SLOTS:
     void callsStartedTogetherShareOneInitialize()
     {
-        m_server->onInitialize = [](const ReceivedRequest &) {
-            return ScriptedAnswer::session("shared").held();
-        };
+        m_server->onInitialize = [] { return ScriptedAnswer::session("shared").held(); };
         const auto first = watch(call(u"tool-name"_s, { { u"şehir"_s, u"İzmir"_s } }));
         const auto second = watch(call(u"tool-name"_s, { { u"şehir"_s, u"İzmir"_s } }));
         const auto third = watch(VTRMCPClient::shared().getSessionId());
@@ -56,7 +54,7 @@ private Q_SLOTS:
 
     void cookiesGoWithEveryLaterRequest()
     {
-        m_server->onInitialize = [](const ReceivedRequest &) {
+        m_server->onInitialize = [] {
             return ScriptedAnswer::session("s").withHeader("Set-Cookie", "machine=7; Path=/");
         };
         QVERIFY(settle(call()).value);
@@ -91,7 +89,7 @@ private Q_SLOTS:
     void initializeAnswers()
     {
         QFETCH(ScriptedAnswer, answer);
-        m_server->onInitialize = [answer](const ReceivedRequest &) { return answer; };
+        m_server->onInitialize = [answer] { return answer; };
         const auto ended = settle(call());
         const QList<ReceivedRequest> calls = m_server->toolCalls();
         QCOMPARE(calls.size(), ended.value ? 1 : 0);

@@ -56,9 +56,6 @@ private Q_SLOTS:
     {
         ClientTest::init();
         m_answers = good;
-        m_server->onToolCall = [this](const ReceivedRequest &request) {
-            return m_answers.value(request.tool());
-        };
         m_model = std::make_unique<FlightSearchViewModel>(nullptr, now);
     }
     void cleanup()
@@ -255,8 +252,6 @@ private:
     }
 
     std::unique_ptr<FlightSearchViewModel> m_model;
-    /// What the server answers, by tool.
-    QHash<QString, ScriptedAnswer> m_answers;
 };
 
 QTEST_GUILESS_MAIN(ViewModelsTest)

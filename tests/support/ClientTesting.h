@@ -5,6 +5,7 @@
 
 #include <QCoroTask>
 
+#include <QHash>
 #include <QTest>
 #include <QTestEventLoop>
 
@@ -111,7 +112,11 @@ class ClientTest : public QObject
 protected Q_SLOTS:
     void init()
     {
+        m_answers.clear();
         m_server = std::make_unique<ScriptedServer>();
+        m_server->onToolCall = [this](const ReceivedRequest &request) {
+            return m_answers.value(request.tool(), ScriptedAnswer::content());
+        };
         VTRMCPClientTestAccess::replaceShared(m_server->endpoint());
     }
     void cleanup()
@@ -128,4 +133,6 @@ protected:
     }
 
     std::unique_ptr<ScriptedServer> m_server;
+    /// What it answers, by tool; the others get an empty result.
+    QHash<QString, ScriptedAnswer> m_answers;
 };

@@ -149,7 +149,7 @@ ScriptedServer::ScriptedServer(const QString &certificate, QSsl::SslProtocol pro
                                      : tlsServer(certificate, protocol))
     , m_isSecure(!certificate.isEmpty())
 {
-    onInitialize = [this](const ReceivedRequest &) {
+    onInitialize = [this] {
         return ScriptedAnswer::session("session-" + QByteArray::number(initializations().size()));
     };
     onToolCall = [](const ReceivedRequest &) { return ScriptedAnswer::content(); };
@@ -211,7 +211,7 @@ void ScriptedServer::answerLastRequest(QTcpSocket *socket)
     const ReceivedRequest request = m_requests.constLast();
     ScriptedAnswer answer;
     if (request.rpcMethod() == u"initialize")
-        answer = onInitialize(request);
+        answer = onInitialize();
     else
         answer = m_queue.isEmpty() ? onToolCall(request) : m_queue.takeFirst();
     if (answer.isHeld)

@@ -80,7 +80,7 @@ public:
     QUrl endpoint() const;
 
     /// Answers "initialize"; by default it opens "session-1", "session-2" and so on.
-    std::function<ScriptedAnswer(const ReceivedRequest &)> onInitialize;
+    std::function<ScriptedAnswer()> onInitialize;
     /// Answers every tool call; by default with an empty result.
     std::function<ScriptedAnswer(const ReceivedRequest &)> onToolCall;
     /// Answers the next tool calls in turn, before `onToolCall` is asked.

@@ -129,9 +129,6 @@ void WindowTest::init()
     QDesktopServices::setUrlHandler(u"https"_s, this, "rememberLink");
     m_opened.clear();
     m_answers = { { calendarTool, calendarAnswer() }, { flightsTool, flightsAnswer(3) } };
-    m_server->onToolCall = [this](const ReceivedRequest &request) {
-        return m_answers.value(request.tool(), ScriptedAnswer::content());
-    };
     m_window = std::make_unique<TestWindow>();
     QVERIFY(m_window->waitForSearch());
 }

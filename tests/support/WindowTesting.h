@@ -67,7 +67,7 @@ private:
 };
 
 /// A test class in which each test has a window of its own, on a scripted server, as it stands
-/// after its first search.
+/// after its first search for 14 days and 3 flights.
 class WindowTest : public ClientTest
 {
     Q_OBJECT
@@ -90,8 +90,6 @@ protected:
     /// The calls after those of the first search.
     QList<ReceivedRequest> questions() const { return m_server->toolCalls().sliced(2); }
 
-    /// What the server answers, by tool; at first 14 days and 3 flights. The others get `{}`.
-    QHash<QString, ScriptedAnswer> m_answers;
     std::unique_ptr<TestWindow> m_window;
     /// The links that were opened.
     QStringList m_opened;

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 RandomServer::RandomServer(quint32 seed)
     : m_random(seed)
 {
-    m_server.onInitialize = [this](const ReceivedRequest &) { return open(); };
+    m_server.onInitialize = [this] { return open(); };
     m_server.onToolCall = [this](const ReceivedRequest &request) { return answer(request); };
     m_idle.start();
 }

@@ -149,13 +149,10 @@ private:
     }
     QString shownPanel() const
     {
-        QStringList shown;
-        for (const QString &panel :
-             { cardName, u"statusLoadingPanel"_s, u"statusErrorPanel"_s, u"statusEmptyPanel"_s }) {
-            if (m_window->named(panel))
-                shown.append(panel);
-        }
-        return shown.join(u'+');
+        QStringList panels { cardName, u"statusLoadingPanel"_s, u"statusErrorPanel"_s,
+                             u"statusEmptyPanel"_s };
+        panels.removeIf([this](const QString &panel) { return !m_window->named(panel); });
+        return panels.join(u'+');
     }
     QString cardText() const { return m_window->textOf(cardName); }
 };
