@@ -49,10 +49,10 @@ Popup {
     onCursorChanged: days.announceCurrentRow()
 
     enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.hoverDuration }
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.HoverDuration }
     }
     exit: Transition {
-        NumberAnimation { property: "opacity"; to: 0; duration: Motion.hoverDuration }
+        NumberAnimation { property: "opacity"; to: 0; duration: Motion.HoverDuration }
     }
 
     FocusReturn {

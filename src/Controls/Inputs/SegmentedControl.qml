@@ -30,7 +30,7 @@ FieldSurface {
 
         Behavior on x {
             enabled: control.visible
-            NumberAnimation { duration: Motion.hoverDuration; easing.type: Easing.OutCubic }
+            NumberAnimation { duration: Motion.HoverDuration; easing.type: Easing.OutCubic }
         }
     }
 

@@ -19,6 +19,6 @@ Rectangle {
     Accessible.ignored: true
 
     Behavior on opacity {
-        NumberAnimation { duration: Motion.hoverDuration }
+        NumberAnimation { duration: Motion.HoverDuration }
     }
 }

@@ -35,7 +35,7 @@ Item {
     }
 
     Behavior on openness {
-        EaseInOut { duration: Motion.resultsDuration }
+        EaseInOut { duration: Motion.ResultsDuration }
     }
 
     Item {

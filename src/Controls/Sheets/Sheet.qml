@@ -60,26 +60,26 @@ T.Dialog {
         color: Qt.rgba(0, 0, 0, 0.55)
 
         Behavior on opacity {
-            NumberAnimation { duration: Motion.sheetDuration }
+            NumberAnimation { duration: Motion.SheetDuration }
         }
     }
 
     enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.sheetDuration }
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Motion.SheetDuration }
         NumberAnimation {
             property: "verticalOffset"
             from: 14
             to: 0
-            duration: Motion.sheetDuration
+            duration: Motion.SheetDuration
             easing.type: Easing.OutCubic
         }
     }
     exit: Transition {
-        NumberAnimation { property: "opacity"; to: 0; duration: Motion.sheetDuration }
+        NumberAnimation { property: "opacity"; to: 0; duration: Motion.SheetDuration }
         NumberAnimation {
             property: "verticalOffset"
             to: 14
-            duration: Motion.sheetDuration
+            duration: Motion.SheetDuration
             easing.type: Easing.InCubic
         }
     }

@@ -27,7 +27,7 @@ Button {
         property: "opacity"
         from: 0
         to: 1
-        duration: Motion.resultsDuration
+        duration: Motion.ResultsDuration
     }
 
     contentItem: Row {

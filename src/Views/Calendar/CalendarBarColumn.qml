@@ -55,7 +55,7 @@ CalendarDay {
                 gradientIsUpright: true
 
                 Behavior on height {
-                    EaseInOut { duration: Motion.resultsDuration }
+                    EaseInOut { duration: Motion.ResultsDuration }
                 }
             }
 

@@ -45,7 +45,7 @@ ListView {
         Accessible.ignored: true
 
         Behavior on opacity {
-            NumberAnimation { duration: Motion.hoverDuration }
+            NumberAnimation { duration: Motion.HoverDuration }
         }
     }
 

@@ -65,7 +65,7 @@ VTRCard {
                 onClicked: if (calendar.shown.bestDayIndex >= 0) strip.moveTo(calendar.shown.bestDayIndex)
 
                 Behavior on opacity {
-                    EaseInOut { duration: Motion.resultsDuration }
+                    EaseInOut { duration: Motion.ResultsDuration }
                 }
             }
         }
@@ -121,7 +121,7 @@ VTRCard {
                     Component.onCompleted: isThere = true
 
                     Behavior on opacity {
-                        EaseInOut { duration: Motion.resultsDuration }
+                        EaseInOut { duration: Motion.ResultsDuration }
                     }
 
                     CalendarBarColumn {

@@ -8,7 +8,7 @@ ShownCalendar::ShownCalendar(QObject *parent)
     : QObject(parent)
 {
     m_arrival.setSingleShot(true);
-    m_arrival.setInterval(Motion().resultsDuration());
+    m_arrival.setInterval(Motion::ResultsDuration);
 }
 
 void ShownCalendar::setViewModel(FlightSearchViewModel *viewModel)

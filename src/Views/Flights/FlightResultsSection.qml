@@ -192,7 +192,7 @@ VTRCard {
                 text: "Fiyat grafiğinden yakın tarihleri seçerek diğer seferleri inceleyebilirsiniz."
 
                 Behavior on opacity {
-                    EaseInOut { duration: Motion.resultsDuration }
+                    EaseInOut { duration: Motion.ResultsDuration }
                 }
             }
 
@@ -208,7 +208,7 @@ VTRCard {
                 topInPage: section.topInPage + section.padding + body.y
 
                 Behavior on opacity {
-                    EaseInOut { duration: Motion.resultsDuration }
+                    EaseInOut { duration: Motion.ResultsDuration }
                 }
             }
         }

@@ -60,8 +60,7 @@ void VisibleFlights::setCurrentRow(int row)
 
 void VisibleFlights::rearrange()
 {
-    const Motion motion;
-    m_rearrangement.start(m_flights->areNew() ? motion.resultsDuration() : motion.resortDuration());
+    m_rearrangement.start(m_flights->areNew() ? Motion::ResultsDuration : Motion::ResortDuration);
     Q_EMIT isRearrangingChanged();
 
     // On its way out a card moves towards its new place.

@@ -29,7 +29,7 @@ Button {
     bottomPadding: 8
 
     Behavior on presence {
-        EaseInOut { duration: Motion.resultsDuration }
+        EaseInOut { duration: Motion.ResultsDuration }
     }
 
     background: RoundedSurface {
