@@ -9,7 +9,7 @@ Item {
 
     implicitHeight: Math.max(message.implicitHeight, symbol.implicitHeight) + 2 * 12
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: ShownText.of(text, false)
+    Accessible.name: text
 
     RoundedSurface {
         anchors.fill: parent

@@ -8,12 +8,10 @@ import Vantora.Controls
 /// Tab stays within the sheet, and closing gives the keyboard back to where it was.
 ///
 /// Escape and the header's button close it. A click beside it does not: it would throw away what
-/// was typed for a slip of the pointer.
+/// was typed for a slip of the pointer. It is as large as its implicit size and the window allow.
 T.Dialog {
     id: sheet
 
-    required property int sheetWidth
-    required property int sheetHeight
     property color fill: VTRTheme.background
     /// Before the title; empty for none.
     property string symbol
@@ -30,8 +28,7 @@ T.Dialog {
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: (parent ? Math.round((parent.height - height) / 2) : 0) + verticalOffset
-    width: sheetWidth
-    height: parent ? Math.min(sheetHeight, parent.height - 2 * VTRTheme.padding) : sheetHeight
+    height: parent ? Math.min(implicitHeight, parent.height - 2 * VTRTheme.padding) : implicitHeight
     padding: 0
     modal: true
     focus: true

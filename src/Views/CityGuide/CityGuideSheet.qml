@@ -20,8 +20,8 @@ ScrollSheet {
     objectName: "cityGuideSheet"
     title: "Destinasyon Rehberi & Fırsatlar"
     symbol: "map.circle.fill"
-    sheetWidth: 560
-    sheetHeight: 500
+    implicitWidth: 560
+    implicitHeight: 500
     onActiveTabChanged: page.scrollTo(0)
     // That it loads is read with the sheet, which has just opened.
     onIsLoadingChanged: if (!isLoading) ScreenReader.announce(viewModel.guideInfo.city + " rehberi yüklendi")

@@ -26,8 +26,8 @@ ScrollSheet {
     objectName: "flightStatusSheet"
     title: "Canlı Uçuş Durumu Takibi"
     symbol: "airplane.circle.fill"
-    sheetWidth: 580
-    sheetHeight: 480
+    implicitWidth: 580
+    implicitHeight: 480
     hasDivider: true
     onIsLoadingChanged: announce()
     // Refused before it was asked.

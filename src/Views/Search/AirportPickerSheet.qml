@@ -72,8 +72,8 @@ Sheet {
     }
 
     title: choosesOrigin ? "Kalkış Havalimanı Seçin" : "Varış Havalimanı Seçin"
-    sheetWidth: 480
-    sheetHeight: 520
+    implicitWidth: 480
+    implicitHeight: 520
     fill: VTRTheme.cardBg
     Component.onCompleted: filter("")
 
