@@ -45,7 +45,7 @@ std::optional<QJsonArray> objects(const QJsonObject &json, Keys keys)
 
 QJsonValue required(const QJsonObject &json, QLatin1StringView key, QJsonValue::Type type)
 {
-    const QJsonValue value = json[key];
+    QJsonValue value = json[key];
     if (value.type() != type)
         throw DecodingError("Missing or of another type: " + std::string(key.data(), key.size()));
     return value;
