@@ -41,5 +41,5 @@ inline QByteArray flightsReply(int count)
     return ScriptedAnswer::content({ { u"availabilityData"_s,
                                        QJsonObject { { u"originDestinationInformations"_s,
                                                        QJsonArray { information } } } } })
-        .body;
+        .body();
 }

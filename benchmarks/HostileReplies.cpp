@@ -70,15 +70,17 @@ QJsonValue withLeastNumbers(const QJsonValue &json)
     });
 }
 
+Sample::HttpAnswer answerOf(const ScriptedAnswer &answer) { return { 200, answer.body(), {} }; }
+
 /// One after the other.
-ScriptedAnswer days(bool isBackwards)
+Sample::HttpAnswer days(bool isBackwards)
 {
     QStringList days;
     for (int day = 0; day < mostRecords; ++day)
         days.append(QDate(2026, 12, 1).addDays(day).toString(Qt::ISODate));
     if (isBackwards)
         std::reverse(days.begin(), days.end());
-    return calendarAnswer(days);
+    return answerOf(calendarAnswer(days));
 }
 
 } // namespace
@@ -91,8 +93,9 @@ QList<HostileReply> hostileReplies()
         const QString tool = answer.key();
         const QJsonValue known = answer.value();
         const auto add = [&](const QString &what, const std::function<QJsonValue()> &make) {
-            replies.append(
-                { what, tool, [make] { return ScriptedAnswer::content(make().toObject()); } });
+            replies.append({ what, tool, [make] {
+                                return answerOf(ScriptedAnswer::content(make().toObject()));
+                            } });
         };
         add(u"nothing unusual"_s, [=] { return known; });
         for (const auto &[what, text] : { std::pair(u"letters"_s, u"W"_s),
@@ -113,15 +116,21 @@ QList<HostileReply> hostileReplies()
     }
     // The guide tells no errors.
     for (const QString &tool : { calendarTool, flightsTool, statusTool })
-        replies.append({ u"an error of 8 MB"_s, tool,
-                         [] { return ScriptedAnswer::failure(QString(8 * megabyte, u'W')); } });
+        replies.append({ u"an error of 8 MB"_s, tool, [] {
+                            return answerOf(ScriptedAnswer::failure(QString(8 * megabyte, u'W')));
+                        } });
     for (const bool isBackwards : { false, true })
         replies.append({ isBackwards ? u"49,000 days backwards"_s : u"49,000 days in order"_s,
                          calendarTool, [=] { return days(isBackwards); } });
-    for (const QString &program : { u"gzip"_s, u"brotli"_s, u"zstd"_s })
-        replies.append({ u"64 MB of blanks, packed with "_s + program, flightsTool, [=] {
-                            return ServerFaults::packed(
-                                ScriptedAnswer::text(QByteArray(64 * megabyte, ' ')), program);
-                        } });
+    for (const auto &[program, encoding] :
+         { std::pair(u"gzip"_s, "gzip"_ba), { u"brotli"_s, "br"_ba }, { u"zstd"_s, "zstd"_ba } })
+        replies.append({ u"64 MB of blanks, packed with "_s + program, flightsTool,
+                         [program = program, encoding = encoding] {
+                             const auto blanks =
+                                 ScriptedAnswer::text(QByteArray(64 * megabyte, ' '));
+                             auto answer = answerOf(ServerFaults::packed(blanks, program));
+                             answer.headers.append({ "Content-Encoding", encoding });
+                             return answer;
+                         } });
     return replies;
 }

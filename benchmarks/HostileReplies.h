@@ -1,6 +1,8 @@
 #pragma once
 
-#include "support/ScriptedServer.h"
+#include "sample_server/HttpServer.h"
+
+#include <QString>
 
 #include <functional>
 
@@ -9,7 +11,7 @@ struct HostileReply
 {
     QString what;
     QString tool; ///< that is answered with it
-    std::function<ScriptedAnswer()> answer;
+    std::function<Sample::HttpAnswer()> answer;
 };
 
 QList<HostileReply> hostileReplies();

@@ -40,9 +40,10 @@ class Window : public WindowDriver
 public:
     Window()
     {
-        setAnswer(calendarTool, calendarAnswer(14, QDate::currentDate().addDays(7)));
+        setAnswer(calendarTool,
+                  { 200, calendarAnswer(14, QDate::currentDate().addDays(7)).body(), {} });
         for (const int count : { 12, manyFlights, mostFlights })
-            m_flights.insert(count, ScriptedAnswer::text(flightsReply(count)));
+            m_flights.insert(count, { 200, flightsReply(count), {} });
         const quint16 port = m_server.listen(0).value();
         ServiceAddresses::setMcpEndpoint(QUrl(u"http://127.0.0.1:%1/mcp"_s.arg(port)));
         prepareApplication();
@@ -52,7 +53,7 @@ public:
     }
 
     /// What this tool is answered from now on.
-    void setAnswer(const QString &tool, const ScriptedAnswer &answer,
+    void setAnswer(const QString &tool, const Sample::HttpAnswer &answer,
                    std::chrono::milliseconds delay = 0ms)
     {
         const std::scoped_lock lock(m_mutex);
@@ -98,16 +99,17 @@ private:
     {
         const QJsonDocument question = QJsonDocument::fromJson(request.body);
         const QString tool = question["params"_L1]["name"_L1].toString();
+        const Sample::HttpAnswer opening { 200, "{}", { { "mcp-session-id", "s" } } };
         std::unique_lock lock(m_mutex);
-        const auto [answer, delay] = m_answers.value(tool, { ScriptedAnswer::session("s"), 0ms });
+        const auto [answer, delay] = m_answers.value(tool, { opening, 0ms });
         lock.unlock();
         std::this_thread::sleep_for(delay);
-        return { answer.status, answer.body, answer.headers };
+        return answer;
     }
 
     std::mutex m_mutex; ///< for the next
-    QHash<QString, std::pair<ScriptedAnswer, std::chrono::milliseconds>> m_answers;
-    QHash<int, ScriptedAnswer> m_flights; ///< by how many
+    QHash<QString, std::pair<Sample::HttpAnswer, std::chrono::milliseconds>> m_answers;
+    QHash<int, Sample::HttpAnswer> m_flights; ///< by how many
     Sample::HttpServer m_server { [this](const auto &request) { return answer(request); } };
     QQmlApplicationEngine m_engine;
 };
@@ -231,7 +233,7 @@ void measureHostileReplies(Window &window)
         forgetPeak();
         const Stall away = longestStall([&] { ask(window, reply.tool); });
         const double grown = (memoryKiB("VmHWM") - before) / 1024;
-        window.setAnswer(reply.tool, ScriptedAnswer::content());
+        window.setAnswer(reply.tool, { 200, "{}", {} });
         QTextStream(stderr) << QString::asprintf(
             "%-28s%-36s %6.0f ms %6.0f ms of the processor %6.0f MiB\n", qPrintable(reply.tool),
             qPrintable(reply.what), away.clock, away.processor, grown);
