@@ -48,20 +48,18 @@ public:
     /// Puts every item in its place, as the next frame would.
     void layOut() const { m_window->grabWindow(); }
 
-    /// Null before it is first opened.
-    QObject *sheet(const QString &name) const { return m_window->findChild<QObject *>(name); }
     /// Clicks the button and waits until the sheet stands still.
     bool open(const QString &button, const QString &sheetName) const;
     /// Presses Escape and waits until the sheet has gone.
     bool close(const QString &sheetName) const;
-    bool isOpen(const QString &name) const { return hasSheet(name, "opened"); }
-    bool isGone(const QString &name) const { return !hasSheet(name, "visible"); }
+    bool isOpen(const QString &name) const
+    {
+        return sheet(name) && sheet(name)->property("opened").toBool();
+    }
+    bool isGone(const QString &name) const { return !sheet(name); }
 
 private:
-    bool hasSheet(const QString &name, const char *property) const
-    {
-        return sheet(name) && sheet(name)->property(property).toBool();
-    }
+    QObject *sheet(const QString &name) const { return m_window->findChild<QObject *>(name); }
 
     QQmlApplicationEngine m_engine;
 };

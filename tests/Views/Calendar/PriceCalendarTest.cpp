@@ -108,10 +108,7 @@ private:
     /// So many days, of which the one at `chosen` is that of departure.
     static ScriptedAnswer calendarAnswer(int days, int chosen)
     {
-        QStringList dates;
-        for (int day = 0; day < days; ++day)
-            dates.append(QDate::currentDate().addDays(14 + day - chosen).toString(Qt::ISODate));
-        return ::calendarAnswer(dates);
+        return ::calendarAnswer(days, QDate::currentDate().addDays(14 - chosen));
     }
     QQuickItem *strip() const { return m_window->item(u"DayStrip"_s); }
     int chosenDay() const { return strip()->property("selectedIndex").toInt(); }

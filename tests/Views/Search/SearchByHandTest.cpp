@@ -211,13 +211,7 @@ private:
     {
         m_window->click(m_window->named(u"searchButton"_s));
         [&] { QVERIFY(m_window->waitForSearch()); }();
-        return lastQuestion(tool);
-    }
-    QJsonObject lastQuestion(const QString &tool) const
-    {
-        QList<ReceivedRequest> calls = m_server->toolCalls();
-        calls.removeIf([&](const ReceivedRequest &call) { return call.tool() != tool; });
-        return calls.constLast().arguments();
+        return m_server->toolCalls(tool).constLast().arguments();
     }
     bool isPickerOpen() const { return m_window->named(u"airportSearch"_s); }
     /// Opens the picker with the keyboard on the button.
