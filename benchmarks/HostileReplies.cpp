@@ -75,12 +75,10 @@ Sample::HttpAnswer answerOf(const ScriptedAnswer &answer) { return { 200, answer
 /// One after the other.
 Sample::HttpAnswer days(bool isBackwards)
 {
-    QStringList days;
-    for (int day = 0; day < mostRecords; ++day)
-        days.append(QDate(2026, 12, 1).addDays(day).toString(Qt::ISODate));
-    if (isBackwards)
-        std::reverse(days.begin(), days.end());
-    return answerOf(calendarAnswer(days));
+    const QDate first(2026, 12, 1);
+    const QDate last = first.addDays(mostRecords - 1);
+    return answerOf(isBackwards ? calendarAnswer(mostRecords, last, u"TRY"_s, 4000, -1)
+                                : calendarAnswer(mostRecords, first));
 }
 
 } // namespace

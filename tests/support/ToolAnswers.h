@@ -22,31 +22,21 @@ inline QJsonObject knownAnswers()
     return QJsonDocument::fromJson(file.readAll()).object();
 }
 
-/// A calendar of these days, each 100 dearer than the one before; the first is the best.
-inline ScriptedAnswer calendarAnswer(const QStringList &days,
+/// A calendar of so many days one after the other, or backwards with a `step` of -1. Each is 100
+/// dearer than the one before; the first is the best.
+inline ScriptedAnswer calendarAnswer(int count = 14, const QDate &first = QDate(2026, 12, 1),
                                      const QString &currency = QStringLiteral("TRY"),
-                                     int firstPrice = 4000)
+                                     int firstPrice = 4000, int step = 1)
 {
     using namespace Qt::StringLiterals;
     QJsonArray prices;
-    for (const QString &day : days) {
-        prices.append(QJsonObject { { u"date"_s, day },
-                                    { u"amount"_s, firstPrice + 100 * prices.size() },
-                                    { u"isBestPrice"_s, prices.isEmpty() } });
+    for (int day = 0; day < count; ++day) {
+        prices.append(QJsonObject { { u"date"_s, first.addDays(step * day).toString(Qt::ISODate) },
+                                    { u"amount"_s, firstPrice + 100 * day },
+                                    { u"isBestPrice"_s, day == 0 } });
     }
     return ScriptedAnswer::content(
         { { u"prices"_s, prices }, { u"bestPrice"_s, prices.at(0) }, { u"currency"_s, currency } });
-}
-
-/// The same of so many days in order.
-inline ScriptedAnswer calendarAnswer(int count = 14, const QDate &first = QDate(2026, 12, 1),
-                                     const QString &currency = QStringLiteral("TRY"),
-                                     int firstPrice = 4000)
-{
-    QStringList days;
-    for (int day = 0; day < count; ++day)
-        days.append(first.addDays(day).toString(Qt::ISODate));
-    return calendarAnswer(days, currency, firstPrice);
 }
 
 /// A flight of the answer to a search.
