@@ -4,10 +4,10 @@
 #include "sample_server/SampleServer.h"
 #include "sample_server/Tool.h"
 
+#include <QEventLoop>
 #include <QHostAddress>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -156,11 +156,15 @@ private:
         Headers all { { "Content-Type", "application/json" }, { "mcp-session-id", m_session } };
         all.insert(headers);
         QNetworkRequest request(QUrl(u"http://127.0.0.1:%1%2"_s.arg(m_port).arg(path)));
+        request.setTransferTimeout();
         for (auto header = all.cbegin(); header != all.cend(); ++header)
             request.setRawHeader(header.key(), header.value());
         const std::unique_ptr<QNetworkReply> reply(
             m_network.sendCustomRequest(request, method, body));
-        QSignalSpy(reply.get(), &QNetworkReply::finished).wait();
+        // Not by QSignalSpy, which does not wait once a row has failed.
+        QEventLoop loop;
+        connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
+        loop.exec();
         return { reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
                  reply->rawHeader("mcp-session-id"), QString::fromLatin1(reply->rawHeader("Allow")),
                  parsed(reply->readAll()) };
