@@ -61,7 +61,8 @@ struct PriceCalendar
     QString currency = QStringLiteral("TRY");
 };
 
-/// One calendar answer as a JSON document of its own. Every field may be absent.
+/// One calendar answer as a JSON document of its own. Every field may be absent but for
+/// "prices".
 struct PriceCalendarResult
 {
     std::optional<QString> origin;
@@ -70,7 +71,7 @@ struct PriceCalendarResult
     std::optional<QList<DailyPrice>> prices;
     std::optional<BestPrice> bestPrice;
 
-    /// An unreadable "prices" becomes an empty list; any other mistyped member throws
+    /// A missing or unreadable "prices" becomes an empty list; any other mistyped member throws
     /// DecodingError. The best price is read from and written to "best_price" alone.
     static PriceCalendarResult fromJson(const QJsonObject &json);
     QJsonObject toJson() const;

@@ -25,7 +25,7 @@ HttpTransport::~HttpTransport() { stop(); }
 
 QFuture<HttpAnswer> HttpTransport::post(const HttpHeaders &headers, const QByteArray &body)
 {
-    QFuture<QByteArray> proxy = QtFuture::makeReadyFuture(QByteArray());
+    QFuture<QByteArray> proxy = SystemProxy::none();
     if (!ServiceAddresses::isLoopback(m_url)) {
         // While one look-up runs no second one is started.
         if (m_proxy.isFinished()) {

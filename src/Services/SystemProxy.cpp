@@ -47,6 +47,15 @@ QFuture<QByteArray> lookUp(const QUrl &url, const std::function<void()> &whenKno
     return lookup;
 }
 
+QFuture<QByteArray> none()
+{
+    QPromise<QByteArray> promise;
+    promise.start();
+    promise.addResult(QByteArray());
+    promise.finish();
+    return promise.future();
+}
+
 void abandon(const QFuture<QByteArray> &lookup)
 {
     static QFuture<QByteArray> unanswered;

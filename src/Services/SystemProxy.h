@@ -15,6 +15,9 @@ namespace SystemProxy {
 /// cannot tunnel.
 QFuture<QByteArray> lookUp(const QUrl &url, const std::function<void()> &whenKnown);
 
+/// A look-up that has ended, with no proxy.
+QFuture<QByteArray> none();
+
 /// To be called when nobody waits for a look-up any longer. The process then ends without it.
 void abandon(const QFuture<QByteArray> &lookup);
 

@@ -67,7 +67,8 @@ Button {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: text.length > 0
                 text: busyButton.busyText
-                font: busyButton.font
+                font.pixelSize: busyButton.font.pixelSize
+                font.weight: busyButton.font.weight
             }
         }
     }

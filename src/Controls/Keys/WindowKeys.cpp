@@ -34,8 +34,16 @@ bool WindowKeys::eventFilter(QObject *, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
+        if (event->type() == QEvent::KeyPress)
+            Q_EMIT acted();
         return handleKey(*static_cast<QKeyEvent *>(event));
+    case QEvent::MouseButtonPress:
+    case QEvent::TouchBegin:
+    case QEvent::Wheel:
+        Q_EMIT acted();
+        return false;
     case QEvent::FocusOut: // another window gets the release
+        Q_EMIT acted();
         setAltHeld(false);
         return false;
     default:

@@ -34,6 +34,9 @@ public:
 Q_SIGNALS:
     void windowChanged();
     void isAltHeldChanged();
+    /// The user did something else than move the pointer: pressed a key or a button, turned the
+    /// wheel, or went to another window.
+    void acted();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

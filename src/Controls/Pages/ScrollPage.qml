@@ -120,23 +120,32 @@ Flickable {
         onTriggered: page.showItem(page.Window.window?.activeFocusItem ?? null)
     }
 
-    WheelHandler {
+    component Wheel: WheelHandler {
         // On X11 pixels are whatever the driver counts in.
         readonly property bool hasPixels: Qt.platform.pluginName !== "xcb"
         /// What was turned short of a pixel.
-        property point rest
+        property real rest: 0
 
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         target: null
-        // A touchpad reports pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
-        onWheel: event => {
-            rest.x -= hasPixels && event.pixelDelta.x || event.angleDelta.x * 80 / 120;
-            rest.y -= hasPixels && event.pixelDelta.y || event.angleDelta.y * 80 / 120;
-            const pixels = Qt.point(Math.round(rest.x), Math.round(rest.y));
-            page.scrollSideways(pixels.x);
-            page.scrollBy(pixels.y);
-            rest = Qt.point(rest.x - pixels.x, rest.y - pixels.y);
+
+        /// A touchpad reports pixels, a wheel eighths of a degree: a notch of 15 degrees is 80 pixels.
+        function distance(pixels: real, angle: real): int {
+            rest -= hasPixels && pixels || angle * 80 / 120;
+            const whole = Math.round(rest);
+            rest -= whole;
+            return whole;
         }
+    }
+
+    Wheel {
+        onWheel: event => page.scrollBy(distance(event.pixelDelta.y, event.angleDelta.y))
+    }
+
+    Wheel {
+        enabled: page.contentWidth > page.width
+        orientation: Qt.Horizontal
+        onWheel: event => page.scrollSideways(distance(event.pixelDelta.x, event.angleDelta.x))
     }
 
     // Flickable itself would let a mouse drag the page, too.

@@ -20,6 +20,7 @@ T.ApplicationWindow {
         id: keys
 
         window: window
+        onActed: tip.hide()
     }
 
     ToolTip {

@@ -9,8 +9,8 @@ T.ToolTip {
 
     readonly property real gap: 6
 
-    /// Shows, after a short rest, what an item and those in it say in their properties `toolTip`; or
-    /// hides it again.
+    /// Shows, after a short rest, what an item and those in it, but for controls, say in their properties
+    /// `toolTip`; or hides it again.
     function showFor(item: Item, isWanted: bool) {
         if (isWanted || item === parent)
             hide();
@@ -23,7 +23,7 @@ T.ToolTip {
 
     function textsIn(item: Item): var {
         const own = (item as PlainText)?.toolTip || (item as ToolButton)?.toolTip;
-        const shown = Array.from(item.children).filter(child => child.visible);
+        const shown = Array.from(item.children).filter(child => child.visible && !child.activeFocusOnTab);
         return shown.reduce((texts, child) => texts.concat(textsIn(child)), own ? [own] : []);
     }
 

@@ -186,8 +186,6 @@ Item {
                 verticalPadding: 8
                 font.weight: Font.Bold
                 onClicked: card.book()
-                // Otherwise the second click would book again.
-                onDoubleClicked: {}
 
                 contentItem: SymbolLabel {
                     spacing: bookButton.spacing
