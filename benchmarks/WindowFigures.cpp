@@ -204,6 +204,8 @@ void ask(const Window &window, const QString &tool)
         return wait(drawing);
     }
     const bool isStatus = tool == statusTool;
+    if (!isStatus && tool != guideTool && tool != promotionsTool)
+        qFatal("Nothing here asks for %s.", qPrintable(tool));
     pressAccessibly(window.named(isStatus ? u"flightStatusButton"_s : u"cityGuideButton"_s));
     wait(drawing);
     if (isStatus)

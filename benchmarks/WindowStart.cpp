@@ -40,7 +40,8 @@ int main(int argc, char *argv[])
         untilFrame(
             window, [&] { viewModel->startSearchAll(); }, isShown);
     }
-    print("growth", residentKiB() - before);
+    if (searches > 0)
+        print("growth", residentKiB() - before);
     // What a program does at its end is not measured.
     std::_Exit(0);
 }

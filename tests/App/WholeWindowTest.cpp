@@ -86,8 +86,7 @@ private Q_SLOTS:
                 for (const QString &action : state.actions)
                     act(action.section(u' ', 0, 0), action.section(u' ', 1));
                 see(state);
-                if (state.name == u"[full]")
-                    seeFonts();
+                seeFonts();
                 if (QTest::currentTestFailed())
                     break;
             }
@@ -139,7 +138,7 @@ private:
     {
         const auto isInAnotherFont = [](QQuickItem *item) {
             const auto font = item->property("font").value<QFont>();
-            return item->inherits("QQuickText") && QFontInfo(font).family() != font.family();
+            return isText(item) && QFontInfo(font).family() != font.family();
         };
         for (const QQuickItem *text :
              m_driver.itemsIn(m_driver.window()->contentItem(), isInAnotherFont))

@@ -40,6 +40,7 @@ const QByteArray cutTexts = R"(
             width: 60; text: "düğme"
             contentItem: PlainText { elide: Text.ElideRight; text: "Sığmayan bir metin" }
         }
+        TextField { objectName: "number"; width: 200; clearable: true; Accessible.name: "Numara" }
     })";
 
 const QByteArray surface = R"(
@@ -195,6 +196,14 @@ private Q_SLOTS:
         page.press("Tab", u"icon"_s);
         QCOMPARE(tip(), QString());
         QTRY_COMPARE(tip(), u"Sığmayan bir metin"_s);
+        page.press("A");
+        QCOMPARE(tip(), QString());
+        // What a control within a control does is told at that one alone.
+        page.press("X Tab", u"number"_s);
+        QTRY_COMPARE(tip(), u"Metni temizle"_s);
+        page.press("Shift+Backtab");
+        QTest::qWait(700);
+        QCOMPARE(tip(), QString());
     }
 
     void surfacesAreWholeAtEveryScale()
@@ -318,15 +327,15 @@ private Q_SLOTS:
         QCOMPARE(editing.fittingText(moment, font, 0), u"5 Ara"_s);
     }
 
-    void panelLeavesWithoutChange()
+    void monthLeavesWithoutChange()
     {
         const TestWindow page(field);
         for (const bool isEscaped : { true, false }) {
             page.press("Space", u"field"_s);
-            QTRY_VERIFY(isPanelOpen(page));
+            QTRY_VERIFY(isMonthOpen(page));
             // Every opening starts from the field's day.
             QTRY_VERIFY(page.told(u"30 Aralık 2026 Çarşamba"_s)->state().focused);
-            // Tab goes round within the panel: two buttons and the days.
+            // Tab goes round within the month: two buttons and the days.
             page.press("Right Tab Tab Tab");
             QVERIFY(page.told(u"31 Aralık 2026 Perşembe"_s)->state().focused);
             QVERIFY(page.told(u"30 Aralık 2026 Çarşamba"_s)->state().selected);
@@ -335,12 +344,12 @@ private Q_SLOTS:
             else
                 QTest::mouseClick(page.window(), Qt::LeftButton, {}, QPoint(700, 600));
             QTRY_COMPARE(page.focused(), page.named(u"field"_s));
-            QTRY_VERIFY(!isPanelOpen(page));
+            QTRY_VERIFY(!isMonthOpen(page));
         }
         QCOMPARE(page.state("edits").toInt(), 0);
     }
 
-    void panelByPointerAndAssistiveTechnology()
+    void monthByPointerAndAssistiveTechnology()
     {
         const TestWindow page(field);
         page.click(page.named(u"field"_s));
@@ -356,10 +365,10 @@ private Q_SLOTS:
         page.click(page.called(u"Önceki ay"_s));
         page.click(page.called(u"1 Ocak 2027 Cuma"_s));
         QTRY_COMPARE(page.state("day").toDateTime(), at(2027, 1, 1));
-        QTRY_VERIFY(!isPanelOpen(page));
+        QTRY_VERIFY(!isMonthOpen(page));
 
         pressAccessibly(page.named(u"field"_s));
-        QTRY_VERIFY(isPanelOpen(page));
+        QTRY_VERIFY(isMonthOpen(page));
         // The arrows go on from where assistive technology went.
         focusAccessibly(page.told(u"12 Ocak 2027 Salı"_s));
         page.press("Right");
@@ -370,7 +379,7 @@ private Q_SLOTS:
     }
 
 private:
-    static bool isPanelOpen(const TestWindow &page) { return page.called(u"Takvim"_s); }
+    static bool isMonthOpen(const TestWindow &page) { return page.called(u"Takvim"_s); }
     static void setZone(const QByteArray &zone)
     {
         qputenv("TZ", zone);

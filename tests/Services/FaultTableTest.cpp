@@ -27,6 +27,9 @@ private Q_SLOTS:
             QRegularExpression::MultilineOption);
         for (const auto &match : row.globalMatch(QString::fromUtf8(document.readAll())))
             m_texts.insert(match.captured(1), match.captured(2).replace(u"<br>"_s, u"\n"_s));
+        const auto certificates = 7;
+        QCOMPARE(m_texts.size(),
+                 ServerFaults::inCalls().size() + ServerFaults::inOpening().size() + certificates);
     }
 
     void calls_data() { addRows(ServerFaults::inCalls()); }

@@ -53,7 +53,9 @@ QJsonValue read(const QString &reader, const QJsonObject &reply, const QString &
         return members(ToolResults::parseFlightStatus(reply, u" vq12 "_s, u"2026-03-01"_s));
     if (reader == u"promotions")
         return membersOfAll(ToolResults::parsePromotions(reply));
-    return members(ToolResults::parseCityGuide(reply, code));
+    if (reader == u"guide")
+        return members(ToolResults::parseCityGuide(reply, code));
+    qFatal("No reader is called \"%s\".", qPrintable(reader));
 }
 
 /// What holds for every reply, however broken.

@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// What views compute in C++: texts, measures, curves, and which addresses are opened.
+/// The chart's measures, and which addresses are opened.
 class ViewTextsTest : public QObject
 {
     Q_OBJECT

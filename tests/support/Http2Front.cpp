@@ -60,12 +60,6 @@ void Http2Front::stop()
         qFatal("nghttpx does not end.");
 }
 
-void Http2Front::restart()
-{
-    stop();
-    start();
-}
-
 void Http2Front::retire() { ::kill(static_cast<pid_t>(m_process.processId()), SIGQUIT); }
 
 qsizetype Http2Front::connections() const

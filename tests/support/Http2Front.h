@@ -15,16 +15,15 @@ public:
     Q_DISABLE_COPY_MOVE(Http2Front)
 
     QUrl endpoint() const { return QUrl(QStringLiteral("https://127.0.0.1:%1/mcp").arg(m_port)); }
-    /// Drops every connection and listens again, at the same port.
-    void restart();
+    void start();
+    /// Drops every connection; `start` listens again, at the same port.
+    void stop();
     /// Says that it goes away, ends what is under way and takes nothing new.
     void retire();
     /// How many connections have carried requests by HTTP/2.
     qsizetype connections() const;
 
 private:
-    void start();
-    void stop();
     bool listens() const;
 
     QTemporaryDir m_files;

@@ -42,7 +42,6 @@ void send(const QPointer<QTcpSocket> &socket, ScriptedAnswer answer)
         return;
     }
     while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten()) { }
-    // Only this direction is closed, so that the connection ends when the client has noticed.
     if (!answer.endless.isEmpty()) {
         const auto sendMore = [socket, endless = answer.endless] {
             if (socket->bytesToWrite() < endless.size())
@@ -50,6 +49,7 @@ void send(const QPointer<QTcpSocket> &socket, ScriptedAnswer answer)
         };
         QObject::connect(socket, &QTcpSocket::bytesWritten, socket, sendMore);
         sendMore();
+        // Only this direction is closed, so that the connection ends when the client has noticed.
     } else if (answer.ending == ScriptedAnswer::Ending::close)
         ::shutdown(static_cast<int>(socket->socketDescriptor()), SHUT_WR);
     else if (answer.ending == ScriptedAnswer::Ending::reset)

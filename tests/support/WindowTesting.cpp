@@ -69,9 +69,8 @@ QString TestWindow::textIn(QQuickItem *root)
 {
     QStringList texts;
     const auto take = [&texts](QQuickItem *item) {
-        const bool isSymbol = item->property("font").value<QFont>().family().contains(u"Icons");
-        if (item->inherits("QQuickText") && !isSymbol)
-            texts.append(item->property("text").toString());
+        if (isText(item))
+            texts.append(drawnText(item));
         return false;
     };
     if (root)

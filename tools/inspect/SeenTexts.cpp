@@ -1,6 +1,7 @@
 #include "inspect/SeenTexts.h"
 
 #include "Controls/Accessibility/AccessibleTree.h"
+#include "inspect/WindowDriver.h"
 
 #include <QCoreApplication>
 #include <QFont>
@@ -18,11 +19,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isSymbol(const QQuickItem *item)
-{
-    return item->property("font").value<QFont>().family().contains(u"Icons");
-}
 
 /// What is seen of an item and of all below it.
 struct Seen
@@ -65,7 +61,7 @@ QString lineOf(const Row &row)
     return line;
 }
 
-Seen read(const QQuickItem *item, QRectF view, qreal opacity)
+Seen read(QQuickItem *item, QRectF view, qreal opacity)
 {
     Seen seen;
     opacity *= item->opacity();
@@ -74,14 +70,14 @@ Seen read(const QQuickItem *item, QRectF view, qreal opacity)
     const QRectF place = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
     if (item->clip())
         view &= place;
-    const QString text = item->property("text").toString().trimmed();
-    const bool isText = item->inherits("QQuickText") || item->inherits("QQuickTextInput")
-        || item->inherits("GradientText");
-    if (isText && !isSymbol(item) && view.contains(place.center()) && !text.isEmpty())
+    const QString text =
+        (item->inherits("GradientText") ? item->property("text").toString() : drawnText(item))
+            .trimmed();
+    if (view.contains(place.center()) && !text.isEmpty())
         seen = { place, { text }, { text } };
     QList<Seen> parts;
     const auto children = item->childItems();
-    for (const QQuickItem *child : children) {
+    for (QQuickItem *child : children) {
         if (Seen part = read(child, view, opacity); !part.texts.isEmpty())
             parts.append(std::move(part));
     }

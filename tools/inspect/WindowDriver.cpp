@@ -4,6 +4,21 @@
 
 #include <QTest>
 
+bool isText(QQuickItem *item)
+{
+    return (item->inherits("QQuickText") || item->inherits("QQuickTextInput"))
+        && !item->property("font").value<QFont>().family().contains(QLatin1String("Icons"));
+}
+
+QString drawnText(QQuickItem *item)
+{
+    if (!isText(item))
+        return {};
+    // The `text` of a PlainText hides that of the Text that it is.
+    const QVariant shown = item->property("shownText");
+    return (shown.isValid() ? shown : item->property("text")).toString();
+}
+
 QString accessibleName(QQuickItem *item)
 {
     QAccessibleInterface *node = accessible(item);
@@ -60,9 +75,7 @@ QQuickItem *WindowDriver::called(const QString &name) const
 
 QQuickItem *WindowDriver::saying(const QString &text) const
 {
-    const auto says = [&text](QQuickItem *item) {
-        return item->inherits("QQuickText") && item->property("text") == text;
-    };
+    const auto says = [&text](QQuickItem *item) { return isText(item) && drawnText(item) == text; };
     return itemsIn(AccessibleTree::top(m_window), says).value(0);
 }
 

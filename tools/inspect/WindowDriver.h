@@ -16,6 +16,11 @@ inline QAccessibleInterface *accessible(QQuickItem *item)
 
 QString accessibleName(QQuickItem *item);
 
+/// Whether the item draws a text; a symbol is none.
+bool isText(QQuickItem *item);
+/// The text as it is drawn but for its end, which may be elided; empty for another item.
+QString drawnText(QQuickItem *item);
+
 /// Presses it as assistive technology does. False when there is nothing to press.
 bool pressAccessibly(QQuickItem *item);
 bool pressAccessibly(QAccessibleInterface *node);

@@ -68,7 +68,7 @@ void addOptions(QCommandLineParser &parser)
     });
 }
 
-const Scene &sceneNamed(const QString &name)
+Scene sceneNamed(const QString &name)
 {
     const QList<Scene> &scenes = allScenes();
     const auto found = std::find_if(scenes.begin(), scenes.end(),
@@ -112,7 +112,7 @@ int fail(const QString &message)
 
 int show(const QCommandLineParser &options)
 {
-    const Scene &scene = sceneNamed(options.value(u"scene"_s));
+    const Scene scene = sceneNamed(options.value(u"scene"_s));
     const QSize windowSize = size(options);
     const std::chrono::seconds timeout(qRound(number(options, u"timeout"_s, 1, 3600)));
     QQmlApplicationEngine engine;
