@@ -140,9 +140,8 @@ private:
             const auto font = item->property("font").value<QFont>();
             return isText(item) && QFontInfo(font).family() != font.family();
         };
-        for (const QQuickItem *text :
-             m_driver.itemsIn(m_driver.window()->contentItem(), isInAnotherFont))
-            QVERIFY2(!text, qPrintable(text->property("text").toString()));
+        for (QQuickItem *text : m_driver.itemsIn(m_driver.window()->contentItem(), isInAnotherFont))
+            QFAIL(qPrintable(drawnText(text)));
     }
 
     /// When it stands still: what has just come is still being laid out.
