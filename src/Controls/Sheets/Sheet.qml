@@ -28,6 +28,8 @@ T.Dialog {
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: (parent ? Math.round((parent.height - height) / 2) : 0) + verticalOffset
+    // Said in full: a popup without a width is fitted to the window by Qt, which moves it again.
+    width: implicitWidth
     height: parent ? Math.min(implicitHeight, parent.height - 2 * VTRTheme.padding) : implicitHeight
     padding: 0
     modal: true
