@@ -111,11 +111,12 @@ private Q_SLOTS:
         m_front->stop();
         const QString cutText = settle(cut).errorText();
         m_front->start();
-        // Some versions of libcurl ask once more by themselves, and find nobody.
-        QVERIFY2(cutText == closed
-                     || cutText
-                         == u"Sunucuya bağlanılamadı: bağlantı reddedildi. Lütfen yeniden deneyin.",
-                 qPrintable(cutText));
+        // Some versions of libcurl ask once more by themselves, and find nobody, or one who leaves.
+        const QStringList endings {
+            closed, u"Sunucuya bağlanılamadı: bağlantı reddedildi. Lütfen yeniden deneyin."_s,
+            u"Sunucuyla güvenli bağlantı kurulamadı."_s
+        };
+        QVERIFY2(endings.contains(cutText), qPrintable(cutText));
         m_server->release();
         // It goes away, and says so in time.
         m_server->enqueue({ ScriptedAnswer::content({ { u"a"_s, 1 } }).held() });
